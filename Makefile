@@ -1,0 +1,42 @@
+# The thin front door; CMake does the work. Each target installs the missing packages first.
+
+PRESET ?= release
+BUILD = build/$(PRESET)
+JOBS ?= $(shell nproc)
+SUDO = $(shell [ "$$(id -u)" = 0 ] || echo sudo)
+PACKAGES = $(shell sed 's/\#.*//' packages.txt)
+
+.PHONY: all run test bench check format setup clean
+
+all: $(BUILD)/build.ninja
+	cmake --build $(BUILD) -j $(JOBS)
+
+# Installs what is missing, and asks for rights only then.
+setup:
+	@missing=$$(for p in $(PACKAGES); do dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q 'ok installed' || echo $$p; done); \
+	if [ -n "$$missing" ]; then \
+	  echo "Installing: $$missing"; \
+	  $(SUDO) apt-get update -qq && \
+	  $(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $$missing; \
+	fi
+
+$(BUILD)/build.ninja: packages.txt | setup
+	cmake --preset $(PRESET)
+
+run: setup all
+	tools/run-host $(BUILD)
+
+test: setup all
+	ctest --test-dir $(BUILD) --output-on-failure
+
+bench: setup all
+	cmake --build $(BUILD) --target bench
+
+check: setup $(BUILD)/build.ninja
+	tools/check $(BUILD)
+
+format: setup
+	git ls-files '*.h' '*.cpp' '*.c' | xargs clang-format -i
+
+clean:
+	rm -rf build
