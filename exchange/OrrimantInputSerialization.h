@@ -1,0 +1,25 @@
+#ifndef EXCHANGE_ORRIMANTINPUTSERIALIZATION_H
+#define EXCHANGE_ORRIMANTINPUTSERIALIZATION_H
+
+#include "exchange/OrrimantInput.h"
+#include "exchange/Tessaron2dInputSerialization.h"
+
+BOOST_CLASS_VERSION(exchange::OrrimantInput, 1)
+
+namespace exchange
+{
+
+template <class Archive>
+void OrrimantInput::serialize(Archive& archive, unsigned int version)
+{
+    util::checkClassVersion<OrrimantInput>(version, "exchange::OrrimantInput");
+    archive& BOOST_SERIALIZATION_NVP(boundaries);
+    archive& BOOST_SERIALIZATION_NVP(containmentBoundaries);
+    archive& BOOST_SERIALIZATION_NVP(parameters);
+    archive& BOOST_SERIALIZATION_NVP(toolProfile);
+    archive& BOOST_SERIALIZATION_NVP(holderProfile);
+}
+
+} // namespace exchange
+
+#endif

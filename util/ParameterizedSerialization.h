@@ -1,0 +1,39 @@
+#ifndef UTIL_PARAMETERIZEDSERIALIZATION_H
+#define UTIL_PARAMETERIZEDSERIALIZATION_H
+
+#include "util/ClassVersion.h"
+#include "util/Parameterized.h"
+#include "util/VariantSerialization.h"
+
+#include <boost/serialization/map.hpp>
+#include <boost/serialization/nvp.hpp>
+#include <boost/serialization/string.hpp>
+
+namespace boost
+{
+namespace serialization
+{
+
+/// A parameter value: "which" is 0 for an integer, 1 for a double, 2 for a text.
+template <class Archive>
+void serialize(Archive& archive, util::Parameterized::Value& value, unsigned int version)
+{
+    util::serializeVariant(archive, value, version);
+}
+
+} // namespace serialization
+} // namespace boost
+
+namespace util
+{
+
+template <class Archive>
+void Parameterized::serialize(Archive& archive, unsigned int version)
+{
+    checkClassVersion<Parameterized>(version, "util::Parameterized");
+    archive& boost::serialization::make_nvp("params", m_params);
+}
+
+} // namespace util
+
+#endif
