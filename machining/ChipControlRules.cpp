@@ -1,0 +1,228 @@
+#include "machining/ChipControlRules.h"
+
+#include "controls/NumericExpression.h"
+#include "engine/Calculator.h"
+#include "util/Assertion.h"
+#include "util/Keys.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+using namespace chipControl;
+
+constexpr int xyFeedKind = 300;
+
+// Operations whose stepover is the width of the cut.
+constexpr int cutWidthKinds[] = {200, 201, 1, 2};
+constexpr int cutWidthText = 1035;
+
+constexpr int xyFeedTexts[derivedQuantityCount] = {1037, 1038, 1036, 1034};
+constexpr int millingTexts[derivedQuantityCount] = {1031, 1032, 1033, 1034};
+
+struct FieldTexts
+{
+    int field;
+    int inch;
+    int metric;
+};
+
+constexpr FieldTexts tooltips[] = {
+    {surfaceSpeed, 1100, 1101},  {spindleSpeed, 1102, 1102}, {feedPerTooth, 1103, 1104},
+    {feedrate, 1105, 1106},      {stepover, 1107, 1108},     {stepoverPercent, 1109, 1109},
+    {chipThickness, 1110, 1111}, {removalRate, 1112, 1113},  {derivedQuantity, 1114, 1114},
+    {help, 1115, 1115},
+};
+
+struct FieldQuantity
+{
+    int field;
+    DerivedQuantity quantity;
+};
+
+constexpr FieldQuantity quantities[] = {
+    {surfaceSpeed, DerivedQuantity::speed},          {spindleSpeed, DerivedQuantity::speed},
+    {feedPerTooth, DerivedQuantity::feed},           {feedrate, DerivedQuantity::feed},
+    {stepoverPercent, DerivedQuantity::stepover},    {stepover, DerivedQuantity::stepover},
+    {chipThickness, DerivedQuantity::chipThickness},
+};
+
+} // namespace
+
+ChipControlRules::ChipControlRules(int operationKind, util::Parameterized* target, bool metric)
+    : m_target(target), m_workingSet(*target), m_operationKind(operationKind), m_metric(metric)
+{
+    recalculate();
+}
+
+int ChipControlRules::templateId() const
+{
+    if (kindCode() == xyFeedKind)
+        return 1028;
+    return m_metric ? 1027 : 1026;
+}
+
+bool ChipControlRules::isCutWidth() const
+{
+    return std::ranges::find(cutWidthKinds, kindCode()) != std::end(cutWidthKinds);
+}
+
+int ChipControlRules::quantityTextId(int index) const
+{
+    if (index == static_cast<int>(DerivedQuantity::stepover) && isCutWidth())
+        return cutWidthText;
+    return (kindCode() == xyFeedKind ? xyFeedTexts : millingTexts)[index];
+}
+
+int ChipControlRules::stepoverLabelTextId() const
+{
+    return isCutWidth() ? cutWidthText : 0;
+}
+
+int ChipControlRules::tooltipTextId(int field) const
+{
+    const auto* const found = std::ranges::find(tooltips, field, &FieldTexts::field);
+    if (found == std::end(tooltips))
+        return 0;
+    return m_metric ? found->metric : found->inch;
+}
+
+const char* ChipControlRules::helpFileName() const
+{
+    return m_metric ? "Chip Thickness Control in Tessaron Metric.chm" : "Chip Thickness Control in Tessaron Inch.chm";
+}
+
+bool ChipControlRules::isEnabled(int field, DerivedQuantity derived)
+{
+    const auto* const found = std::ranges::find(quantities, field, &FieldQuantity::field);
+    return found == std::end(quantities) || found->quantity != derived;
+}
+
+double& ChipControlRules::real(int field)
+{
+    switch (field)
+    {
+    case chipControl::surfaceSpeed:
+        return m_surfaceSpeed;
+    case chipControl::feedPerTooth:
+        return m_feedPerTooth;
+    case chipControl::feedrate:
+        return m_workingSet.doubleAt(util::keys::feedrate);
+    case chipControl::stepover:
+        return m_workingSet.doubleAt(util::keys::stepover);
+    case chipControl::stepoverPercent:
+        return m_stepoverPercent;
+    case chipControl::chipThickness:
+        return m_chipThickness;
+    default:
+        util::assertionFailed("field is one of chipControl::realFields", "Machining\\ChipControl", __LINE__);
+    }
+}
+
+int& ChipControlRules::spindleSpeed()
+{
+    return m_workingSet.intAt(util::keys::spindleSpeed);
+}
+
+double ChipControlRules::toolDiameter()
+{
+    return m_workingSet.doubleAt(util::keys::toolDiameter);
+}
+
+std::string ChipControlRules::removalRateText() const
+{
+    return mfcutil::formatDecimals(m_removalRate, 2);
+}
+
+void ChipControlRules::percentToStepover()
+{
+    m_workingSet.set(util::keys::stepover, m_stepoverPercent * toolDiameter() / 100.0);
+}
+
+// A diameter of zero gives an infinity or NaN here, and the field says so.
+void ChipControlRules::stepoverToPercent()
+{
+    m_stepoverPercent = real(stepover) * 100.0 / toolDiameter();
+}
+
+void ChipControlRules::fieldLeft(int field, DerivedQuantity derived)
+{
+    const bool speedDerived = derived == DerivedQuantity::speed;
+    switch (field)
+    {
+    case chipControl::surfaceSpeed:
+        m_workingSet.set(util::keys::spindleSpeed, 0);
+        m_feedPerTooth = 0.0;
+        break;
+    case chipControl::spindleSpeed:
+        m_surfaceSpeed = 0.0;
+        m_feedPerTooth = 0.0;
+        break;
+    case chipControl::feedPerTooth:
+        if (!speedDerived)
+            m_workingSet.set(util::keys::feedrate, 0.0);
+        break;
+    case chipControl::feedrate:
+        if (!speedDerived)
+            m_feedPerTooth = 0.0;
+        break;
+    case chipControl::stepoverPercent:
+        percentToStepover();
+        break;
+    case chipControl::stepover:
+        stepoverToPercent();
+        break;
+    default:
+        break;
+    }
+    clear(derived);
+    recalculate();
+}
+
+void ChipControlRules::clear(DerivedQuantity derived)
+{
+    switch (derived)
+    {
+    case DerivedQuantity::speed:
+        m_workingSet.set(util::keys::spindleSpeed, 0);
+        m_surfaceSpeed = 0.0;
+        break;
+    case DerivedQuantity::feed:
+        m_workingSet.set(util::keys::feedrate, 0.0);
+        m_feedPerTooth = 0.0;
+        break;
+    case DerivedQuantity::stepover:
+        m_workingSet.set(util::keys::stepover, 0.0);
+        break;
+    case DerivedQuantity::chipThickness:
+        m_chipThickness = 0.0;
+        break;
+    case DerivedQuantity::none:
+        break;
+    }
+}
+
+void ChipControlRules::recalculate()
+{
+    m_removalRate = 0.0;
+    exchange::calculateMachiningParameters(toolDiameter(), m_workingSet.doubleAt(util::keys::depthOfCut),
+                                           m_workingSet.intAt(util::keys::toolNumFlutes), m_metric, &m_surfaceSpeed,
+                                           &spindleSpeed(), &m_feedPerTooth, &real(feedrate), &real(stepover),
+                                           &m_chipThickness, &m_removalRate);
+    stepoverToPercent();
+}
+
+void ChipControlRules::apply()
+{
+    percentToStepover();
+    m_target->clear();
+    for (const auto& [key, value] : m_workingSet.params())
+        m_target->set(key, value);
+}
+
+} // namespace TessaronResources
