@@ -1,0 +1,148 @@
+#include "frame/DataExchange.h"
+
+#include "frame/DialogBase.h"
+#include "frame/MessageDialog.h"
+
+#include <wx/checkbox.h>
+#include <wx/ctrlsub.h>
+#include <wx/radiobut.h>
+#include <wx/textentry.h>
+
+#include <charconv>
+#include <string>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+// Boxes and buttons that are on or off.
+bool isChecked(wxWindow* field)
+{
+    if (const auto* const box = dynamic_cast<wxCheckBox*>(field))
+        return box->GetValue();
+    const auto* const button = dynamic_cast<wxRadioButton*>(field);
+    return button && button->GetValue();
+}
+
+void setChecked(wxWindow* field, bool checked)
+{
+    if (auto* const box = dynamic_cast<wxCheckBox*>(field))
+        box->SetValue(checked);
+    else if (auto* const button = dynamic_cast<wxRadioButton*>(field))
+        button->SetValue(checked);
+}
+
+template <class Number>
+bool parse(const std::string& text, Number& value)
+{
+    const char* begin = text.data();
+    const char* const end = begin + text.size();
+    if (begin != end && *begin == '+')
+        ++begin;
+    Number read{};
+    const auto [stop, error] = std::from_chars(begin, end, read);
+    if (error != std::errc() || stop != end)
+        return false;
+    value = read;
+    return true;
+}
+
+// The shortest text that reads back as the same number, with a "." in every locale.
+template <class Number>
+std::string format(Number value)
+{
+    char text[64];
+    return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
+}
+
+} // namespace
+
+CDataExchange::CDataExchange(DialogBase& dialog, bool saveAndValidate)
+    : m_bSaveAndValidate(saveAndValidate), m_dialog(dialog)
+{
+}
+
+wxWindow* CDataExchange::find(int id) const
+{
+    return m_dialog.control(id);
+}
+
+void CDataExchange::check(int id, bool& value)
+{
+    wxWindow* const field = m_ok ? find(id) : nullptr;
+    if (!field)
+        return;
+    if (m_bSaveAndValidate)
+        value = isChecked(field);
+    else
+        setChecked(field, value);
+}
+
+void CDataExchange::check(int id, int& value)
+{
+    bool checked = value != 0;
+    if (m_ok && find(id))
+    {
+        check(id, checked);
+        if (m_bSaveAndValidate)
+            value = checked ? 1 : 0;
+    }
+}
+
+void CDataExchange::index(int id, int& value)
+{
+    auto* const field = m_ok ? dynamic_cast<wxControlWithItems*>(find(id)) : nullptr;
+    if (!field)
+        return;
+    if (m_bSaveAndValidate)
+        value = field->GetSelection();
+    else if (value >= -1 && value < static_cast<int>(field->GetCount()))
+        field->SetSelection(value);
+}
+
+void CDataExchange::text(int id, wxString& value)
+{
+    auto* const field = m_ok ? dynamic_cast<wxTextEntryBase*>(find(id)) : nullptr;
+    if (!field)
+        return;
+    if (m_bSaveAndValidate)
+        value = field->GetValue();
+    else
+        field->ChangeValue(value);
+}
+
+void CDataExchange::number(int id, int& value)
+{
+    exchangeNumber(id, value, "a whole number");
+}
+
+void CDataExchange::number(int id, double& value)
+{
+    exchangeNumber(id, value, "a number");
+}
+
+template <class Number>
+void CDataExchange::exchangeNumber(int id, Number& value, const char* kind)
+{
+    wxString shown = format(value);
+    text(id, shown);
+    if (!m_ok || !m_bSaveAndValidate || !find(id))
+        return;
+    shown.Trim(true).Trim(false);
+    if (!parse(shown.utf8_string(), value))
+        fail(id, *find(id), wxString::Format("Please enter %s.", kind));
+}
+
+void CDataExchange::fail(int, wxWindow& field, const wxString& message)
+{
+    m_ok = false;
+    const wxString name = m_dialog.fieldName(field);
+    showMessage(&m_dialog, m_dialog.GetTitle(), name.empty() ? message : name + ": " + message, MessageKind::warning);
+    field.SetFocus();
+    if (auto* const entry = dynamic_cast<wxTextEntryBase*>(&field))
+        entry->SelectAll();
+}
+
+} // namespace TessaronResources

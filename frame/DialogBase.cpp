@@ -1,0 +1,202 @@
+#include "frame/DialogBase.h"
+
+#include "frame/DataExchange.h"
+#include "frame/MessagePump.h"
+#include "frame/ModuleState.h"
+#include "frame/NativeToolkit.h"
+#include "frame/ResourceSet.h"
+#include "frame/Toolkit.h"
+#include "frame/VisualManager.h"
+
+#include <wx/button.h>
+#include <wx/modalhook.h>
+#include <wx/settings.h>
+#include <wx/stattext.h>
+#include <wx/utils.h>
+
+#include <cmath>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+constexpr int idOk = 1;
+constexpr int idCancel = 2;
+
+// The templates were drawn for a font of this height in pixels, a little smaller than the desktop's usual one.
+constexpr int templateFontHeight = 13;
+constexpr double templateFontScale = 0.8;
+
+// Whatever tells the loop to end arrives as a message, save a quit that another thread asks for.
+constexpr int modalWaitMilliseconds = 100;
+
+wxFont templateFont()
+{
+    wxFont font = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
+    font.SetFractionalPointSize(std::round(font.GetFractionalPointSize() * templateFontScale * 10) / 10);
+    return font;
+}
+
+} // namespace
+
+DialogBase::~DialogBase() = default;
+
+bool DialogBase::create(int templateId, wxWindow* parent)
+{
+    if (!toolkitRunning())
+        return false;
+    SetFont(templateFont());
+    if (!currentResources().loadDialog(*this, parent, templateId))
+        return false;
+    native::makeCompact(*this);
+    initialise();
+    return true;
+}
+
+bool DialogBase::createBare(wxWindow* parent, const wxString& caption)
+{
+    return toolkitRunning() && wxDialog::Create(parent, wxID_ANY, caption);
+}
+
+void DialogBase::initialise()
+{
+    SetAffirmativeId(idOk);
+    SetEscapeId(idCancel);
+    Bind(
+        wxEVT_BUTTON, [this](wxCommandEvent&) { OnOK(); }, idOk);
+    Bind(
+        wxEVT_BUTTON, [this](wxCommandEvent&) { OnCancel(); }, idCancel);
+    Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { OnCancel(); });
+    Bind(wxEVT_CHAR_HOOK, &DialogBase::onCharHook, this);
+    nameControls();
+    if (OnInitDialog())
+        focusFirstControl();
+}
+
+bool DialogBase::OnInitDialog()
+{
+    UpdateData(false);
+    return true;
+}
+
+void DialogBase::DoDataExchange(CDataExchange*) {}
+
+bool DialogBase::UpdateData(bool saveAndValidate)
+{
+    CDataExchange exchange(*this, saveAndValidate);
+    DoDataExchange(&exchange);
+    return exchange.ok();
+}
+
+void DialogBase::OnOK()
+{
+    if (UpdateData(true))
+        EndModal(idOk);
+}
+
+void DialogBase::OnCancel()
+{
+    EndModal(idCancel);
+}
+
+void DialogBase::DestroyWindow()
+{
+    if (GetHandle())
+        Hide();
+    PostNcDestroy();
+}
+
+void DialogBase::PostNcDestroy() {}
+
+int DialogBase::ShowModal()
+{
+    if (!GetHandle())
+        return idCancel;
+    WX_HOOK_MODAL_DIALOG();
+    m_modal = true;
+    m_modalResult = idCancel;
+    const wxWindowDisabler othersDisabled(this);
+    CentreOnParent();
+    native::setModal(*this, true);
+    Show();
+    Raise();
+    MessagePump pump;
+    while (m_modal)
+    {
+        if (pump.pump())
+        {
+            pump.repostQuit();
+            m_modal = false;
+            m_modalResult = idCancel;
+        }
+        else if (m_modal)
+        {
+            MessagePump::processToolkitIdle();
+            MessagePump::waitForMessage(modalWaitMilliseconds);
+        }
+    }
+    native::setModal(*this, false);
+    Hide();
+    return m_modalResult;
+}
+
+void DialogBase::EndModal(int result)
+{
+    SetReturnCode(result);
+    m_modalResult = result;
+    m_modal = false;
+}
+
+wxWindow* DialogBase::control(int id) const
+{
+    return GetHandle() ? const_cast<DialogBase*>(this)->FindWindow(id) : nullptr;
+}
+
+wxString DialogBase::fieldName(const wxWindow& field) const
+{
+    wxString name = wxStripMenuCodes(field.GetLabel());
+    const wxWindow* const before = field.GetPrevSibling();
+    if (name.empty() && dynamic_cast<const wxStaticText*>(before))
+        name = wxStripMenuCodes(before->GetLabel());
+    name.Trim();
+    return name.EndsWith(":") ? name.RemoveLast() : name;
+}
+
+int DialogBase::templatePixels(int pixels) const
+{
+    return static_cast<int>(std::lround(static_cast<double>(pixels) * GetCharHeight() / templateFontHeight));
+}
+
+void DialogBase::enableVisualManagerStyle()
+{
+    VisualManager::current().apply(*this);
+}
+
+void DialogBase::onCharHook(wxKeyEvent& event)
+{
+    if (event.GetKeyCode() == WXK_ESCAPE)
+        OnCancel();
+    else
+        event.Skip();
+}
+
+void DialogBase::nameControls()
+{
+    for (wxWindow* const child : GetChildren())
+        if (const wxString name = fieldName(*child); !name.empty())
+            native::setAccessibleName(*child, name);
+}
+
+void DialogBase::focusFirstControl()
+{
+    for (wxWindow* const child : GetChildren())
+        if (child->IsFocusable())
+        {
+            child->SetFocus();
+            return;
+        }
+}
+
+} // namespace TessaronResources

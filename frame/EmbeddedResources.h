@@ -1,0 +1,31 @@
+#ifndef FRAME_EMBEDDEDRESOURCES_H
+#define FRAME_EMBEDDEDRESOURCES_H
+
+#include "frame/ResourceSet.h"
+
+#include <memory>
+
+class wxXmlResource;
+
+namespace TessaronResources
+{
+
+/// The module's own resources, which are part of the library file. Nothing is parsed before it is asked for.
+class EmbeddedResources : public ResourceSet
+{
+public:
+    EmbeddedResources();
+    ~EmbeddedResources() override;
+
+    bool loadDialog(wxDialog& dialog, wxWindow* parent, int templateId) const override;
+    wxString string(int id) const override;
+    wxBitmapBundle bitmap(int id) const override;
+    wxIconBundle icon(int id) const override;
+
+private:
+    mutable std::unique_ptr<wxXmlResource> m_templates;
+};
+
+} // namespace TessaronResources
+
+#endif

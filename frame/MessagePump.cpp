@@ -1,0 +1,115 @@
+#include "frame/MessagePump.h"
+
+#include "frame/NativeToolkit.h"
+#include "frame/PlainEntryPoints.h"
+#include "frame/Toolkit.h"
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+
+#include <atomic>
+#include <chrono>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+// A host with an idle source of its own that is always ready never runs out of messages; its job must be polled all the
+// same.
+constexpr std::chrono::milliseconds longestDrain{25};
+
+std::atomic<bool> ownQuit{false};
+int pumps = 0;
+
+// The toolkit does not publish whether a loop was told to end.
+struct LoopState : wxEventLoopBase
+{
+    static bool shouldExit(const wxEventLoopBase& loop) { return loop.*(&LoopState::m_shouldExit); }
+};
+
+bool shouldExit(const wxEventLoopBase* loop)
+{
+    return loop && LoopState::shouldExit(*loop);
+}
+
+} // namespace
+
+MessagePump::MessagePump()
+{
+    ++pumps;
+    if (toolkitRunning() && !wxEventLoopBase::GetActive())
+    {
+        m_ownLoop = std::make_unique<wxGUIEventLoop>();
+        wxEventLoopBase::SetActive(m_ownLoop.get());
+    }
+}
+
+MessagePump::~MessagePump()
+{
+    if (m_ownLoop)
+        wxEventLoopBase::SetActive(nullptr);
+    // The calls around this one have to see the quit message too; with the outermost call it is used up.
+    if (--pumps == 0 && m_quit)
+        ownQuit = false;
+}
+
+bool MessagePump::quitPosted() const
+{
+    if (ownQuit)
+        return true;
+    return toolkitRunning() && (shouldExit(wxTheApp->GetMainLoop()) || shouldExit(wxEventLoopBase::GetActive()));
+}
+
+bool MessagePump::pump()
+{
+    if (wxEventLoopBase* const loop = toolkitRunning() ? wxEventLoopBase::GetActive() : nullptr)
+    {
+        const auto deadline = std::chrono::steady_clock::now() + longestDrain;
+        while (!m_quit && loop->Pending())
+        {
+            // What Dispatch tells means something only while the native loop that it asks about is running.
+            const bool running = loop->Dispatch();
+            m_quit = (!running && native::insideNativeLoop()) || quitPosted();
+            if (std::chrono::steady_clock::now() > deadline)
+                break;
+        }
+    }
+    m_quit = m_quit || quitPosted();
+    return m_quit;
+}
+
+void MessagePump::repostQuit()
+{
+    // A loop of the host's that was told to end remembers it by itself. Around us may be calls that run on a loop of
+    // ours.
+    if (pumps > 1)
+        ownQuit = true;
+}
+
+void MessagePump::processToolkitIdle()
+{
+    if (!toolkitRunning())
+        return;
+    wxTheApp->ProcessPendingEvents();
+    if (wxEventLoopBase* const loop = wxEventLoopBase::GetActive())
+        loop->ProcessIdle();
+}
+
+void MessagePump::waitForMessage(int milliseconds)
+{
+    native::waitForMessage(milliseconds);
+}
+
+void MessagePump::requestQuit()
+{
+    ownQuit = true;
+}
+
+} // namespace TessaronResources
+
+void tessaronResourcesQuit(void)
+{
+    TessaronResources::MessagePump::requestQuit();
+}

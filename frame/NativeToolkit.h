@@ -1,0 +1,54 @@
+#ifndef FRAME_NATIVETOOLKIT_H
+#define FRAME_NATIVETOOLKIT_H
+
+#include <memory>
+
+class wxString;
+class wxWindow;
+
+/// What the toolkit's portable interface does not offer, for the platform's native widgets and event loop.
+namespace TessaronResources::native
+{
+
+/// Puts the process's locale and signal handlers back when it goes.
+class ProcessStateKeeper
+{
+public:
+    ProcessStateKeeper();
+    ~ProcessStateKeeper();
+    ProcessStateKeeper(const ProcessStateKeeper&) = delete;
+    ProcessStateKeeper& operator=(const ProcessStateKeeper&) = delete;
+
+private:
+    struct State;
+    std::unique_ptr<State> m_state;
+};
+
+/// Connects to the display unless the process is connected already; prints nothing. \returns false when there is none.
+bool openDisplay();
+
+bool displayIsOpen();
+
+/// Whether the host runs the native event loop, so that the loop's end can be told while it is polled.
+bool insideNativeLoop();
+
+/// Suspends the thread until the native event queue has something or the time is over. Dispatches nothing.
+void waitForMessage(int milliseconds);
+
+/// Lets the window manager treat a window as modal for the whole application, also for windows that are not the
+/// toolkit's.
+void setModal(wxWindow& window, bool modal);
+
+/// Lets a dialog's controls be as small as its template says: the native theme's paddings and least sizes assume more
+/// room.
+void makeCompact(wxWindow& dialog);
+
+/// Gives a control the name that a screen reader says.
+void setAccessibleName(wxWindow& control, const wxString& name);
+
+/// The name that a screen reader says for a control; empty when it has none.
+wxString accessibleName(wxWindow& control);
+
+} // namespace TessaronResources::native
+
+#endif

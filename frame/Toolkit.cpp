@@ -1,0 +1,83 @@
+#include "frame/Toolkit.h"
+
+#include "frame/MessagePump.h"
+#include "frame/NativeToolkit.h"
+
+#include <wx/app.h>
+#include <wx/init.h>
+#include <wx/log.h>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+// A message box about the toolkit's own troubles would stand in the face of a user who cannot do anything about them.
+class SilentLog : public wxLog
+{
+protected:
+    void DoLogRecord(wxLogLevel, const wxString&, const wxLogRecordInfo&) override {}
+};
+
+void ignoreAssertion(const wxString&, int, const wxString&, const wxString&, const wxString&) {}
+
+// The application object of a process whose host does not run the toolkit.
+class GuestApp : public wxApp
+{
+public:
+    bool OnInit() override
+    {
+        SetExitOnFrameDelete(false);
+        return true;
+    }
+
+    void ExitMainLoop() override { MessagePump::requestQuit(); }
+};
+
+bool startOwnToolkit()
+{
+    const native::ProcessStateKeeper keeper;
+    if (!native::openDisplay())
+        return false;
+    wxSetAssertHandler(ignoreAssertion);
+    delete wxLog::SetActiveTarget(new SilentLog);
+    wxApp::SetInstance(new GuestApp);
+    int argc = 1;
+    char name[] = "TessaronResources";
+    char* argv[] = {name, nullptr};
+    return wxEntryStart(argc, argv) && wxTheApp->CallOnInit();
+}
+
+} // namespace
+
+bool toolkitRunning()
+{
+    return wxTheApp != nullptr && wxTheApp->IsGUI() && native::displayIsOpen();
+}
+
+bool startToolkit()
+{
+    return toolkitRunning() || (!wxTheApp && startOwnToolkit());
+}
+
+EntryScope::EntryScope(AFX_MODULE_STATE* state) : m_moduleState(state), m_toolkit(startToolkit())
+{
+    if (!m_toolkit)
+        return;
+    m_assertHandler = wxSetAssertHandler(ignoreAssertion);
+    // Our window must not take a host with it that has no other one at the moment.
+    m_exitOnFrameDelete = wxTheApp->GetExitOnFrameDelete();
+    wxTheApp->SetExitOnFrameDelete(false);
+}
+
+EntryScope::~EntryScope()
+{
+    if (!m_toolkit)
+        return;
+    wxSetAssertHandler(m_assertHandler);
+    if (wxTheApp)
+        wxTheApp->SetExitOnFrameDelete(m_exitOnFrameDelete);
+}
+
+} // namespace TessaronResources
