@@ -1,0 +1,85 @@
+#include "engine/ProgressData.h"
+#include "frame/EntryPoints.h"
+#include "frame/Toolkit.h"
+#include "progress/MultiProgressDialog.h"
+#include "progress/ProgressControls.h"
+#include "progress/ProgressDialog.h"
+#include "progress/ProgressPoll.h"
+
+#include <boost/make_shared.hpp>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+constexpr int finished = 1;
+constexpr int cancelledByUser = 2;
+
+// The dialog has to go on every way out, and deletes itself when its window does.
+struct DestroyDialog
+{
+    void operator()(DialogBase* dialog) const { dialog->DestroyWindow(); }
+};
+
+template <class Dialog, class... Arguments>
+int runProgressDialog(AFX_MODULE_STATE* state, Arguments... arguments)
+{
+    const EntryScope scope(state);
+    const auto cancelled = boost::make_shared<bool>(false);
+    {
+        const std::unique_ptr<Dialog, DestroyDialog> dialog(new Dialog(arguments..., cancelled, nullptr));
+        dialog->makeWindow();
+        dialog->doProgressLoop();
+    }
+    return *cancelled ? cancelledByUser : finished;
+}
+
+} // namespace
+
+int displayProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress, const char* caption)
+{
+    return runProgressDialog<ProgressDialog>(storedModuleState(), progressTemplates::milling, caption, progress);
+}
+
+int displayOrrimantProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress, const char* caption)
+{
+    return runProgressDialog<ProgressDialog>(storedModuleState(), progressTemplates::turning, caption, progress);
+}
+
+int displayMultiProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress)
+{
+    return runProgressDialog<MultiProgressDialog>(staticModuleState(), progressTemplates::multiMilling, progress);
+}
+
+int displayOrrimantMultiProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress)
+{
+    return runProgressDialog<MultiProgressDialog>(staticModuleState(), progressTemplates::multiTurning, progress);
+}
+
+} // namespace TessaronResources
+
+int displayProgressDialogForJobId(int jobId, const char* caption)
+{
+    boost::shared_ptr<exchange::ProgressData> progress = TessaronResources::progressOfJob(jobId);
+    return TessaronResources::displayProgressDialog(progress, caption);
+}
+
+int displayOrrimantProgressDialogForJobId(int jobId, const char* caption)
+{
+    boost::shared_ptr<exchange::ProgressData> progress = TessaronResources::progressOfJob(jobId);
+    return TessaronResources::displayOrrimantProgressDialog(progress, caption);
+}
+
+int displayMultiProgressDialogForJobId(int jobId)
+{
+    boost::shared_ptr<exchange::ProgressData> progress = TessaronResources::progressOfJob(jobId);
+    return TessaronResources::displayMultiProgressDialog(progress);
+}
+
+int displayOrrimantMultiProgressDialogForJobId(int jobId)
+{
+    boost::shared_ptr<exchange::ProgressData> progress = TessaronResources::progressOfJob(jobId);
+    return TessaronResources::displayOrrimantMultiProgressDialog(progress);
+}
