@@ -1,0 +1,156 @@
+#include "tests/support/WindowDriver.h"
+
+#include "frame/PlainEntryPoints.h"
+
+#include <wx/app.h>
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/filename.h>
+#include <wx/image.h>
+#include <wx/init.h>
+#include <wx/toplevel.h>
+#include <wx/uiaction.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace testing_support
+{
+
+namespace
+{
+
+constexpr int tickMilliseconds = 10;
+
+// A host that runs the toolkit: the tests open the module's windows as such a host does.
+class ToolkitHost : public testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        int argc = 1;
+        char name[] = "host";
+        char* argv[] = {name, nullptr};
+        wxApp::SetInstance(new wxApp);
+        ASSERT_TRUE(wxEntryStart(argc, argv)) << "Window tests need a display: run them with tools/with-display";
+        wxTheApp->SetExitOnFrameDelete(false);
+        wxInitAllImageHandlers();
+    }
+
+    void TearDown() override { wxEntryCleanup(); }
+};
+
+const testing::Environment* const host = testing::AddGlobalTestEnvironment(new ToolkitHost);
+
+} // namespace
+
+WindowDriver::WindowDriver(std::chrono::milliseconds deadline)
+    : m_deadline(deadline), m_stepStart(std::chrono::steady_clock::now())
+{
+    Start(tickMilliseconds);
+}
+
+WindowDriver::~WindowDriver()
+{
+    Stop();
+    if (!m_steps.empty())
+        ADD_FAILURE() << "The windows were gone before the step \"" << m_steps.front().name << "\"";
+}
+
+WindowDriver& WindowDriver::when(std::string name, std::function<bool()> condition, std::function<void()> action)
+{
+    m_steps.push_back({std::move(name), std::move(condition), std::move(action)});
+    return *this;
+}
+
+WindowDriver& WindowDriver::then(std::string name, std::function<void()> action)
+{
+    return when(
+        std::move(name), [] { return true; }, std::move(action));
+}
+
+void WindowDriver::Notify()
+{
+    if (m_acting || m_steps.empty())
+        return;
+    m_acting = true;
+    if (m_steps.front().condition())
+    {
+        const Step step = std::move(m_steps.front());
+        m_steps.pop_front();
+        m_stepStart = std::chrono::steady_clock::now();
+        // An action may open a window and return only when that is gone; the steps go on meanwhile.
+        m_acting = false;
+        step.action();
+        return;
+    }
+    m_acting = false;
+    if (std::chrono::steady_clock::now() - m_stepStart > m_deadline)
+    {
+        ADD_FAILURE() << "The step \"" << m_steps.front().name << "\" did not come in time";
+        m_steps.clear();
+        tessaronResourcesQuit();
+    }
+}
+
+wxTopLevelWindow* topWindow()
+{
+    for (auto node = wxTopLevelWindows.GetLast(); node; node = node->GetPrevious())
+        if (auto* const window = dynamic_cast<wxTopLevelWindow*>(node->GetData()); window && window->IsShown())
+            return window;
+    return nullptr;
+}
+
+wxTopLevelWindow* windowTitled(const wxString& title)
+{
+    for (auto node = wxTopLevelWindows.GetLast(); node; node = node->GetPrevious())
+        if (auto* const window = dynamic_cast<wxTopLevelWindow*>(node->GetData());
+            window && window->IsShown() && window->GetTitle() == title)
+            return window;
+    return nullptr;
+}
+
+wxWindow* child(wxWindow* window, int id)
+{
+    wxWindow* const found = window ? window->FindWindow(id) : nullptr;
+    EXPECT_NE(found, nullptr) << "No control " << id;
+    return found;
+}
+
+void click(wxWindow* window)
+{
+    ASSERT_NE(window, nullptr);
+    wxUIActionSimulator user;
+    const wxSize size = window->GetSize();
+    user.MouseMove(window->ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
+    user.MouseClick();
+}
+
+void type(const char* text)
+{
+    wxUIActionSimulator().Text(text);
+}
+
+void pressKey(int key, int modifiers)
+{
+    wxUIActionSimulator().Char(key, modifiers);
+}
+
+void savePicture(wxWindow* window, const std::string& name)
+{
+    const char* const folder = std::getenv("TESSARON_PICTURES");
+    if (!folder || !window)
+        return;
+    window->Update();
+    const wxRect rect = window->GetScreenRect();
+    wxBitmap bitmap(rect.GetSize());
+    wxMemoryDC memory(bitmap);
+    wxScreenDC screen;
+    memory.Blit(wxPoint(0, 0), rect.GetSize(), &screen, rect.GetTopLeft());
+    memory.SelectObject(wxNullBitmap);
+    wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    EXPECT_TRUE(bitmap.SaveFile(wxString(folder) + "/" + name + ".png", wxBITMAP_TYPE_PNG));
+}
+
+} // namespace testing_support

@@ -1,0 +1,70 @@
+#ifndef TESTS_SUPPORT_WINDOWDRIVER_H
+#define TESTS_SUPPORT_WINDOWDRIVER_H
+
+#include <wx/string.h>
+#include <wx/timer.h>
+
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <string>
+
+class wxDialog;
+class wxTopLevelWindow;
+class wxWindow;
+
+namespace testing_support
+{
+
+/// Plays the user while an entry point blocks: a list of steps, each of which waits for its condition and then acts. A
+/// step whose condition does not come true in time fails the test and ends the module's windows.
+class WindowDriver : private wxTimer
+{
+public:
+    explicit WindowDriver(std::chrono::milliseconds deadline = std::chrono::seconds(20));
+    ~WindowDriver() override;
+
+    /// Adds a step. `name` tells which one it was when it fails.
+    WindowDriver& when(
+        std::string name, std::function<bool()> condition, std::function<void()> action = [] {});
+    /// Adds a step that acts without a condition, at the next turn.
+    WindowDriver& then(std::string name, std::function<void()> action);
+
+    /// Whether all steps were taken.
+    bool done() const { return m_steps.empty(); }
+
+private:
+    struct Step
+    {
+        std::string name;
+        std::function<bool()> condition;
+        std::function<void()> action;
+    };
+
+    void Notify() override;
+
+    std::deque<Step> m_steps;
+    std::chrono::milliseconds m_deadline;
+    std::chrono::steady_clock::time_point m_stepStart;
+    bool m_acting = false;
+};
+
+/// The shown top-level window that was opened last; null when there is none.
+wxTopLevelWindow* topWindow();
+/// The shown top-level window with that title; null when there is none.
+wxTopLevelWindow* windowTitled(const wxString& title);
+/// A control of a window by its id; fails the test when it is missing.
+wxWindow* child(wxWindow* window, int id);
+
+/// Clicks the middle of a window with the pointer.
+void click(wxWindow* window);
+/// Types on the keyboard, to the window that has the focus.
+void type(const char* text);
+void pressKey(int key, int modifiers = 0);
+
+/// Saves what the screen shows of a window as a PNG file for a person to look at, if the run collects pictures.
+void savePicture(wxWindow* window, const std::string& name);
+
+} // namespace testing_support
+
+#endif
