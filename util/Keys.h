@@ -21,27 +21,46 @@ private:
 };
 
 /// The vocabulary of parameter sets. The texts are part of the file formats and of the interface with hosts and
-/// engines: they are exact to the byte, "Tool Flut Length" included.
+/// engines: they are exact to the byte, "Tool Flut Length" included, and case counts.
+///
+/// Kinds: "real" is a double, "integer" a 32-bit integer, "code" an integer that names one choice of an option list,
+/// "text" a string. Lengths, and levels along the tool axis, are in the host's unit (inch or millimetre), which nothing
+/// here converts; angles are in the unit that host and engine agree on. A key without a remark carries what its host
+/// and engine agree on: it is stored and passed on as it is.
 namespace keys
 {
 
 // Tool and holder
 inline constexpr Key toolNumber("Tool Number");
+/// Real, length: the cutting diameter.
 inline constexpr Key toolDiameter("Tool Diameter");
+/// Real, length.
 inline constexpr Key toolCornerRadius("Tool Corner Radius");
+/// Real, length.
 inline constexpr Key toolLowerRadius("Tool Lower Radius");
+/// Real, length.
 inline constexpr Key toolNoseRadius("Tool Nose Radius");
+/// Real, angle.
 inline constexpr Key toolTipAngle("Tool Tip Angle");
+/// Real, angle.
 inline constexpr Key toolTaperAngle("Tool Taper Angle");
+/// Integer: the number of cutting edges.
 inline constexpr Key toolNumFlutes("Tool Num Flutes");
+/// Real, length.
 inline constexpr Key toolFlutLength("Tool Flut Length");
+/// Real, length.
 inline constexpr Key toolLength("Tool Length");
+/// Real, length.
 inline constexpr Key toolLengthOfCut("Tool Length of Cut");
 inline constexpr Key toolOverallLength("Tool Overall Length");
+/// Real, length.
 inline constexpr Key toolStickOutLength("Tool Stick Out Length");
+/// Text.
 inline constexpr Key toolInsertShape("Tool Insert Shape");
+/// Code.
 inline constexpr Key toolCoatingType("Tool Coating Type");
 inline constexpr Key toolCoatingFactor("Tool Coating Factor");
+/// Code.
 inline constexpr Key toolHolderType("Tool Holder Type");
 inline constexpr Key toolHolderFactor("Tool Holder Factor");
 inline constexpr Key toolHolderAngle("Tool Holder Angle");
@@ -59,15 +78,19 @@ inline constexpr Key gagePointType("Gage Point Type");
 inline constexpr Key gageOffsetX("Gage Offset X");
 inline constexpr Key gageOffsetY("Gage Offset Y");
 inline constexpr Key previousToolDiameter("Previous Tool Diameter");
+/// Text.
 inline constexpr Key machineTool("Machine Tool");
 
 // Feeds, speeds and cutting conditions
+/// Real, length per minute.
 inline constexpr Key feedrate("Feedrate");
 inline constexpr Key feedrateUnits("Feedrate Units");
 inline constexpr Key feedrateLimited("Feedrate Limited");
 inline constexpr Key feedrateEntryFactor("Feedrate Entry Factor");
+/// Real, length per minute.
 inline constexpr Key maximumFeedrate("Maximum Feedrate");
 inline constexpr Key minimumFeedRate("Minimum Feed Rate");
+/// Real, length per minute.
 inline constexpr Key highFeedrate("High Feedrate");
 inline constexpr Key highFeedrateUnits("High Feedrate Units");
 inline constexpr Key highFeedrateZNegative("High Feedrate Z Negative");
@@ -79,25 +102,35 @@ inline constexpr Key rampFeedrateEntryFactor("Ramp Feedrate Entry Factor");
 inline constexpr Key rampSpindleSpeed("Ramp Spindle Speed");
 inline constexpr Key slotFeedrate("Slot Feedrate");
 inline constexpr Key slotSpindleSpeed("Slot Spindle Speed");
+/// Integer, revolutions per minute.
 inline constexpr Key spindleSpeed("Spindle Speed");
 inline constexpr Key spindleSpeedUnits("Spindle Speed Units");
 inline constexpr Key spindleSpeedLimited("Spindle Speed Limited");
+/// Integer, revolutions per minute.
 inline constexpr Key maximumSpindleSpeed("Maximum Spindle Speed");
 inline constexpr Key spindleDirection("Spindle Direction");
+/// Real, length per minute.
 inline constexpr Key xyRapidFeedRate("XY Rapid Feed Rate");
+/// Real, length per minute.
 inline constexpr Key zRapidFeedRate("Z Rapid Feed Rate");
 inline constexpr Key zagFeedRatePercent("Zag Feed Rate Percent");
 inline constexpr Key adjustFeedRateForHelixPlungeType("Adjust Feed Rate for Helix Plunge Type");
 inline constexpr Key adjustFeedRateForRampPlungeType("Adjust Feed Rate for Ramp Plunge Type");
 inline constexpr Key coolant("Coolant");
+/// Code.
 inline constexpr Key aggressivenessType("Aggressiveness Type");
 inline constexpr Key aggressivenessFactor("Aggressiveness Factor");
 inline constexpr Key sideMillSlotMillRatio("Side Mill Slot Mill Ratio");
+/// Code.
 inline constexpr Key partMaterialType("Part Material Type");
+/// Real, on the scale that "Part Material Hardness Type" names.
 inline constexpr Key partMaterialHardness("Part Material Hardness");
+/// Code.
 inline constexpr Key partMaterialHardnessType("Part Material Hardness Type");
+/// Code.
 inline constexpr Key partHoldingType("Part Holding Type");
 inline constexpr Key partHoldingFactor("Part Holding Factor");
+/// Code.
 inline constexpr Key machineTaperType("Machine Taper Type");
 inline constexpr Key machineTaperFactor("Machine Taper Factor");
 
@@ -107,9 +140,11 @@ inline constexpr Key toolpathType("Toolpath Type");
 inline constexpr Key toolpathCcw("Toolpath CCW");
 inline constexpr Key cutAngle("Cut Angle");
 inline constexpr Key cutOrientation("Cut Orientation");
+/// Real, length: how far a flattened curve may stray from the true one.
 inline constexpr Key cutTolerance("Cut Tolerance");
 inline constexpr Key monotoneCutting("Monotone Cutting");
 inline constexpr Key depthFirst("Depth First");
+/// Real, length: the depth of one cut level.
 inline constexpr Key depthOfCut("Depth of Cut");
 inline constexpr Key slotDepthOfCut("Slot Depth of Cut");
 inline constexpr Key additionalCutDepths("Additional Cut Depths");
@@ -119,8 +154,10 @@ inline constexpr Key adjustCutLevelsToStock("Adjust Cut Levels to Stock");
 inline constexpr Key finalStepHeight("Final Step Height");
 inline constexpr Key overrideFinalStepHeight("Override Final Step Height");
 inline constexpr Key totalDepth("Total Depth");
+/// Real, length: the level of the finished floor.
 inline constexpr Key zDepth("Z Depth");
 inline constexpr Key zMax("Z Max");
+/// Real, length: the distance from one pass to the next.
 inline constexpr Key stepover("Stepover");
 inline constexpr Key sideMillStepover("Side-mill Stepover");
 inline constexpr Key allowWiderSideMilling("Allow Wider Side Milling");
@@ -128,6 +165,7 @@ inline constexpr Key allowInitialSpiral("Allow Initial Spiral");
 inline constexpr Key allowUndercut("Allow Undercut");
 inline constexpr Key cavityMillingOnly("Cavity Milling Only");
 inline constexpr Key stockToLeave("Stock to Leave");
+/// Real, length: material left on walls.
 inline constexpr Key xyStockToLeave("XY Stock to Leave");
 inline constexpr Key zStockToLeave("Z Stock to Leave");
 inline constexpr Key previousXYStockToLeave("Previous XY Stock to Leave");
@@ -147,6 +185,7 @@ inline constexpr Key linearizationTolerance("Linearization Tolerance");
 inline constexpr Key maximumSegmentLength("Maximum segment length");
 inline constexpr Key chainingTolerance("Chaining Tolerance");
 inline constexpr Key contourRamping("Contour Ramping");
+/// Integer: worker threads of a job; absent, as many as the machine has cores.
 inline constexpr Key numberOfConcurrentThreads("Number of Concurrent Threads");
 
 // Entry, plunge and motion
@@ -164,6 +203,7 @@ inline constexpr Key motionEndCutting("Motion End Cutting");
 
 // Linking, rapids and clearances
 inline constexpr Key rapidAtRapidPlane("Rapid At Rapid Plane");
+/// Real, length: the level of rapid moves above the stock.
 inline constexpr Key rapidPlaneZ("Rapid Plane Z");
 inline constexpr Key initialRapidPlaneZ("Initial Rapid Plane Z");
 inline constexpr Key finalRapidPlaneZ("Final Rapid Plane Z");
@@ -205,8 +245,10 @@ inline constexpr Key inProcessReturnRetractTo("In-process Return Retract To");
 inline constexpr Key inProcessReturnSeconds("In-process Return Seconds");
 
 // Boundaries, regions and part geometry
+/// Text.
 inline constexpr Key material("Material");
 inline constexpr Key materialMeshClosed("Material Mesh Closed");
+/// Real, length: the level of the top of the stock.
 inline constexpr Key topMaterialZ("Top Material Z");
 inline constexpr Key bottomMaterialZ("Bottom Material Z");
 inline constexpr Key firstRegion("First Region");
@@ -251,15 +293,24 @@ inline constexpr Key fiveAxisRotaryMode("5X Rotary Mode");
 inline constexpr Key fiveAxisRotaryNumberOfBladesToCut("5X Rotary Number of Blades to Cut");
 inline constexpr Key fiveAxisRotaryTotalNumberOfBlades("5X Rotary Total Number of Blades");
 
-// Template metadata
+// Template metadata: the keys that make a parameter set a stored template.
+/// Text: the display name, and the name under which the template is saved.
 inline constexpr Key templateName("Template Name");
+/// Text.
 inline constexpr Key templateDescription("Template Description");
+/// Text.
 inline constexpr Key templateComments("Template Comments");
+/// Text: the host CAM system; "KORVEN" when absent.
 inline constexpr Key templateCam("Template CAM");
+/// Text: the version of the template record.
 inline constexpr Key templateVersion("Template Version");
+/// Real: the user's rating.
 inline constexpr Key templateRating("Template Rating");
+/// Text: the identity of the template.
 inline constexpr Key templateGuid("Template Guid");
+/// Text: a decimal number of seconds since 1970-01-01 00:00 UTC.
 inline constexpr Key templateDateCreated("Template Date Created");
+/// Text: a decimal number of seconds since 1970-01-01 00:00 UTC.
 inline constexpr Key templateDateModified("Template Date Modified");
 
 // Job and user
@@ -269,22 +320,37 @@ inline constexpr Key toolpathEvents("Toolpath Events");
 inline constexpr Key username("Username");
 inline constexpr Key password("Password");
 
-// Progress stage names
+// Progress stage names: the keys of the stage set of a progress record. All values are reals.
+/// Fraction 0 to 1.
 inline constexpr Key stageCreatingToolpath("Creating toolpath: ");
+/// Fraction 0 to 1.
 inline constexpr Key stageCreatingOffsetSurfaces("Creating offset surfaces: ");
+/// Fraction 0 to 1.
 inline constexpr Key stageComputingRemainingStock("Computing remaining stock: ");
+/// Fraction 0 to 1.
 inline constexpr Key stageComputingToolAxisVectors("Computing tool axis vectors: ");
+/// Number of checks left, not a fraction.
 inline constexpr Key stageGeneratingBoundaries("Generating boundaries: ");
+/// Percentage 0 to 100.
 inline constexpr Key stageImportingFile("Importing file: ");
+/// Not shown by the progress windows.
 inline constexpr Key stageProcessingPartBoundaries("Processing part boundaries: ");
+/// Not shown by the progress windows.
 inline constexpr Key stageProcessingMaterialBoundaries("Processing material boundaries: ");
+/// Not shown by the progress windows.
 inline constexpr Key stageRelinkingToolpath("Relinking toolpath: ");
+/// Not shown by the progress windows.
 inline constexpr Key stageSlicesGenerated("Slices generated: ");
+/// Not shown by the progress windows.
 inline constexpr Key stageTotalSlices("Total slices: ");
+/// Not shown by the progress windows.
 inline constexpr Key stageTotalToolpaths("Total toolpaths: ");
 
-// Template store words
+// Template store words: the names of the folder of each kind of operation below a template folder, and of the layout
+// record.
+/// Folder of milling templates.
 inline constexpr Key folderTessaron("tessaron");
+/// Folder of turning templates.
 inline constexpr Key folderOrrimant("orrimant");
 inline constexpr Key orrimantTemplateInfo("orrimant_template_info");
 

@@ -1,0 +1,166 @@
+#include "util/Parameterized.h"
+#include "util/Assertion.h"
+#include "util/Keys.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+using namespace util;
+
+std::vector<std::string> keysOf(const Parameterized& set)
+{
+    std::vector<std::string> texts;
+    for (const auto& entry : set.params())
+        texts.push_back(entry.first);
+    return texts;
+}
+
+TEST(Parameterized, SettingAKeyReplacesValueAndKind)
+{
+    Parameterized set;
+    set.set("Stepover", 1);
+    set.set("Stepover", 2.5);
+    EXPECT_EQ(set.size(), 1u);
+    EXPECT_EQ(set.findInt("Stepover"), nullptr);
+    ASSERT_NE(set.findDouble("Stepover"), nullptr);
+    EXPECT_EQ(*set.findDouble("Stepover"), 2.5);
+
+    set.set("Stepover", "wide");
+    EXPECT_EQ(set.findDouble("Stepover"), nullptr);
+    EXPECT_EQ(set.stringOr("Stepover", ""), "wide");
+}
+
+TEST(Parameterized, KeepsTheKindOfWhatIsSet)
+{
+    Parameterized set;
+    set.set("flag", true);
+    set.set("letter", "x");
+    set.set("real", 1.0f);
+    EXPECT_EQ(set.at("flag").which(), 0);
+    EXPECT_EQ(set.at("letter").which(), 2);
+    EXPECT_EQ(set.at("real").which(), 1);
+}
+
+TEST(Parameterized, ErasingRemovesOneKeyAndNothingWhenItIsMissing)
+{
+    Parameterized set;
+    set.set(keys::feedrate, 100.0);
+    set.set(keys::coolant, 1);
+    set.erase("feedrate");
+    EXPECT_EQ(set.size(), 2u);
+    set.erase(keys::feedrate);
+    EXPECT_THAT(keysOf(set), testing::ElementsAre("Coolant"));
+    set.erase(keys::feedrate);
+    EXPECT_EQ(set.size(), 1u);
+}
+
+TEST(Parameterized, KeysThatDifferInCaseAreDifferent)
+{
+    Parameterized set;
+    set.set("Feedrate", 1);
+    set.set("feedrate", 2);
+    EXPECT_EQ(set.intOr("Feedrate", 0), 1);
+    EXPECT_EQ(set.intOr("feedrate", 0), 2);
+}
+
+TEST(Parameterized, IteratesInByteOrder)
+{
+    Parameterized set;
+    const std::string highByte = "\xC3\xA9";
+    for (const std::string& key :
+         {highByte, std::string(keys::zagFeedRatePercent), std::string(keys::zStockToLeave),
+          std::string(keys::additionalCutDepths), std::string("5X Rotary Mode"), std::string("a"), std::string()})
+        set.set(key, 0);
+    EXPECT_THAT(keysOf(set), testing::ElementsAre("", "5X Rotary Mode", "Additional Cut Depths", "Z Stock to Leave",
+                                                  "Zag Feed Rate Percent", "a", highByte));
+}
+
+TEST(Parameterized, LookupsOfMissingOrOtherKindsGiveTheDefault)
+{
+    Parameterized set;
+    set.set("int", 3);
+    set.set("double", 0.5);
+    set.set("text", "12");
+    const struct
+    {
+        const char* key;
+        int intValue;
+        double number;
+        const char* text;
+    } cases[] = {
+        {"int", 3, 3.0, "-"},
+        {"double", -1, 0.5, "-"},
+        {"text", -1, -1.0, "12"},
+        {"missing", -1, -1.0, "-"},
+    };
+    for (const auto& c : cases)
+    {
+        EXPECT_EQ(set.intOr(c.key, -1), c.intValue) << c.key;
+        EXPECT_EQ(set.numberOr(c.key, -1), c.number) << c.key;
+        EXPECT_EQ(set.stringOr(c.key, "-"), c.text) << c.key;
+    }
+    EXPECT_FALSE(set.has("missing"));
+    EXPECT_TRUE(set.has("text"));
+}
+
+TEST(Parameterized, AMissingKeyThatMustBeThereFailsTheAssertion)
+{
+    Parameterized set;
+    set.set("Stepover", 0.5);
+    try
+    {
+        set.doubleAt("Feedrate");
+        FAIL() << "nothing was thrown";
+    }
+    catch (const AssertionError& error)
+    {
+        EXPECT_THAT(error.what(), testing::StartsWith("Expression 'it != m_params.end()' failed in 'Util\\Params"));
+    }
+    EXPECT_THROW(set.intAt("Stepover"), boost::bad_get);
+    set.doubleAt("Stepover") = 0.75;
+    EXPECT_EQ(set.numberOr("Stepover", 0), 0.75);
+}
+
+TEST(Parameterized, CopiesAreDeepAndMovesLeaveNothingBehind)
+{
+    Parameterized set;
+    set.set("Comment", "first");
+    Parameterized copy(set);
+    copy.set("Comment", "second");
+    EXPECT_EQ(set.stringOr("Comment", ""), "first");
+    EXPECT_NE(set, copy);
+
+    set = copy;
+    EXPECT_EQ(set, copy);
+    const Parameterized moved(std::move(copy));
+    EXPECT_EQ(set, moved);
+    set = Parameterized();
+    EXPECT_TRUE(set.empty());
+}
+
+TEST(Parameterized, CallsThroughTheBaseReachADerivedClass)
+{
+    class Counting : public Parameterized
+    {
+    public:
+        void set(std::string key, const Value& value) override
+        {
+            ++calls;
+            Parameterized::set(std::move(key), value);
+        }
+        int calls = 0;
+    };
+    Counting counting;
+    static_cast<Parameterized&>(counting).set("Feedrate", 1.0);
+    EXPECT_EQ(counting.calls, 1);
+    EXPECT_TRUE(counting.has("Feedrate"));
+}
+
+} // namespace
