@@ -1,0 +1,131 @@
+#ifndef TEMPLATES_TEMPLATESESSION_H
+#define TEMPLATES_TEMPLATESESSION_H
+
+#include "engine/TemplateInfo.h"
+#include "templates/TemplateDefinitions.h"
+#include "templates/TemplateRows.h"
+#include "templates/TemplateUser.h"
+#include "util/Parameterized.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace TessaronResources
+{
+
+/// One run of the template manager: what it holds, and what its commands do. The window shows the state and calls the
+/// commands; questions and messages go to the user. Nothing here has a window.
+class TemplateSession
+{
+public:
+    /// \param folder   the template folder that the host names; definitions and the list of known folders stay there
+    /// \param current  the operation's parameters
+    /// \param user     outlives the session
+    TemplateSession(int kind, int selector, std::string folder, util::Parameterized current, TemplateUser& user);
+
+    // Opening
+
+    /// Reads the known folders and the definitions; the first start makes the definitions. Does not fill the rows.
+    DefinitionsState open(bool titleVariant);
+    /// Lists the folder's templates into the rows, those that the match filter displays. Edits are dropped. What cannot
+    /// be read is reported once, not at every refill.
+    void fill();
+
+    // State
+
+    int kind() const { return m_kind; }
+    const util::Parameterized& current() const { return m_current; }
+    /// The template folder in use, and the sub-folder that holds the templates of this kind of operation.
+    const std::string& folder() const { return m_folder; }
+    std::string kindFolder() const { return templateKindFolder(m_folder, m_kind); }
+    const std::vector<std::string>& knownFolders() const { return m_knownFolders; }
+    TemplateRows& rows() { return m_rows; }
+    const TemplateRows& rows() const { return m_rows; }
+    util::TemplateInfo& info() { return m_info; }
+    const util::TemplateInfo& info() const { return m_info; }
+
+    // Definitions and preferences
+
+    /// Stores the definitions: columns, heading height, window size, preferences. Definitions that could not be loaded
+    /// are not overwritten before the user has changed them (`byUser`). \return whether they are stored.
+    bool storeDefinitions(bool byUser);
+    /// Reads the list of known folders anew, as the preferences dialog does when it opens.
+    void reloadKnownFolders();
+    /// Accepts the preferences dialog: the preferences, and the folder to use from now on. Stores both. \return whether
+    /// the rows must be filled again. The folder given by the user is taken without blanks around it; an empty one is
+    /// the host's.
+    bool acceptPreferences(const util::TemplatePreferences& preferences, const std::string& folder);
+
+    // Names
+
+    /// A name for a new template; "TEMPL" when none can be generated, which is reported.
+    std::string proposeName();
+
+    // Commands
+
+    /// Reads the files that the user chooses and saves their templates in this folder. Does not fill the rows.
+    /// \return how many templates have been saved.
+    std::size_t importTemplates();
+    /// Writes the templates of the given rows, in this order, into a file that the user chooses.
+    bool exportTemplates(const std::vector<std::size_t>& rows);
+    /// Deletes the stored templates of the given rows. Does not fill the rows. \return how many are gone.
+    std::size_t deleteTemplates(const std::vector<std::size_t>& rows);
+    /// Saves all edited templates; asks before one is replaced. Rows that were not saved, by a failure or by the user's
+    /// choice, stay edited. Does not fill the rows. \return whether no edits are left.
+    bool storeEdits();
+
+    /// May the rows be dropped? With edits not stored yet the user is asked whether they are to be stored; on OK they
+    /// are. \return whether no edits are left, or the user gave them up.
+    bool settleEdits();
+
+    /// Load mode, "Apply": copies the template of a row, without the keys that belong to the tool of the operation,
+    /// into `result`, whose former contents are gone.
+    void applyTemplate(std::size_t row, util::Parameterized& result) const;
+
+    /// Save mode, "Save": saves the current operation as the template `name`, over one that is there, and tells the
+    /// user the name. `result`, unless null, receives what was stored. \return whether it is stored.
+    bool saveCurrent(const std::string& name, util::Parameterized* result);
+
+    /// What the save-as dialog is given and gives back.
+    struct SaveAsAnswer
+    {
+        std::string name;
+        bool loadSaved = false;
+    };
+    /// The save entry point: runs the save-as dialog (false: cancelled) until a name is accepted, asks before a
+    /// template is replaced, and stores the definitions. `result` and `loadSaved`, unless null, receive what was stored
+    /// and the user's wish to load it. \return whether it is stored.
+    bool saveCurrentAs(const std::function<bool(SaveAsAnswer& answer)>& dialog, util::Parameterized* result,
+                       bool* loadSaved);
+
+private:
+    void report(int code, const std::string& detail = {});
+    bool importFile(const std::string& path, std::vector<util::Parameterized>& templates);
+    util::Parameterized currentAs(const std::string& name) const;
+    bool storeRow(std::size_t row);
+
+    int m_kind;
+    int m_selector;
+    std::string m_homeFolder; ///< the host's
+    std::string m_folder;
+    util::Parameterized m_current;
+    TemplateUser& m_user;
+
+    util::TemplateInfo m_info;
+    DefinitionsState m_definitionsState = DefinitionsState::failed;
+    std::vector<std::string> m_knownFolders;
+    TemplateRows m_rows;
+    std::pair<std::string, int> m_reported; ///< folder and code of the listing that was reported last
+};
+
+/// The name that the save-as dialog starts with: the last one accepted in this process, or the first existing one.
+std::string proposedSaveName(const std::vector<std::string>& existingNames);
+/// Remembers an accepted name for the next save-as dialog of the process.
+void keepSaveName(const std::string& name);
+
+} // namespace TessaronResources
+
+#endif

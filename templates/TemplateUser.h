@@ -1,0 +1,49 @@
+#ifndef TEMPLATES_TEMPLATEUSER_H
+#define TEMPLATES_TEMPLATEUSER_H
+
+#include <string>
+#include <vector>
+
+namespace TessaronResources
+{
+
+/// The person in front of the template manager, as its rules see them. A window asks and tells with the toolkit, all
+/// boxes captioned templateCaption and owned by the manager; a test answers from a script.
+class TemplateUser
+{
+public:
+    virtual ~TemplateUser() = default;
+
+    /// A message box with the error icon.
+    virtual void showError(const std::string& text) = 0;
+    /// A message box with the information icon.
+    virtual void showMessage(const std::string& text) = 0;
+    /// A question with the buttons OK and Cancel; true for OK.
+    virtual bool askOkCancel(const std::string& text) = 0;
+    /// As askOkCancel(), with the error icon.
+    virtual bool askOkCancelError(const std::string& text) = 0;
+
+    /// The files to import, in the dialog's order, chosen with templateImportFilter; none when cancelled. The dialog
+    /// starts in `folder`, takes several files, and only such that exist.
+    virtual std::vector<std::string> chooseImportFiles(const std::string& folder) = 0;
+    /// The file to export to, chosen with templateExportFilter; empty when cancelled. The dialog starts in `folder` and
+    /// asks before an existing file is chosen.
+    virtual std::string chooseExportFile(const std::string& folder) = 0;
+
+    /// The user setting "LoadXmlDir" in the section "Halvorsund Technologies, Inc.": the folder of the last import or
+    /// export, empty at first.
+    virtual std::string lastFolder() = 0;
+    virtual void keepLastFolder(const std::string& folder) = 0;
+};
+
+inline constexpr const char* templateCaption = "Template Manager";
+inline constexpr const char* templateImportFilter =
+    "Template Files (*.vtmpl)|*.vtmpl|XML-files (*.xml)|*.xml|All Files (*.*)|*.*||";
+inline constexpr const char* templateExportFilter = "Template Files (*.vtmpl)|*.vtmpl|All Files (*.*)|*.*||";
+inline constexpr const char* templateDefaultExtension = "*.vtmpl";
+inline constexpr const char* profileSection = "Halvorsund Technologies, Inc.";
+inline constexpr const char* lastFolderEntry = "LoadXmlDir";
+
+} // namespace TessaronResources
+
+#endif
