@@ -1,0 +1,76 @@
+#ifndef EXCHANGE_ARCHIVE_BINARYREADER_H
+#define EXCHANGE_ARCHIVE_BINARYREADER_H
+
+#include "exchange/archive/ByteSource.h"
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+namespace exchange::archive
+{
+
+/// Reads the values of a binary archive. It has the operations of XmlReader; elements and names have no trace here. An
+/// early end of the input, and bytes that are no value of the wanted type, are "input stream error".
+class BinaryReader
+{
+public:
+    static constexpr bool blocks = true;
+
+    /// Reads the header.
+    explicit BinaryReader(std::istream& stream);
+
+    unsigned version() const { return m_version; }
+
+    void open(const char*) {}
+    void close(const char*) {}
+    void openRoot() {}
+    void closeRoot() {}
+
+    void classInfo(bool& tracking, unsigned& version);
+    int classId() { return get<std::int16_t>(); }
+    std::string_view className();
+    unsigned objectId() { return get<std::uint32_t>(); }
+
+    void value(const char*, bool& value) { value = flag(); }
+    void value(const char*, int& value) { value = get<std::int32_t>(); }
+    void value(const char*, unsigned& value) { value = get<std::uint32_t>(); }
+    void value(const char*, double& value) { value = get<double>(); }
+    void value(const char*, std::string& value);
+    std::size_t count() { return get<std::uint64_t>(); }
+    unsigned itemVersion() { return get<std::uint32_t>(); }
+    void block(void* bytes, std::size_t size)
+    {
+        if (m_source.available() < size)
+            return m_source.read(bytes, size);
+        std::memcpy(bytes, m_source.cursor(), size);
+        m_source.advanceTo(m_source.cursor() + size);
+    }
+
+    /// See ByteSource::remaining().
+    std::uint64_t remaining() const { return m_source.remaining(); }
+
+    void finish() {}
+
+private:
+    template <class T>
+    T get()
+    {
+        if (m_source.available() < sizeof(T)) [[unlikely]]
+            m_source.need(sizeof(T));
+        T value;
+        std::memcpy(&value, m_source.cursor(), sizeof value);
+        m_source.advanceTo(m_source.cursor() + sizeof value);
+        return value;
+    }
+    bool flag();
+
+    ByteSource m_source;
+    unsigned m_version = 0;
+    std::string m_className;
+};
+
+} // namespace exchange::archive
+
+#endif

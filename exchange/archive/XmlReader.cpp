@@ -1,0 +1,456 @@
+#include "exchange/archive/XmlReader.h"
+
+#include "exchange/archive/BinaryFormat.h"
+#include "exchange/archive/Failure.h"
+
+#include <algorithm>
+#include <charconv>
+#include <type_traits>
+
+namespace exchange::archive
+{
+
+using boost::archive::archive_exception;
+
+namespace
+{
+
+constexpr std::size_t maxTag = 4096;
+constexpr std::size_t numberWindow = 64;
+constexpr std::size_t maxNumberText = 32 * 1024;
+constexpr std::ptrdiff_t longestExponent = 16;
+
+std::string_view trimmed(std::string_view text)
+{
+    static constexpr std::string_view blanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+/// Splits the next name="value" off a tag's text; false at the end of the text.
+bool nextAttribute(std::string_view& text, std::string_view& name, std::string_view& value)
+{
+    text = trimmed(text);
+    if (text.empty())
+        return false;
+    const std::size_t equals = text.find('=');
+    if (equals == std::string_view::npos)
+        failSyntax();
+    name = trimmed(text.substr(0, equals));
+    text = trimmed(text.substr(equals + 1));
+    if (text.empty() || (text.front() != '"' && text.front() != '\''))
+        failSyntax();
+    const std::size_t end = text.find(text.front(), 1);
+    if (end == std::string_view::npos || name.empty())
+        failSyntax();
+    value = text.substr(1, end - 1);
+    text.remove_prefix(end + 1);
+    return true;
+}
+
+template <class Integer>
+Integer wholeNumber(std::string_view text)
+{
+    Integer number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size())
+        failSyntax();
+    return number;
+}
+
+/// Whether a decimal text that a double cannot hold is too small, rather than too large.
+bool isTooSmall(std::string_view text)
+{
+    long long exponent = 0;
+    const std::size_t mark = text.find_first_of("eE");
+    if (mark != std::string_view::npos)
+    {
+        std::string_view digits = text.substr(mark + 1);
+        const bool negative = !digits.empty() && digits.front() == '-';
+        if (!digits.empty() && (digits.front() == '-' || digits.front() == '+'))
+            digits.remove_prefix(1);
+        if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
+            return negative;
+        exponent = negative ? -exponent : exponent;
+        text = text.substr(0, mark);
+    }
+    // The power of ten of the first digit that is not zero.
+    const std::size_t point = std::min(text.find('.'), text.size());
+    const std::size_t digit = text.find_first_of("123456789");
+    if (digit == std::string_view::npos)
+        return true;
+    exponent += static_cast<long long>(point) - static_cast<long long>(digit);
+    return exponent < 0;
+}
+
+void appendUtf8(std::string& to, unsigned long code)
+{
+    if (code < 0x80)
+        to += static_cast<char>(code);
+    else if (code < 0x800)
+    {
+        to += static_cast<char>(0xC0 | (code >> 6));
+        to += static_cast<char>(0x80 | (code & 0x3F));
+    }
+    else if (code < 0x10000)
+    {
+        to += static_cast<char>(0xE0 | (code >> 12));
+        to += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+        to += static_cast<char>(0x80 | (code & 0x3F));
+    }
+    else
+    {
+        to += static_cast<char>(0xF0 | (code >> 18));
+        to += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
+        to += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+        to += static_cast<char>(0x80 | (code & 0x3F));
+    }
+}
+
+} // namespace
+
+void XmlReader::Attributes::require(unsigned kinds) const
+{
+    if ((present & kinds) != kinds)
+        failSyntax();
+}
+
+XmlReader::XmlReader(std::istream& stream) : m_source(stream)
+{
+    readHead();
+}
+
+const char* XmlReader::toTagSlow(std::size_t size)
+{
+    for (;;)
+    {
+        const char* at = m_source.cursor();
+        while (isSpace(*at))
+            ++at;
+        m_source.advanceTo(at);
+        if (at != m_source.end())
+        {
+            // A shorter rest than asked for is not an error yet: the caller compares up to the zero byte behind it.
+            if (!m_source.want(size))
+                failInput();
+            return m_source.cursor();
+        }
+        if (!m_source.want(1))
+            failInput();
+    }
+}
+
+/// The text between "<" and ">" of the next tag, which is consumed.
+std::string_view XmlReader::wholeTag()
+{
+    m_source.advanceTo(toTag(1));
+    m_source.want(maxTag);
+    const char* const start = m_source.cursor();
+    const std::size_t length = std::min(m_source.available(), maxTag);
+    const char* const end = static_cast<const char*>(std::memchr(start, '>', length));
+    if (end == nullptr)
+    {
+        if (length < maxTag)
+            failInput();
+        failSyntax();
+    }
+    if (*start != '<')
+        failSyntax();
+    m_source.advanceTo(end + 1);
+    return std::string_view(start + 1, static_cast<std::size_t>(end - start - 1));
+}
+
+void XmlReader::openSlow(const char* name, std::size_t size)
+{
+    const std::string_view tag = wholeTag();
+    if (tag.substr(0, size) != std::string_view(name, size) || (tag.size() > size && !isSpace(tag[size])))
+        failTagMismatch(name);
+    parseAttributes(tag.substr(size));
+}
+
+void XmlReader::closeSlow(const char* name, std::size_t size)
+{
+    const std::string_view tag = wholeTag();
+    if (tag.empty() || tag.front() != '/')
+        failTagMismatch(name);
+    if (trimmed(tag.substr(1)) != std::string_view(name, size))
+        failTagMismatch(name);
+}
+
+void XmlReader::openRoot()
+{
+    const std::string_view tag = wholeTag();
+    const std::size_t size = std::min(tag.find_first_of(" \t\r\n"), tag.size());
+    if (size == 0 || tag.front() == '/')
+        failSyntax();
+    m_rootName = tag.substr(0, size);
+    parseAttributes(tag.substr(size));
+}
+
+void XmlReader::closeRoot()
+{
+    close(m_rootName.c_str());
+}
+
+void XmlReader::parseAttributes(std::string_view text)
+{
+    m_attributes.clear();
+    std::string_view name;
+    std::string_view value;
+    while (nextAttribute(text, name, value))
+        setAttribute(name, value);
+}
+
+void XmlReader::setAttribute(std::string_view name, std::string_view value)
+{
+    if (name == "class_id" || name == "class_id_reference")
+    {
+        m_attributes.classId = wholeNumber<int>(value);
+        m_attributes.present |= Attributes::classIdKind;
+    }
+    else if (name == "class_name")
+    {
+        if (value.size() > maxClassName)
+            fail(archive_exception::invalid_class_name);
+        m_attributes.className = value;
+        m_attributes.present |= Attributes::classNameKind;
+    }
+    else if (name == "tracking_level")
+    {
+        const unsigned level = wholeNumber<unsigned>(value);
+        if (level > 1)
+            failSyntax();
+        m_attributes.tracking = level == 1;
+        m_attributes.present |= Attributes::trackingKind;
+    }
+    else if (name == "version")
+    {
+        m_attributes.version = wholeNumber<unsigned>(value);
+        m_attributes.present |= Attributes::versionKind;
+    }
+    else if (name == "object_id" || name == "object_id_reference")
+    {
+        if (value.empty() || value.front() != '_')
+            failSyntax();
+        m_attributes.objectId = wholeNumber<unsigned>(value.substr(1));
+        m_attributes.present |= Attributes::objectIdKind;
+    }
+    // Like the library, ignore what is unknown.
+}
+
+void XmlReader::classInfo(bool& tracking, unsigned& version)
+{
+    m_attributes.require(Attributes::trackingKind | Attributes::versionKind);
+    tracking = m_attributes.tracking;
+    version = m_attributes.version;
+}
+
+int XmlReader::classId()
+{
+    m_attributes.require(Attributes::classIdKind);
+    return m_attributes.classId;
+}
+
+std::string_view XmlReader::className()
+{
+    m_attributes.require(Attributes::classNameKind);
+    return m_attributes.className;
+}
+
+unsigned XmlReader::objectId()
+{
+    m_attributes.require(Attributes::objectIdKind);
+    return m_attributes.objectId;
+}
+
+template <class Number>
+Number XmlReader::number()
+{
+    m_source.advanceTo(toTag(1));
+    m_source.want(numberWindow);
+    // The common case has the whole number at hand; otherwise fetch more, up to a length that no writer reaches.
+    for (std::size_t window = numberWindow;; window *= 2)
+    {
+        const char* at = m_source.cursor();
+        const char* const end = m_source.end();
+        if (*at == '+')
+            ++at;
+        const char* const digits = *at == '-' ? at + 1 : at;
+        const bool isNumber =
+            (*digits >= '0' && *digits <= '9') || (std::is_floating_point_v<Number> && *digits == '.');
+        Number value = 0;
+        const auto [stop, error] = std::from_chars(at, end, value);
+        if (end - stop < longestExponent && window < maxNumberText && m_source.want(window * 2))
+            continue;
+        if (!isNumber || stop == at)
+            failInput();
+        if (error != std::errc())
+        {
+            if constexpr (std::is_floating_point_v<Number>)
+            {
+                if (!isTooSmall(std::string_view(digits, static_cast<std::size_t>(stop - digits))))
+                    failInput();
+                value = digits == at ? 0.0 : -0.0;
+            }
+            else
+                failInput();
+        }
+        m_source.advanceTo(stop);
+        return value;
+    }
+}
+
+void XmlReader::value(const char* name, bool& value)
+{
+    unsigned number = 0;
+    numberElement(name, number);
+    if (number > 1)
+        failInput();
+    value = number == 1;
+}
+
+void XmlReader::value(const char* name, int& value)
+{
+    numberElement(name, value);
+}
+
+void XmlReader::value(const char* name, unsigned& value)
+{
+    numberElement(name, value);
+}
+
+void XmlReader::value(const char* name, double& value)
+{
+    numberElement(name, value);
+}
+
+std::size_t XmlReader::count()
+{
+    std::size_t count = 0;
+    numberElement("count", count);
+    return count;
+}
+
+unsigned XmlReader::itemVersion()
+{
+    // Versions up to 3 of the library did not store it.
+    if (m_version <= 3)
+        return 0;
+    unsigned version = 0;
+    numberElement("item_version", version);
+    return version;
+}
+
+void XmlReader::value(const char* name, std::string& value)
+{
+    open(name);
+    value.clear();
+    for (;;)
+    {
+        if (!m_source.want(1))
+            failInput();
+        const char* const start = m_source.cursor();
+        const char* at = start;
+        const char* const end = m_source.end();
+        while (at != end && *at != '<' && *at != '&')
+            ++at;
+        value.append(start, at);
+        m_source.advanceTo(at);
+        if (at == end)
+            continue;
+        if (*at == '<')
+            break;
+        readReference(value);
+    }
+    close(name);
+}
+
+void XmlReader::readReference(std::string& to)
+{
+    static constexpr std::size_t maxReference = 12;
+    m_source.want(maxReference);
+    const std::string_view window(m_source.cursor(), std::min(m_source.available(), maxReference));
+    const std::size_t end = window.find(';');
+    if (end == std::string_view::npos)
+    {
+        if (window.size() < maxReference)
+            failInput();
+        failSyntax();
+    }
+    const std::string_view name = window.substr(1, end - 1);
+    if (name == "amp")
+        to += '&';
+    else if (name == "lt")
+        to += '<';
+    else if (name == "gt")
+        to += '>';
+    else if (name == "quot")
+        to += '"';
+    else if (name == "apos")
+        to += '\'';
+    else if (name.size() > 1 && name.front() == '#')
+    {
+        const bool hexadecimal = name[1] == 'x';
+        const std::string_view digits = name.substr(hexadecimal ? 2 : 1);
+        unsigned long code = 0;
+        const auto [stop, error] =
+            std::from_chars(digits.data(), digits.data() + digits.size(), code, hexadecimal ? 16 : 10);
+        const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
+        if (error != std::errc() || stop != digits.data() + digits.size() || code > 0x10FFFF || isSurrogate)
+            failSyntax();
+        appendUtf8(to, code);
+    }
+    else
+        failSyntax();
+    m_source.advanceTo(m_source.cursor() + end + 1);
+}
+
+void XmlReader::readHead()
+{
+    static constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (m_source.want(byteOrderMark.size()) &&
+        std::string_view(m_source.cursor(), byteOrderMark.size()) == byteOrderMark)
+        m_source.advanceTo(m_source.cursor() + byteOrderMark.size());
+
+    const std::string_view declaration = wholeTag();
+    if (declaration.substr(0, 5) != "?xml " || declaration.back() != '?')
+        failSyntax();
+    const std::string_view type = wholeTag();
+    static constexpr std::string_view typeStart = "!DOCTYPE";
+    if (type.substr(0, typeStart.size()) != typeStart ||
+        trimmed(type.substr(typeStart.size())) != "boost_serialization")
+        failSyntax();
+
+    std::string_view root = wholeTag();
+    static constexpr std::string_view rootName = "boost_serialization";
+    if (root.substr(0, rootName.size()) != rootName)
+        failTagMismatch(rootName.data());
+    root.remove_prefix(rootName.size());
+    bool hasSignature = false;
+    std::string_view name;
+    std::string_view value;
+    while (nextAttribute(root, name, value))
+    {
+        if (name == "signature")
+        {
+            if (value != signature)
+                fail(archive_exception::invalid_signature);
+            hasSignature = true;
+        }
+        else if (name == "version")
+            m_version = wholeNumber<unsigned>(value);
+    }
+    if (!hasSignature)
+        fail(archive_exception::invalid_signature);
+    if (m_version == 0 || m_version > libraryVersion)
+        fail(archive_exception::unsupported_version);
+}
+
+void XmlReader::finish()
+{
+    close("boost_serialization");
+}
+
+} // namespace exchange::archive

@@ -1,0 +1,108 @@
+#include "exchange/archive/XmlWriter.h"
+
+namespace exchange::archive
+{
+
+namespace
+{
+
+const char* reference(char character)
+{
+    switch (character)
+    {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '"':
+        return "&quot;";
+    case '\'':
+        return "&apos;";
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace
+
+XmlWriter::XmlWriter(std::ostream& stream) : m_sink(stream)
+{
+    append("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\" ?>\n"
+           "<!DOCTYPE boost_serialization>\n"
+           "<boost_serialization signature=\"serialization::archive\" version=\"10\">\n");
+}
+
+void XmlWriter::attribute(const char* text, long long value)
+{
+    append(text);
+    char* to = m_sink.reserve(maxNumber + 1);
+    to = std::to_chars(to, to + maxNumber, value).ptr;
+    *to++ = '"';
+    m_sink.advanceTo(to);
+}
+
+void XmlWriter::classInfo(int classId, bool tracking, unsigned version)
+{
+    newClass(classId, nullptr, tracking, version);
+}
+
+void XmlWriter::newClass(int classId, const char* key, bool tracking, unsigned version)
+{
+    attribute(" class_id=\"", classId);
+    if (key != nullptr)
+    {
+        append(" class_name=\"");
+        append(key);
+        append("\"");
+    }
+    attribute(" tracking_level=\"", tracking ? 1 : 0);
+    attribute(" version=\"", version);
+}
+
+void XmlWriter::knownClass(int classId)
+{
+    attribute(" class_id_reference=\"", classId);
+}
+
+void XmlWriter::nullPointer()
+{
+    attribute(" class_id=\"", -1);
+}
+
+void XmlWriter::newObject(unsigned objectId)
+{
+    attribute(" object_id=\"_", objectId);
+}
+
+void XmlWriter::knownObject(unsigned objectId)
+{
+    attribute(" object_id_reference=\"_", objectId);
+}
+
+void XmlWriter::value(const char* name, const std::string& value)
+{
+    m_sink.advanceTo(beginValue(name));
+    const char* plain = value.data();
+    const char* const end = plain + value.size();
+    for (const char* at = plain; at != end; ++at)
+        if (const char* const escaped = reference(*at))
+        {
+            m_sink.append(plain, static_cast<std::size_t>(at - plain));
+            append(escaped);
+            plain = at + 1;
+        }
+    m_sink.append(plain, static_cast<std::size_t>(end - plain));
+    const std::size_t size = std::strlen(name);
+    endValue(m_sink.reserve(size + 3), name);
+}
+
+void XmlWriter::finish()
+{
+    // The library's writers close the document with two line ends.
+    append("\n</boost_serialization>\n\n");
+    m_sink.flush();
+}
+
+} // namespace exchange::archive

@@ -1,0 +1,152 @@
+#ifndef EXCHANGE_ARCHIVE_XMLWRITER_H
+#define EXCHANGE_ARCHIVE_XMLWRITER_H
+
+#include "exchange/archive/ByteSink.h"
+#include "exchange/archive/NumberText.h"
+
+#include <charconv>
+#include <string>
+
+namespace exchange::archive
+{
+
+/// Writes the elements of an XML archive: the text form, without any notion of classes or objects.
+///
+/// An element is openHead(), any attributes, closeHead(), the content, close(); or openElement() in place of the first
+/// three when there are no attributes; or value() for an element that holds one value.
+class XmlWriter
+{
+public:
+    /// Arrays of numbers are element by element, each in an element of its own.
+    static constexpr bool blocks = false;
+
+    explicit XmlWriter(std::ostream& stream);
+
+    void openHead(const char* name)
+    {
+        char* to = indented(name);
+        m_sink.advanceTo(to);
+    }
+    void closeHead()
+    {
+        char* to = m_sink.reserve(1);
+        *to++ = '>';
+        m_sink.advanceTo(to);
+        ++m_depth;
+        m_indentNext = false;
+    }
+    void openElement(const char* name)
+    {
+        char* to = indented(name);
+        *to++ = '>';
+        m_sink.advanceTo(to);
+        ++m_depth;
+        m_indentNext = false;
+    }
+    void close(const char* name)
+    {
+        --m_depth;
+        const std::size_t size = std::strlen(name);
+        char* to = m_sink.reserve(size + maxIndent + 4);
+        if (m_indentNext)
+            to = indent(to);
+        m_sink.advanceTo(endTag(to, name, size));
+        m_indentNext = true;
+    }
+
+    // Attributes
+    void classInfo(int classId, bool tracking, unsigned version);
+    void newClass(int classId, const char* key, bool tracking, unsigned version);
+    void knownClass(int classId);
+    void nullPointer();
+    void newObject(unsigned objectId);
+    void knownObject(unsigned objectId);
+
+    // Elements that hold one value
+    void value(const char* name, bool value) { number(name, value ? 1 : 0); }
+    void value(const char* name, int value) { number(name, value); }
+    void value(const char* name, unsigned value) { number(name, value); }
+    void value(const char* name, double value)
+    {
+        char* to = beginValue(name);
+        to = formatDouble(to, value);
+        endValue(to, name);
+    }
+    void value(const char* name, const std::string& value);
+    void count(std::size_t count) { number("count", count); }
+    void itemVersion(unsigned version) { number("item_version", version); }
+
+    /// Ends the document and hands everything to the stream.
+    void finish();
+
+private:
+    static constexpr std::size_t maxIndent = 33;
+    static constexpr std::size_t maxNumber = maxDoubleText;
+
+    char* indent(char* to)
+    {
+        static constexpr char tabs[] = "\n\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
+        static_assert(sizeof tabs == 33);
+        std::memcpy(to, tabs, 16);
+        if (m_depth > 15) [[unlikely]]
+            std::memcpy(to + 16, tabs + 16, 16);
+        return to + 1 + m_depth;
+    }
+    char* indented(const char* name)
+    {
+        const std::size_t size = std::strlen(name);
+        char* to = m_sink.reserve(size + maxIndent + 2);
+        if (m_depth > 0)
+            to = indent(to);
+        *to++ = '<';
+        std::memcpy(to, name, size);
+        return to + size;
+    }
+    static char* endTag(char* to, const char* name, std::size_t size)
+    {
+        *to++ = '<';
+        *to++ = '/';
+        std::memcpy(to, name, size);
+        to += size;
+        *to++ = '>';
+        return to;
+    }
+    char* beginValue(const char* name)
+    {
+        const std::size_t size = std::strlen(name);
+        char* to = m_sink.reserve(2 * size + maxIndent + maxNumber + 8);
+        if (m_depth > 0)
+            to = indent(to);
+        *to++ = '<';
+        std::memcpy(to, name, size);
+        to += size;
+        *to++ = '>';
+        return to;
+    }
+    void endValue(char* to, const char* name)
+    {
+        m_sink.advanceTo(endTag(to, name, std::strlen(name)));
+        m_indentNext = true;
+    }
+    template <class Integer>
+    void number(const char* name, Integer value)
+    {
+        char* to = beginValue(name);
+        if (value >= 0 && value <= 9)
+            *to++ = static_cast<char>('0' + value);
+        else
+            to = std::to_chars(to, to + maxNumber, value).ptr;
+        endValue(to, name);
+    }
+
+    void attribute(const char* text, long long value);
+    void append(const char* text) { m_sink.append(text, std::strlen(text)); }
+
+    ByteSink m_sink;
+    int m_depth = 0;
+    bool m_indentNext = false;
+};
+
+} // namespace exchange::archive
+
+#endif
