@@ -1,0 +1,153 @@
+#include "engine/jobs/Job.h"
+
+#include "exchange/StatusTable.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace exchange::jobs
+{
+
+namespace
+{
+
+void setOnly(util::Parameterized& stages, std::string_view stage, double value)
+{
+    double* const present = stages.findDouble(stage);
+    if (present && stages.size() == 1)
+    {
+        *present = value;
+        return;
+    }
+    stages.clear();
+    stages.set(std::string(stage), value);
+}
+
+} // namespace
+
+Job::Job(int id, std::string source) : m_id(id), m_source(std::move(source))
+{
+    m_info.state = JobState::running;
+}
+
+void Job::requestCancel()
+{
+    const std::lock_guard lock(m_hookMutex);
+    m_cancel.set();
+    if (m_cancelHook)
+        m_cancelHook();
+}
+
+void Job::setCancelHook(std::function<void()> hook)
+{
+    const std::lock_guard lock(m_hookMutex);
+    m_cancelHook = std::move(hook);
+    if (m_cancelHook && m_cancel.isSet())
+        m_cancelHook();
+}
+
+void Job::setStage(std::string_view stage, double value, double percent)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_info.state != JobState::running)
+        return;
+    setOnly(m_info.stages, stage, value);
+    m_info.percent = std::max(m_info.percent, std::min(percent, 100.0));
+}
+
+void Job::addWorkers(const std::vector<int>& ids)
+{
+    const std::lock_guard lock(m_mutex);
+    m_info.workerIds.insert(m_info.workerIds.end(), ids.begin(), ids.end());
+    m_workerStages.resize(m_info.workerIds.size());
+}
+
+void Job::setWorkerStage(int worker, std::string_view stage, double value)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_info.state == JobState::running)
+        setOnly(m_workerStages.at(static_cast<std::size_t>(worker)), stage, value);
+}
+
+void Job::finish(boost::shared_ptr<const ToolpathRecords> toolpath)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_info.state != JobState::running)
+        return;
+    if (m_cancel.isSet())
+        return end(JobState::cancelled, status::cancelled);
+    m_toolpath = std::move(toolpath);
+    m_info.percent = 100.0;
+    end(JobState::finished, status::ok);
+}
+
+void Job::fail(int status, const std::string& text, const std::string& field)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_info.state != JobState::running)
+        return;
+    if (m_cancel.isSet() || status == status::cancelled)
+        return end(JobState::cancelled, status::cancelled);
+    m_info.text = m_source.empty() ? text : m_source + ": " + text;
+    m_info.field = field;
+    end(JobState::failed, status);
+}
+
+void Job::end(JobState state, int status)
+{
+    m_info.state = state;
+    m_info.status = status;
+    m_info.stages.clear();
+    for (util::Parameterized& stages : m_workerStages)
+        stages.clear();
+    m_ended.notify_all();
+}
+
+JobInfo Job::info() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_info;
+}
+
+JobInfo Job::workerInfo(int worker) const
+{
+    const std::lock_guard lock(m_mutex);
+    JobInfo info;
+    info.state = m_info.state;
+    info.status = m_info.status;
+    info.percent = m_info.percent;
+    info.stages = m_workerStages.at(static_cast<std::size_t>(worker));
+    return info;
+}
+
+JobState Job::wait(int milliseconds) const
+{
+    std::unique_lock lock(m_mutex);
+    const auto ended = [this] { return m_info.state != JobState::running; };
+    if (milliseconds < 0)
+        m_ended.wait(lock, ended);
+    else
+        m_ended.wait_for(lock, std::chrono::milliseconds(milliseconds), ended);
+    return m_info.state;
+}
+
+boost::shared_ptr<const ToolpathRecords> Job::toolpath() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_toolpath;
+}
+
+std::vector<int> Job::workerIds() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_info.workerIds;
+}
+
+bool Job::hasEnded() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_info.state != JobState::running;
+}
+
+} // namespace exchange::jobs
