@@ -1,0 +1,46 @@
+#ifndef ENGINE_POCKETING_POLYGONS_H
+#define ENGINE_POCKETING_POLYGONS_H
+
+#include "engine/pocketing/Grid.h"
+
+#include <vector>
+
+namespace exchange::pocketing
+{
+
+/// A connected area: its outer contour first, counter-clockwise, then its holes, clockwise.
+using Area = Paths;
+
+/// The accuracy of offsets, in steps of the grid.
+struct OffsetTolerance
+{
+    /// How far the chords of a rounded corner may lie from the arc.
+    double arc = 1;
+    /// How far a contour may move when points that hardly matter are left out; 0 keeps all.
+    double simplify = 0;
+};
+
+/// The connected areas of what is in one set of loops and not in another; loops within loops alternate between inside
+/// and outside.
+std::vector<Area> subtract(const Paths& from, const Paths& loops);
+
+/// The connected areas that remain of an area when it shrinks by a distance, 0 or more.
+std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance);
+
+/// What is in an area shrunk by a distance and not in any of some other areas grown by that distance.
+std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& others, double distance,
+                            const OffsetTolerance& tolerance);
+
+/// The closed path without the points that lie within the tolerance of what then remains (Douglas and Peucker 1973).
+/// Empty when nothing remains but a speck of the size of the tolerance.
+Path simplified(const Path& path, double tolerance);
+
+/// The size of an area, in square steps.
+double sizeOf(const Area& area);
+
+/// Whether a point lies in the interior of the area that loops bound, alternating between inside and outside.
+bool contains(const Paths& loops, const IntPoint& point);
+
+} // namespace exchange::pocketing
+
+#endif

@@ -1,0 +1,163 @@
+#include "engine/pocketing/RegionBuilder.h"
+
+#include "engine/jobs/JobError.h"
+#include "engine/pocketing/CurveFlattener.h"
+#include "engine/pocketing/LoopChaining.h"
+#include "engine/pocketing/LoopCheck.h"
+#include "exchange/StatusTable.h"
+#include "util/Keys.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <locale>
+#include <sstream>
+#include <string>
+#include <utility>
+
+namespace exchange::pocketing
+{
+
+namespace
+{
+
+using jobs::CancelFlag;
+using jobs::JobError;
+
+/// Flattening, rounding corners and leaving out points may each take this part of the cut tolerance.
+constexpr double toleranceShare = 1.0 / 8;
+/// What rounding to the grid may add up to, in steps.
+constexpr double roundingSteps = 4;
+
+std::vector<Polyline> flattenAll(const CurveList& curves, const char* name, CurveFlattener& flattener)
+{
+    std::vector<Polyline> pieces;
+    for (std::size_t i = 0; i < curves.size(); ++i)
+    {
+        const std::string which = std::string(name) + " " + std::to_string(i + 1);
+        if (!curves[i])
+            throw JobError(status::notASingleClosedRegion, which + " is empty.");
+        try
+        {
+            pieces.push_back(flattener.flatten(*curves[i]));
+        }
+        catch (const jobs::Cancelled&)
+        {
+            throw;
+        }
+        catch (const std::exception& error)
+        {
+            throw JobError(status::notASingleClosedRegion, which + " cannot be used: " + error.what() + ".");
+        }
+    }
+    return pieces;
+}
+
+/// The grid for the given loops.
+Grid gridOver(const std::vector<Polyline>& stock, const std::vector<Polyline>& part)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    Point low(infinity, infinity);
+    Point high(-infinity, -infinity);
+    for (const auto* loops : {&stock, &part})
+        for (const Polyline& loop : *loops)
+            for (const Point& point : loop)
+                for (int i = 0; i < 2; ++i)
+                {
+                    low[i] = std::min(low[i], point[i]);
+                    high[i] = std::max(high[i], point[i]);
+                }
+    const double extent = std::max(high[0] - low[0], high[1] - low[1]);
+    // Below, steps could not be told apart in a double; above, lengths would overflow.
+    const double farthest = std::max({std::fabs(low[0]), std::fabs(low[1]), std::fabs(high[0]), std::fabs(high[1])});
+    if (!(extent > farthest * 1e-6 && extent > 1e-100 && extent < 1e100))
+        throw JobError(status::notASingleClosedRegion, "The boundaries have no usable size.");
+    return Grid(Point(low[0] + (high[0] - low[0]) / 2, low[1] + (high[1] - low[1]) / 2), extent);
+}
+
+Paths toGrid(const std::vector<Polyline>& loops, const Grid& grid)
+{
+    Paths paths;
+    for (const Polyline& loop : loops)
+    {
+        Path path;
+        for (const Point& point : loop)
+        {
+            const IntPoint step = grid.toGrid(point);
+            if (path.empty() || path.back() != step)
+                path.push_back(step);
+        }
+        while (path.size() > 1 && path.front() == path.back())
+            path.pop_back();
+        paths.push_back(std::move(path));
+    }
+    return paths;
+}
+
+double extentOf(const Paths& paths)
+{
+    Box box;
+    for (const Path& path : paths)
+        box.include(boxOf(path));
+    return static_cast<double>(std::max(box.right - box.left, box.top - box.bottom));
+}
+
+void checkTolerance(const PocketingParameters& parameters, const Grid& grid, double extent)
+{
+    const double least = leastToleranceFactor * grid.toLength(extent);
+    if (parameters.cutTolerance >= least)
+        return;
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << "\"Cut Tolerance\" is " << parameters.cutTolerance << "; for a part of this size it must be at least "
+         << least << ".";
+    throw JobError(status::internalError, text.str(), util::keys::cutTolerance);
+}
+
+} // namespace
+
+RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters& parameters, const CancelFlag& cancel,
+                        const std::function<void(double)>& done)
+{
+    const double share = parameters.cutTolerance * toleranceShare;
+    CurveFlattener flattener(share, maxBoundaryPoints, cancel);
+    const auto loopsOf = [&](const CurveList& curves, const char* name)
+    { return chainLoops(flattenAll(curves, name, flattener), parameters.chainingTolerance, cancel); };
+    const std::vector<Polyline> stock = loopsOf(input.boundaries.materialBoundaries, "Material boundary");
+    done(0.2);
+    const std::vector<Polyline> part = loopsOf(input.boundaries.partBoundaries, "Part boundary");
+    done(0.4);
+
+    RegionPlan plan;
+    plan.grid = gridOver(stock, part);
+    plan.stock = toGrid(stock, plan.grid);
+    plan.part = toGrid(part, plan.grid);
+    const double extent = std::max(extentOf(plan.stock), extentOf(plan.part));
+    checkTolerance(parameters, plan.grid, extent);
+    checkLoops(plan.stock, SegmentIndex(plan.stock), plan.grid, cancel);
+    checkLoops(plan.part, SegmentIndex(plan.part), plan.grid, cancel);
+    done(0.6);
+
+    const std::vector<Area> areas = subtract(plan.stock, plan.part);
+    if (areas.empty())
+        throw JobError(status::notASingleClosedRegion, statusText(status::notASingleClosedRegion));
+    cancel.check();
+    done(0.8);
+
+    plan.tolerance = {plan.grid.toSteps(share), plan.grid.toSteps(share)};
+    // Each approximation errs by its share at most: with all three added the tool stays clear in any case.
+    const double distance = plan.grid.toSteps(parameters.clearance() + 3 * share) + roundingSteps;
+    if (distance < extent)
+        for (const Area& area : areas)
+        {
+            cancel.check();
+            for (Area& region : shrink(area, distance, plan.tolerance))
+                plan.regions.push_back(std::move(region));
+        }
+    if (plan.regions.empty())
+        throw JobError(status::noToolpath, statusText(status::noToolpath));
+    done(1.0);
+    return plan;
+}
+
+} // namespace exchange::pocketing

@@ -1,0 +1,111 @@
+#include "engine/pocketing/Rings.h"
+
+#include "engine/jobs/JobError.h"
+#include "exchange/StatusTable.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace exchange::pocketing
+{
+
+Ring* RingStore::add(Area contours)
+{
+    const std::lock_guard lock(m_mutex);
+    count(contours);
+    m_rings.emplace_back();
+    m_rings.back().contours = std::move(contours);
+    return &m_rings.back();
+}
+
+void RingStore::addLeftover(Ring& ring, Area area)
+{
+    const std::lock_guard lock(m_mutex);
+    count(area);
+    for (Path& path : area)
+        ring.leftovers.push_back(std::move(path));
+}
+
+void RingStore::count(const Area& area)
+{
+    for (const Path& path : area)
+        m_points += static_cast<double>(path.size() + 4);
+    if (m_points > m_maxPoints)
+        throw jobs::JobError(status::internalError, "The toolpath would have too many records; a greater \"Stepover\", "
+                                                    "\"Depth of Cut\" or \"Cut Tolerance\" makes it shorter.");
+}
+
+RingBuilder::RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel)
+    : m_store(store), m_steps(steps), m_cancel(cancel)
+{
+}
+
+void RingBuilder::buildBlock(Ring& start, const BlockSink& nextBlock, const AreaSink& areaDone) const
+{
+    std::vector<Ring*> next = shrunk(start, blockRings * m_steps.stepover);
+    for (Ring* const ring : next)
+        nextBlock(*ring);
+
+    std::vector<Ring*> current{&start};
+    for (int step = 1; step <= blockRings && !current.empty(); ++step)
+    {
+        std::vector<Ring*> inside;
+        for (Ring* const ring : current)
+        {
+            ring->children = step < blockRings ? shrunk(*ring, m_steps.stepover) : takeInside(*ring, next);
+            // The areas of the next blocks follow from the start in one step: one that no ring is found around hangs
+            // on the last ring.
+            if (step == blockRings && ring == current.back())
+                ring->children.insert(ring->children.end(), next.begin(), next.end());
+            addLeftovers(*ring);
+            double done = sizeOf(ring->contours);
+            for (const Ring* const child : ring->children)
+                done -= sizeOf(child->contours);
+            areaDone(std::max(0.0, done));
+            inside.insert(inside.end(), ring->children.begin(), ring->children.end());
+        }
+        current = std::move(inside);
+    }
+}
+
+std::vector<Ring*> RingBuilder::shrunk(const Ring& ring, double distance) const
+{
+    m_cancel.check();
+    std::vector<Ring*> rings;
+    for (Area& area : shrink(ring.contours, distance, m_steps.offset))
+        rings.push_back(m_store.add(std::move(area)));
+    return rings;
+}
+
+void RingBuilder::addLeftovers(Ring& ring) const
+{
+    // A ring clears one tool radius to its inside. When the next one is nearer than that, nothing can be left.
+    const double margin = m_steps.cutTolerance / 2;
+    const double reach = m_steps.toolRadius - margin;
+    if (m_steps.stepover + 2 * m_steps.cutTolerance <= reach)
+        return;
+    m_cancel.check();
+    std::vector<const Area*> children;
+    for (const Ring* const child : ring.children)
+        children.push_back(&child->contours);
+    for (Area& area : uncovered(ring.contours, children, reach, m_steps.offset))
+    {
+        m_cancel.check();
+        // What is thinner than the two margins is covered.
+        if (!shrink(area, margin, m_steps.offset).empty())
+            m_store.addLeftover(ring, std::move(area));
+    }
+}
+
+std::vector<Ring*> RingBuilder::takeInside(const Ring& ring, std::vector<Ring*>& candidates)
+{
+    std::vector<Ring*> inside;
+    const auto isInside = [&ring](const Ring* candidate)
+    { return contains(ring.contours, candidate->contours.front().front()); };
+    std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(inside), isInside);
+    std::erase_if(candidates, isInside);
+    return inside;
+}
+
+} // namespace exchange::pocketing

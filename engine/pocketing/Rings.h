@@ -1,0 +1,88 @@
+#ifndef ENGINE_POCKETING_RINGS_H
+#define ENGINE_POCKETING_RINGS_H
+
+#include "engine/jobs/CancelFlag.h"
+#include "engine/pocketing/Polygons.h"
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <vector>
+
+namespace exchange::pocketing
+{
+
+/// A set of closed cuts at one distance from the walls: the contours of one connected area. The rings of a region form
+/// a tree that follows how the area falls apart as it shrinks.
+struct Ring
+{
+    Area contours;
+    /// Closed cuts for what neither this ring nor the ones inside it would remove.
+    Paths leftovers;
+    /// The rings inside this one, one stepover away, in a fixed order.
+    std::vector<Ring*> children;
+};
+
+/// Owns the rings of a job and keeps count of what their cuts come to.
+class RingStore
+{
+public:
+    /// \param maxPoints how many points all rings may have
+    explicit RingStore(double maxPoints) : m_maxPoints(maxPoints) {}
+
+    /// Adds a ring; it never moves. May be called from any thread.
+    /// \throws jobs::JobError when the rings come to too many points
+    Ring* add(Area contours);
+    void addLeftover(Ring& ring, Area area);
+
+private:
+    void count(const Area& area);
+
+    const double m_maxPoints;
+    std::mutex m_mutex;
+    std::deque<Ring> m_rings;
+    double m_points = 0;
+};
+
+/// Steps of the grid that rings are made with.
+struct RingSteps
+{
+    double stepover = 0;
+    double toolRadius = 0;
+    double cutTolerance = 0;
+    OffsetTolerance offset;
+};
+
+/// Fills an area with rings. The work is cut in blocks of a few rings that can be done at the same time: a block
+/// computes the areas that the blocks after it start from before it fills in its own rings. The result does not depend
+/// on the order in which blocks are done.
+class RingBuilder
+{
+public:
+    /// Receives the ring that a further block starts from; called from buildBlock.
+    using BlockSink = std::function<void(Ring&)>;
+    /// Receives the size of the area, in square steps, that has been dealt with since the last call.
+    using AreaSink = std::function<void(double)>;
+
+    RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel);
+
+    /// Builds the rings inside `start`, as many as make a block.
+    void buildBlock(Ring& start, const BlockSink& nextBlock, const AreaSink& areaDone) const;
+
+private:
+    /// How many stepovers a block spans.
+    static constexpr int blockRings = 8;
+
+    std::vector<Ring*> shrunk(const Ring& ring, double distance) const;
+    void addLeftovers(Ring& ring) const;
+    static std::vector<Ring*> takeInside(const Ring& ring, std::vector<Ring*>& candidates);
+
+    RingStore& m_store;
+    const RingSteps m_steps;
+    const jobs::CancelFlag& m_cancel;
+};
+
+} // namespace exchange::pocketing
+
+#endif

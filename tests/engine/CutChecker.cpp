@@ -1,0 +1,302 @@
+#include "tests/engine/CutChecker.h"
+
+#include "util/Constants.h"
+#include "util/Keys.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace cuts
+{
+
+namespace keys = util::keys;
+
+namespace
+{
+
+/// Failures beyond this many say nothing new.
+constexpr int enoughFailures = 5;
+
+struct Limits
+{
+    double radius;
+    double clearance;
+    double tolerance;
+};
+
+Limits limitsOf(const exchange::Tessaron2dInput& input)
+{
+    const double diameter = input.parameters.numberOr(keys::toolDiameter, 0);
+    return {diameter / 2, diameter / 2 + input.parameters.numberOr(keys::xyStockToLeave, 0),
+            input.parameters.numberOr(keys::cutTolerance, diameter / 1000)};
+}
+
+/// Whether an upward ray from a point meets the segments an odd number of times.
+class Inside
+{
+public:
+    explicit Inside(std::vector<Segment> segments) : m_segments(std::move(segments)) {}
+    /// For many points of one x: the heights at which the boundary is crossed there.
+    std::vector<double> crossings(double x) const
+    {
+        std::vector<double> heights;
+        for (const Segment& s : m_segments)
+            if ((s.start[0] <= x) != (s.end[0] <= x))
+                heights.push_back(s.start[1] + (x - s.start[0]) / (s.end[0] - s.start[0]) * (s.end[1] - s.start[1]));
+        std::sort(heights.begin(), heights.end());
+        return heights;
+    }
+
+private:
+    std::vector<Segment> m_segments;
+};
+
+bool isInside(const std::vector<double>& crossings, double y)
+{
+    return (crossings.end() - std::upper_bound(crossings.begin(), crossings.end(), y)) % 2 == 1;
+}
+
+class RecordWalker : public boost::static_visitor<void>
+{
+public:
+    RecordWalker(Levels& levels, double rapidZ) : m_levels(levels), m_rapidZ(rapidZ) {}
+
+    void operator()(const exchange::RapidMove& move)
+    {
+        const geom::PointNd<3>& to = move.endPt;
+        const bool across = m_started && !sameXY(to);
+        if (across && (m_at[2] < m_rapidZ || to[2] < m_rapidZ))
+            fail("a rapid runs across the part below the rapid plane");
+        m_at = to;
+        m_started = true;
+    }
+    void operator()(const exchange::LinearMove& move)
+    {
+        const geom::PointNd<3>& to = move.endPt;
+        if (m_feed <= 0 || m_speed <= 0)
+            fail("a cut comes before feed rate and spindle speed");
+        if (m_at[2] == to[2])
+            m_levels[to[2]].push_back({Point(m_at[0], m_at[1]), Point(to[0], to[1])});
+        else if (!sameXY(to) || to[2] > m_at[2])
+            fail("a cutting move is neither level nor straight down");
+        m_at = to;
+    }
+    void operator()(const exchange::FeedRate& feed) { m_feed = feed.feedrate; }
+    void operator()(const exchange::SpindleSpeed& spindle) { m_speed = spindle.speed; }
+    template <class Other>
+    void operator()(const Other&)
+    {
+        fail("a record of a kind that pocketing does not make");
+    }
+
+private:
+    bool sameXY(const geom::PointNd<3>& to) const { return m_at[0] == to[0] && m_at[1] == to[1]; }
+    void fail(const char* what)
+    {
+        if (++m_failures <= enoughFailures)
+            ADD_FAILURE() << what << " at (" << m_at[0] << ", " << m_at[1] << ", " << m_at[2] << ")";
+    }
+
+    Levels& m_levels;
+    double m_rapidZ;
+    geom::PointNd<3> m_at;
+    bool m_started = false;
+    double m_feed = 0;
+    double m_speed = 0;
+    int m_failures = 0;
+};
+
+} // namespace
+
+double distance(const Point& point, const Segment& segment)
+{
+    const double dx = segment.end[0] - segment.start[0];
+    const double dy = segment.end[1] - segment.start[1];
+    const double px = point[0] - segment.start[0];
+    const double py = point[1] - segment.start[1];
+    const double length2 = dx * dx + dy * dy;
+    const double t = length2 > 0 ? std::clamp((px * dx + py * dy) / length2, 0.0, 1.0) : 0.0;
+    return std::hypot(px - t * dx, py - t * dy);
+}
+
+long long SegmentCells::index(double coordinate) const
+{
+    return static_cast<long long>(std::floor(coordinate / m_cellSize));
+}
+
+void SegmentCells::add(const Segment& segment)
+{
+    // A long segment goes into the cells along it piece by piece.
+    const double length = std::hypot(segment.end[0] - segment.start[0], segment.end[1] - segment.start[1]);
+    const int pieces = std::max(1, static_cast<int>(std::ceil(length / m_cellSize)));
+    const auto at = [&](int i)
+    {
+        const double t = static_cast<double>(i) / pieces;
+        return Point(segment.start[0] + t * (segment.end[0] - segment.start[0]),
+                     segment.start[1] + t * (segment.end[1] - segment.start[1]));
+    };
+    for (int i = 0; i < pieces; ++i)
+    {
+        const Segment piece{at(i), at(i + 1)};
+        const auto [left, right] = std::minmax(index(piece.start[0]), index(piece.end[0]));
+        const auto [bottom, top] = std::minmax(index(piece.start[1]), index(piece.end[1]));
+        for (long long x = left; x <= right; ++x)
+            for (long long y = bottom; y <= top; ++y)
+                m_cells[cell(x, y)].push_back(piece);
+    }
+}
+
+double SegmentCells::distanceTo(const Point& point) const
+{
+    double nearest = 2 * m_cellSize;
+    const long long x = index(point[0]);
+    const long long y = index(point[1]);
+    for (long long dx = -1; dx <= 1; ++dx)
+        for (long long dy = -1; dy <= 1; ++dy)
+        {
+            const auto found = m_cells.find(cell(x + dx, y + dy));
+            if (found == m_cells.end())
+                continue;
+            for (const Segment& segment : found->second)
+                nearest = std::min(nearest, distance(point, segment));
+        }
+    return nearest;
+}
+
+Levels levelsOf(const exchange::ToolpathRecords& toolpath, const util::Parameterized& parameters)
+{
+    Levels levels;
+    RecordWalker walker(levels, parameters.numberOr(keys::rapidPlaneZ, 0));
+    for (const exchange::ToolpathRecord& record : toolpath.records)
+        boost::apply_visitor(walker, record);
+    return levels;
+}
+
+std::vector<Segment> samples(const exchange::CurveList& curves)
+{
+    std::vector<Segment> segments;
+    for (const auto& curve : curves)
+    {
+        // Vertices of polylines lie at whole parameter values, so a multiple of the range meets them all.
+        const double from = curve->startParam();
+        const double range = curve->endParam() - from;
+        const int pieces = static_cast<int>(std::ceil(range)) * (range > 20 ? 1 : 400);
+        Point last = curve->pointAt(from);
+        for (int i = 1; i <= pieces; ++i)
+        {
+            const Point next = curve->pointAt(from + range * i / pieces);
+            segments.push_back({last, next});
+            last = next;
+        }
+    }
+    return segments;
+}
+
+void checkNoGouge(const exchange::Tessaron2dInput& input, const Levels& levels)
+{
+    const Limits limits = limitsOf(input);
+    SegmentCells walls(limits.clearance + 1);
+    std::vector<Segment> all = samples(input.boundaries.partBoundaries);
+    const Inside part(all);
+    const Inside stock(samples(input.boundaries.materialBoundaries));
+    for (const Segment& segment : all)
+        walls.add(segment);
+    for (const Segment& segment : samples(input.boundaries.materialBoundaries))
+        walls.add(segment);
+
+    int failures = 0;
+    for (const auto& [z, segments] : levels)
+        for (std::size_t i = 0; i < segments.size(); ++i)
+        {
+            const Segment& s = segments[i];
+            const double length = std::hypot(s.end[0] - s.start[0], s.end[1] - s.start[1]);
+            const int pieces = std::max(1, static_cast<int>(std::ceil(length / (limits.radius / 4))));
+            for (int step = 0; step <= pieces && failures < enoughFailures; ++step)
+            {
+                const double t = static_cast<double>(step) / pieces;
+                const Point point(s.start[0] + t * (s.end[0] - s.start[0]), s.start[1] + t * (s.end[1] - s.start[1]));
+                const double clearance = walls.distanceTo(point);
+                if (clearance < limits.clearance - limits.tolerance)
+                {
+                    ++failures;
+                    ADD_FAILURE() << "gouge: only " << clearance << " from a boundary at (" << point[0] << ", "
+                                  << point[1] << "), level " << z;
+                }
+            }
+            // No wall lies near a cut, so all of a cut is on one side of them: one point in a few tells which.
+            if (i % 16 == 0 && failures < enoughFailures &&
+                (isInside(part.crossings(s.start[0]), s.start[1]) ||
+                 !isInside(stock.crossings(s.start[0]), s.start[1])))
+            {
+                ++failures;
+                ADD_FAILURE() << "a cut inside the part or outside the stock at (" << s.start[0] << ", " << s.start[1]
+                              << ")";
+            }
+        }
+}
+
+void checkCoverage(const exchange::Tessaron2dInput& input, const Levels& levels, double pitch)
+{
+    const Limits limits = limitsOf(input);
+    const std::vector<Segment> partWalls = samples(input.boundaries.partBoundaries);
+    const std::vector<Segment> stockWalls = samples(input.boundaries.materialBoundaries);
+    const Inside part(partWalls);
+    const Inside stock(stockWalls);
+    SegmentCells walls(limits.clearance + limits.tolerance);
+    Point low(1e300, 1e300);
+    Point high(-1e300, -1e300);
+    for (const auto* list : {&partWalls, &stockWalls})
+        for (const Segment& segment : *list)
+            walls.add(segment);
+    for (const Segment& segment : stockWalls)
+        for (int i = 0; i < 2; ++i)
+        {
+            low[i] = std::min(low[i], segment.start[i]);
+            high[i] = std::max(high[i], segment.start[i]);
+        }
+
+    std::vector<std::pair<double, SegmentCells>> swept;
+    for (const auto& [z, segments] : levels)
+    {
+        swept.emplace_back(z, SegmentCells(limits.radius));
+        for (const Segment& segment : segments)
+            swept.back().second.add(segment);
+    }
+    ASSERT_FALSE(swept.empty());
+
+    // Wherever the tool may stand with its axis, all of its disc must have been cleared.
+    int reachable = 0;
+    int failures = 0;
+    // An odd start keeps the places off the vertices, where curves of a chain meet only nearly.
+    const double offset = pitch * 0.3719;
+    for (double x = low[0] + offset; x <= high[0]; x += pitch)
+    {
+        const std::vector<double> partCrossings = part.crossings(x);
+        const std::vector<double> stockCrossings = stock.crossings(x);
+        for (double y = low[1] + offset; y <= high[1]; y += pitch)
+        {
+            if (!isInside(stockCrossings, y) || isInside(partCrossings, y) ||
+                walls.distanceTo(Point(x, y)) < limits.clearance + limits.tolerance)
+                continue;
+            ++reachable;
+            for (int direction = 0; direction <= 12; ++direction)
+            {
+                const double angle = direction * util::pi / 6;
+                const double r = direction == 12 ? 0 : limits.radius - 2 * limits.tolerance;
+                const Point point(x + r * std::cos(angle), y + r * std::sin(angle));
+                for (const auto& [z, cells] : swept)
+                    if (failures < enoughFailures && cells.distanceTo(point) > limits.radius)
+                    {
+                        ++failures;
+                        ADD_FAILURE() << "not cleared: (" << point[0] << ", " << point[1] << ") at level " << z
+                                      << ", which the tool reaches from (" << x << ", " << y << ")";
+                    }
+            }
+        }
+    }
+    EXPECT_GT(reachable, 0);
+}
+
+} // namespace cuts
