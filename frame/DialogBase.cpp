@@ -50,6 +50,8 @@ bool DialogBase::create(int templateId, wxWindow* parent)
     SetFont(templateFont());
     if (!currentResources().loadDialog(*this, parent, templateId))
         return false;
+    // The template's number is not the window's: controls have numbers of their own, which may be the same.
+    SetId(wxID_ANY);
     native::makeCompact(*this);
     initialise();
     return true;

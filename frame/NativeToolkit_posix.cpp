@@ -28,8 +28,7 @@ const char compactStyle[] = "* { min-height: 0; min-width: 0; }"
                             "button, button.text-button { padding: 0 4px; }"
                             "entry { padding: 0 3px; }"
                             "combobox button, combobox button.combo { padding: 0 4px; }"
-                            "checkbutton, radiobutton { padding: 0; }"
-                            "progressbar trough, progressbar progress { min-height: 100px; border-radius: 2px; }";
+                            "checkbutton, radiobutton { padding: 0; }";
 
 GtkStyleProvider* compactProvider()
 {
@@ -48,6 +47,20 @@ void addProvider(GtkWidget* widget, gpointer)
                                    GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
     if (GTK_IS_CONTAINER(widget))
         gtk_container_forall(GTK_CONTAINER(widget), addProvider, nullptr);
+}
+
+// The native bar is a thin line whatever room it has; ours fills its control.
+void fillProgressBar(GtkWidget* bar, int height)
+{
+    const int border = 1;
+    const std::string style =
+        "progressbar trough, progressbar progress { min-height: " + std::to_string(std::max(1, height - 2 * border)) +
+        "px; border-radius: 2px; }";
+    GtkCssProvider* const provider = gtk_css_provider_new();
+    gtk_css_provider_load_from_data(provider, style.c_str(), -1, nullptr);
+    gtk_style_context_add_provider(gtk_widget_get_style_context(bar), GTK_STYLE_PROVIDER(provider),
+                                   GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+    g_object_unref(provider);
 }
 
 GtkWidget* widgetOf(wxWindow& window)
@@ -133,6 +146,8 @@ void makeCompact(wxWindow& dialog)
     for (wxWindow* const child : dialog.GetChildren())
     {
         addProvider(widgetOf(*child), nullptr);
+        if (GTK_IS_PROGRESS_BAR(widgetOf(*child)))
+            fillProgressBar(widgetOf(*child), child->GetSize().y);
         makeCompact(*child);
     }
 }

@@ -3,15 +3,14 @@
 #include "frame/PlainEntryPoints.h"
 
 #include <wx/app.h>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/filename.h>
-#include <wx/image.h>
 #include <wx/init.h>
 #include <wx/toplevel.h>
 #include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
+
+#include <gtk/gtk.h>
 
 #include <cstdlib>
 
@@ -35,7 +34,6 @@ public:
         wxApp::SetInstance(new wxApp);
         ASSERT_TRUE(wxEntryStart(argc, argv)) << "Window tests need a display: run them with tools/with-display";
         wxTheApp->SetExitOnFrameDelete(false);
-        wxInitAllImageHandlers();
     }
 
     void TearDown() override { wxEntryCleanup(); }
@@ -72,21 +70,24 @@ WindowDriver& WindowDriver::then(std::string name, std::function<void()> action)
 
 void WindowDriver::Notify()
 {
-    if (m_acting || m_steps.empty())
+    if (m_steps.empty() || *m_actionWaits)
         return;
-    m_acting = true;
     if (m_steps.front().condition())
     {
-        const Step step = std::move(m_steps.front());
+        const std::function<void()> action = std::move(m_steps.front().action);
         m_steps.pop_front();
         m_stepStart = std::chrono::steady_clock::now();
-        // An action may open a window and return only when that is gone; the steps go on meanwhile.
-        m_acting = false;
-        step.action();
-        return;
+        // Not from here: an action may open a window and return only when that is gone, and the timer must go on
+        // meanwhile.
+        *m_actionWaits = true;
+        wxTheApp->CallAfter(
+            [action, waits = m_actionWaits]
+            {
+                *waits = false;
+                action();
+            });
     }
-    m_acting = false;
-    if (std::chrono::steady_clock::now() - m_stepStart > m_deadline)
+    else if (std::chrono::steady_clock::now() - m_stepStart > m_deadline)
     {
         ADD_FAILURE() << "The step \"" << m_steps.front().name << "\" did not come in time";
         m_steps.clear();
@@ -143,14 +144,15 @@ void savePicture(wxWindow* window, const std::string& name)
     if (!folder || !window)
         return;
     window->Update();
-    const wxRect rect = window->GetScreenRect();
-    wxBitmap bitmap(rect.GetSize());
-    wxMemoryDC memory(bitmap);
-    wxScreenDC screen;
-    memory.Blit(wxPoint(0, 0), rect.GetSize(), &screen, rect.GetTopLeft());
-    memory.SelectObject(wxNullBitmap);
+    // Straight from the window's own surface: the toolkit's screen context shows what it has seen first.
+    GdkWindow* const surface = gtk_widget_get_window(static_cast<GtkWidget*>(window->GetHandle()));
+    GdkPixbuf* const picture =
+        gdk_pixbuf_get_from_window(surface, 0, 0, gdk_window_get_width(surface), gdk_window_get_height(surface));
+    ASSERT_NE(picture, nullptr);
     wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    EXPECT_TRUE(bitmap.SaveFile(wxString(folder) + "/" + name + ".png", wxBITMAP_TYPE_PNG));
+    const std::string path = std::string(folder) + "/" + name + ".png";
+    EXPECT_TRUE(gdk_pixbuf_save(picture, path.c_str(), "png", nullptr, nullptr)) << path;
+    g_object_unref(picture);
 }
 
 } // namespace testing_support

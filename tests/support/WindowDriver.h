@@ -7,6 +7,7 @@
 #include <chrono>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 
 class wxDialog;
@@ -46,7 +47,7 @@ private:
     std::deque<Step> m_steps;
     std::chrono::milliseconds m_deadline;
     std::chrono::steady_clock::time_point m_stepStart;
-    bool m_acting = false;
+    std::shared_ptr<bool> m_actionWaits = std::make_shared<bool>(false);
 };
 
 /// The shown top-level window that was opened last; null when there is none.
