@@ -142,7 +142,9 @@ std::string temporaryName(const std::string& path)
     static std::atomic<unsigned> counter{0};
     const std::size_t slash = path.rfind('/');
     const std::size_t name = slash == std::string::npos ? 0 : slash + 1;
-    return path.substr(0, name) + '.' + path.substr(name) + '.' + std::to_string(::getpid()) + '-' +
+    // A name of the full length that the system takes has no room for more.
+    constexpr std::size_t longestPart = 200;
+    return path.substr(0, name) + '.' + path.substr(name, longestPart) + '.' + std::to_string(::getpid()) + '-' +
            std::to_string(++counter) + ".tmp";
 }
 

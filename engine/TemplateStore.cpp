@@ -1,0 +1,304 @@
+#include "engine/TemplateStore.h"
+
+#include "engine/templates/ExpertDatabase.h"
+#include "engine/templates/FileNames.h"
+#include "engine/templates/Folder.h"
+#include "engine/templates/InfoFile.h"
+#include "engine/templates/SaveTemplate.h"
+#include "engine/templates/TemplateFile.h"
+#include "engine/templates/TemplateFolder.h"
+#include "engine/templates/TemplateListing.h"
+#include "exchange/StatusTable.h"
+#include "util/Keys.h"
+
+#include <algorithm>
+#include <exception>
+
+namespace util
+{
+
+namespace
+{
+
+namespace status = exchange::status;
+
+constexpr const char* definitionsExtension = ".xml";
+constexpr const char* foldersFile = "template_folders.xml";
+
+/// Runs a call of the store; what it throws (there is no other than lack of memory) becomes `code`.
+template <class Call>
+int guarded(int code, Call call)
+{
+    try
+    {
+        return call();
+    }
+    catch (const std::exception&)
+    {
+        return code;
+    }
+}
+
+int codeOfState(store::FileState state)
+{
+    switch (state)
+    {
+    case store::FileState::ok:
+        return status::ok;
+    case store::FileState::tooLarge:
+        return status::templateFormatError;
+    default:
+        return status::templateReadError;
+    }
+}
+
+/// Reads a file that may be absent, which gives `codeOfMissing`.
+int readStoreFile(const std::string& path, std::size_t limit, int codeOfMissing, std::string& bytes)
+{
+    store::FileContents contents = store::readFile(path, limit);
+    if (contents.state == store::FileState::missing)
+        return codeOfMissing;
+    bytes = std::move(contents.bytes);
+    return codeOfState(contents.state);
+}
+
+bool lacksGuid(const Parameterized& set)
+{
+    return set.stringOr(keys::templateGuid, "").empty();
+}
+
+std::string definitionsFile(const std::string& name)
+{
+    return store::fileStem(name, definitionsExtension) + definitionsExtension;
+}
+
+/// Files sets under a file name in a folder that is there.
+int writeSetsFile(const std::string& folderPath, const std::string& fileName, const std::vector<Parameterized>& sets)
+{
+    std::string bytes;
+    if (const int code = store::writeSets(sets, bytes); code != status::ok)
+        return code;
+    const store::Folder folder(folderPath);
+    if (folder.state() != store::FileState::ok)
+        return status::templateWriteError;
+    const store::FolderLock lock(folder, store::FolderLock::Kind::exclusive);
+    return !lock.isBusy() && folder.replace(fileName, bytes) ? status::ok : status::templateWriteError;
+}
+
+int readSetsFile(const std::string& path, std::size_t limit, int codeOfMissing, std::vector<Parameterized>& sets)
+{
+    std::string bytes;
+    const int code = readStoreFile(path, limit, codeOfMissing, bytes);
+    return code == status::ok ? store::readSets(bytes, sets) : code;
+}
+
+} // namespace
+
+int getTechnologyExpertData(TechnologyExpertData* data)
+{
+    if (!data)
+        return status::internalError;
+    return guarded(status::expertDatabaseCorrupted,
+                   [&]
+                   {
+                       const std::string path = templatePath(store::engineFolder(), store::expertDatabaseName);
+                       return store::readExpertDatabase(path, *data);
+                   });
+}
+
+int loadTemplateDefs(const std::string& folder, const std::string& name, TemplateInfo* info)
+{
+    if (!info)
+        return status::internalError;
+    return guarded(status::templateReadError,
+                   [&]
+                   {
+                       std::vector<Parameterized> sets;
+                       const std::string path = templatePath(store::nativePath(folder), definitionsFile(name));
+                       const int code =
+                           readSetsFile(path, store::longestTemplateFile, status::templateColumnsMissing, sets);
+                       if (code != status::ok)
+                           return code;
+                       return store::infoOfSets(sets, *info) ? status::ok : status::templateFormatError;
+                   });
+}
+
+int saveTemplateDefs(const std::string& folder, const std::string& name, const TemplateInfo& info)
+{
+    if (name.empty())
+        return status::templateNameMissing;
+    return guarded(status::templateWriteError,
+                   [&]
+                   {
+                       const std::string native = store::nativePath(folder);
+                       return store::makeFolders(native)
+                                  ? writeSetsFile(native, definitionsFile(name), store::setsOfInfo(info))
+                                  : status::templateWriteError;
+                   });
+}
+
+int loadTemplateFolders(const std::string& path, std::vector<std::string>* folders)
+{
+    if (!folders)
+        return status::internalError;
+    return guarded(status::templateReadError,
+                   [&]
+                   {
+                       std::vector<Parameterized> sets;
+                       const std::string file = templatePath(store::nativePath(path), foldersFile);
+                       constexpr int none = 1;
+                       const int code = readSetsFile(file, store::longestTemplateFile, none, sets);
+                       if (code != status::ok && code != none)
+                           return code;
+                       return store::foldersOfSets(sets, *folders) ? status::ok : status::templateFormatError;
+                   });
+}
+
+int saveTemplateFolders(const std::string& path, const std::vector<std::string>& folders)
+{
+    return guarded(status::templateWriteError,
+                   [&]
+                   {
+                       const std::string native = store::nativePath(path);
+                       return store::makeFolders(native)
+                                  ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders))
+                                  : status::templateWriteError;
+                   });
+}
+
+int loadTemplateFiles(const std::string& folder, int /*selector*/, std::vector<Parameterized>* templates)
+{
+    if (!templates)
+        return status::internalError;
+    templates->clear();
+    return guarded(status::templateReadError,
+                   [&]
+                   {
+                       const store::Folder opened(store::nativePath(folder));
+                       if (opened.state() == store::FileState::missing)
+                           return status::ok;
+                       if (opened.state() != store::FileState::ok)
+                           return status::templateReadError;
+                       return store::listTemplates(opened, *templates);
+                   });
+}
+
+int loadTemplateFile(const std::string& path, Parameterized* result)
+{
+    if (!result)
+        return status::internalError;
+    return guarded(status::templateReadError,
+                   [&]
+                   {
+                       const std::string native = store::nativePath(path);
+                       std::string bytes;
+                       Parameterized set;
+                       int code = readStoreFile(native, store::longestTemplateFile, status::templateReadError, bytes);
+                       if (code == status::ok)
+                           code = store::readSet(bytes, set);
+                       if (code != status::ok)
+                           return code;
+                       if (lacksGuid(set))
+                           return status::templateWithoutGuid;
+                       if (set.stringOr(keys::templateName, "").empty())
+                           set.set(keys::templateName, store::listedName(splitTemplatePath(native, "").name, ""));
+                       *result = std::move(set);
+                       return status::ok;
+                   });
+}
+
+int loadTemplateArrayFile(const std::string& path, std::vector<Parameterized>* templates)
+{
+    if (!templates)
+        return status::internalError;
+    return guarded(status::templateReadError,
+                   [&]
+                   {
+                       std::string bytes;
+                       std::vector<Parameterized> sets;
+                       int code = readStoreFile(store::nativePath(path), store::longestArrayFile,
+                                                status::templateReadError, bytes);
+                       if (code == status::ok && store::fileKind(bytes) == store::FileKind::oneSet)
+                           code = store::readSet(bytes, sets.emplace_back());
+                       else if (code == status::ok)
+                           code = store::readSets(bytes, sets);
+                       if (code != status::ok)
+                           return code;
+                       if (std::any_of(sets.begin(), sets.end(), lacksGuid))
+                           return status::templateWithoutGuid;
+                       *templates = std::move(sets);
+                       return status::ok;
+                   });
+}
+
+int saveTemplateFile(const std::string& path, bool failIfExists, Parameterized* set)
+{
+    if (!set)
+        return status::internalError;
+    return guarded(status::templateWriteError,
+                   [&]
+                   {
+                       const TemplatePathParts parts = splitTemplatePath(path, set->stringOr(keys::templateName, ""));
+                       const std::string name = parts.isFileName ? store::listedName(parts.name, "") : parts.name;
+                       if (name.empty())
+                           return status::templateNameMissing;
+                       const std::string native = store::nativePath(parts.folder);
+                       if (!store::makeFolders(native))
+                           return status::templateWriteError;
+                       const store::Folder folder(native);
+                       return folder.state() == store::FileState::ok
+                                  ? store::saveTemplate(folder, name, failIfExists, *set)
+                                  : status::templateWriteError;
+                   });
+}
+
+int saveTemplateArrayFile(const std::string& path, const std::vector<Parameterized>& templates)
+{
+    return guarded(status::templateWriteError,
+                   [&]
+                   {
+                       const std::string native = store::nativePath(path);
+                       const std::size_t separator = native.rfind('/');
+                       const std::string fileName = native.substr(separator + 1);
+                       if (fileName.empty())
+                           return status::templateNameMissing;
+                       std::vector<Parameterized> stamped = templates;
+                       for (Parameterized& set : stamped)
+                           if (lacksGuid(set))
+                               store::stampTemplate(set, nullptr, store::secondsNow());
+                       return writeSetsFile(native.substr(0, separator + 1), fileName, stamped);
+                   });
+}
+
+int deleteTemplateFile(const std::string& folder, const Parameterized& set)
+{
+    const std::string name = set.stringOr(keys::templateName, "");
+    if (name.empty())
+        return status::templateNameMissing;
+    return guarded(status::templateWriteError,
+                   [&]
+                   {
+                       const store::Folder opened(store::nativePath(folder));
+                       return opened.state() == store::FileState::ok ? store::deleteTemplate(opened, name, set)
+                                                                     : status::templateReadError;
+                   });
+}
+
+int genTemplateName(const std::string& folder, const std::string& prefix, Parameterized* result)
+{
+    if (!result)
+        return status::internalError;
+    return guarded(status::templateReadError,
+                   [&]
+                   {
+                       const store::Folder opened(store::nativePath(folder));
+                       std::vector<std::string> entries;
+                       const bool read = opened.state() == store::FileState::ok && opened.entries(entries);
+                       if (!read && opened.state() != store::FileState::missing)
+                           return status::templateReadError;
+                       result->set(keys::templateName, store::firstFreeName(prefix, store::namesOfFiles(entries)));
+                       return status::ok;
+                   });
+}
+
+} // namespace util

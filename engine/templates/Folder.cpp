@@ -1,0 +1,35 @@
+#include "engine/templates/Folder.h"
+
+#include "engine/TemplatePath.h"
+#include "util/AtomicFile.h"
+
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+namespace util::store
+{
+
+bool Folder::replace(const std::string& name, const std::string& bytes) const
+{
+    try
+    {
+        AtomicFile file(templatePath(m_path, name));
+        file.stream().write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        file.commit();
+        return true;
+    }
+    catch (const AtomicFileError&)
+    {
+        return false;
+    }
+}
+
+bool makeFolders(const std::string& path)
+{
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    return std::filesystem::is_directory(path, error);
+}
+
+} // namespace util::store

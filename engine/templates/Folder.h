@@ -1,0 +1,121 @@
+#ifndef ENGINE_TEMPLATES_FOLDER_H
+#define ENGINE_TEMPLATES_FOLDER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace util::store
+{
+
+/// Tells one state of a file from another without reading it.
+struct FileStamp
+{
+    std::uint64_t device = 0;
+    std::uint64_t file = 0;    ///< the file's number on its device
+    std::uint64_t size = 0;    ///< bytes
+    std::int64_t modified = 0; ///< nanoseconds since 1970; so is `changed`
+    std::int64_t changed = 0;  ///< last change of the contents or of the file's own data; no program can set it
+
+    bool operator==(const FileStamp& other) const = default;
+};
+
+enum class FileState
+{
+    ok,
+    missing,
+    notAFile, ///< a folder, a device, a pipe
+    tooLarge,
+    failed, ///< refused, or the device failed
+};
+
+/// What a file held, and the state it was in.
+struct FileContents
+{
+    FileState state = FileState::failed;
+    FileStamp stamp;
+    std::string bytes; ///< only when state is ok
+};
+
+/// An open folder.
+class Folder
+{
+public:
+    /// Opens a folder for reading; works in folders that cannot be written.
+    explicit Folder(const std::string& path);
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder();
+
+    /// ok when the folder is open; otherwise missing, notAFile or failed.
+    FileState state() const { return m_state; }
+    const std::string& path() const { return m_path; }
+    /// Same for two paths exactly when they lead to the same folder.
+    std::pair<std::uint64_t, std::uint64_t> identity() const;
+
+    /// The names of all entries, in no order. False when the folder cannot be read to its end.
+    bool entries(std::vector<std::string>& names) const;
+    /// The stamp of a file; links are followed. Never waits, whatever the entry is.
+    FileState stamp(const std::string& name, FileStamp& result) const;
+    /// Reads a file to its end, unless it is larger than `limit` bytes. Links are followed. Never waits.
+    FileContents read(const std::string& name, std::size_t limit) const;
+    /// Puts a file with these bytes in the place of one that may be there, in one step, and returns when it is safe on
+    /// disk. After a failure or a crash the old file is whole.
+    bool replace(const std::string& name, const std::string& bytes) const;
+    /// Removes a file and flushes the folder.
+    bool remove(const std::string& name) const;
+
+private:
+    friend class FolderLock;
+    int m_handle = -1;
+    FileState m_state = FileState::failed;
+    std::string m_path;
+};
+
+/// A claim on a folder that holds between processes as well as between threads, for the lifetime of the object. It
+/// leaves nothing in the folder, needs no right to write there, and ends with the process however that ends.
+class FolderLock
+{
+public:
+    enum class Kind
+    {
+        shared,   ///< excludes exclusive claims
+        exclusive ///< excludes all other claims
+    };
+
+    /// Waits for the claim for `patience` milliseconds at most.
+    FolderLock(const Folder& folder, Kind kind, int patience = 10000);
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+    ~FolderLock();
+
+    /// The claim holds.
+    bool isHeld() const { return m_held; }
+    /// Somebody else holds on to the folder. Neither held nor busy: the file system has no such claims.
+    bool isBusy() const { return m_busy; }
+
+private:
+    int m_handle = -1;
+    bool m_held = false;
+    bool m_busy = false;
+};
+
+/// Reads a file by its path, as Folder::read().
+FileContents readFile(const std::string& path, std::size_t limit);
+
+/// A path given by a host, in the platform's form. Both kinds of separator are taken as separators, except in a path
+/// that exists just as it is written.
+std::string nativePath(const std::string& path);
+
+/// Makes a folder and those above it; false when it is not there afterwards.
+bool makeFolders(const std::string& path);
+
+/// Keeps signals of the process away from the calling thread, so that a host's handlers never run on threads of ours.
+void blockSignals();
+
+} // namespace util::store
+
+#endif

@@ -1,0 +1,22 @@
+#ifndef ENGINE_TEMPLATES_TEMPLATELISTING_H
+#define ENGINE_TEMPLATES_TEMPLATELISTING_H
+
+#include "engine/templates/Folder.h"
+#include "util/Parameterized.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace util::store
+{
+
+/// Lists the templates of an open folder as loadTemplateFiles() says, from this process's memory of what unchanged
+/// files held and from the files themselves. `filesRead` receives how many files had to be read.
+int listTemplates(const Folder& folder, std::vector<Parameterized>& templates, std::size_t* filesRead = nullptr);
+
+/// Forgets what files held, so that the next listing reads all of them.
+void forgetListings();
+
+} // namespace util::store
+
+#endif
