@@ -113,9 +113,6 @@ std::string nativePath(const std::string& path);
 /// Makes a folder and those above it; false when it is not there afterwards.
 bool makeFolders(const std::string& path);
 
-/// Keeps signals of the process away from the calling thread, so that a host's handlers never run on threads of ours.
-void blockSignals();
-
 } // namespace util::store
 
 #endif

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -241,16 +240,6 @@ std::string nativePath(const std::string& path)
     std::string native = path;
     std::replace(native.begin(), native.end(), '\\', '/');
     return native;
-}
-
-void blockSignals()
-{
-    sigset_t all;
-    ::sigfillset(&all);
-    // What a thread does to itself still reaches the host's crash reporter.
-    for (const int own : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGSYS})
-        ::sigdelset(&all, own);
-    ::pthread_sigmask(SIG_SETMASK, &all, nullptr);
 }
 
 } // namespace util::store

@@ -1,6 +1,6 @@
 #include "engine/templates/Parallel.h"
 
-#include "engine/templates/Folder.h"
+#include "engine/jobs/SignalBlock.h"
 
 #include <algorithm>
 #include <atomic>
@@ -46,13 +46,9 @@ void inParallel(std::size_t count, const std::function<void(std::size_t, std::si
     std::vector<std::jthread> helpers;
     try
     {
+        const exchange::jobs::SignalBlock block;
         for (std::size_t i = 1; i < threads; ++i)
-            helpers.emplace_back(
-                [&run]
-                {
-                    blockSignals();
-                    run();
-                });
+            helpers.emplace_back(run);
     }
     catch (const std::system_error&)
     {
