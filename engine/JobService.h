@@ -14,7 +14,7 @@
 /// from any thread at any time and returns at once, waitForJob and the reading of an archive aside.
 ///
 /// Job ids are positive and never used twice in a process. A job that the engine splits over worker threads has worker
-/// jobs with ids of their own: they can be asked for their state, percentage and stages, and are cancelled only through
+/// jobs with ids of their own: they can be asked for their state, percentage and stages, and stop together with
 /// the job they belong to.
 ///
 /// Lifetime: a job is known until releaseJob, which cancels it when it still runs. Of the jobs that have ended and were
@@ -108,10 +108,10 @@ TESSARON_ENGINES_API JobState waitForJob(int jobId, int milliseconds);
 /// the pointer is held.
 TESSARON_ENGINES_API boost::shared_ptr<const ToolpathRecords> jobToolpath(int jobId);
 
-/// Asks a job to stop and returns at once. The job ends within 50 ms. A single polygon operation that is under way then
-/// cannot be broken off: on a very large part its thread may compute on to the end of that operation, after the job
-/// has ended, and throws the result away. Does nothing to a job that has ended.
-/// \return status::ok, or status::unknownJob
+/// Asks a job, or the job that a worker job belongs to, to stop and returns at once. The job ends within 50 ms. A
+/// single polygon operation that is under way then cannot be broken off: on a very large part its thread may compute on
+/// to the end of that operation, after the job has ended, and throws the result away. Does nothing to a job that has
+/// ended. \return status::ok, or status::unknownJob
 TESSARON_ENGINES_API int cancelJob(int jobId);
 
 /// Forgets a job, after cancelling it when it still runs. Its id is unknown from then on.

@@ -82,7 +82,7 @@ void checkSides(const Path& loop, const Path& other, const Grid& grid)
 void checkLoops(const Paths& loops, const SegmentIndex& index, const Grid& grid, const jobs::CancelFlag& cancel)
 {
     for (const Path& loop : loops)
-        if (loop.size() < 3 || std::fabs(ClipperLib::Area(loop)) < 1)
+        if (loop.size() < 3)
             refuse("A boundary encloses no area", grid, loop.front());
 
     std::set<std::pair<std::size_t, std::size_t>> touchingLoops;
@@ -110,6 +110,9 @@ void checkLoops(const Paths& loops, const SegmentIndex& index, const Grid& grid,
                 return true;
             });
     }
+    for (const Path& loop : loops)
+        if (std::fabs(ClipperLib::Area(loop)) < 1)
+            refuse("A boundary encloses no area", grid, loop.front());
     for (const auto& [first, second] : touchingLoops)
     {
         cancel.check();
