@@ -10,4 +10,6 @@ function(tessaron_embed target folder)
     COMMENT "Embedding dialog templates and pictures"
     VERBATIM)
   target_sources(${target} PRIVATE "${generated}")
+  add_custom_target(tessaron_embedded_files DEPENDS "${generated}")
+  add_dependencies(tessaron_generated tessaron_embedded_files)
 endfunction()

@@ -10,7 +10,7 @@ class wxWindow;
 namespace TessaronResources::native
 {
 
-/// Puts the process's locale and signal handlers back when it goes.
+/// Around the start of the toolkit: keeps GTK quiet meanwhile, and puts the process's locale and signal handlers back.
 class ProcessStateKeeper
 {
 public:

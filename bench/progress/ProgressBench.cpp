@@ -1,0 +1,118 @@
+// What a progress window costs while a job runs, on the user-interface thread, and how fast Cancel is. A real job of
+// the engine runs beside it. Needs a display.
+#include "engine/JobService.h"
+#include "frame/EntryPoints.h"
+#include "tests/progress/ScriptedProgress.h"
+#include "tests/support/WindowDriver.h"
+
+#include <boost/make_shared.hpp>
+
+#include <wx/toplevel.h>
+
+#include <benchmark/benchmark.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <chrono>
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+typedef boost::shared_ptr<exchange::ProgressData> Record;
+
+double threadSeconds()
+{
+    struct rusage usage = {};
+    getrusage(RUSAGE_THREAD, &usage);
+    const auto seconds = [](const timeval& t)
+    { return static_cast<double>(t.tv_sec) + 1e-6 * static_cast<double>(t.tv_usec); };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+double since(Clock::time_point start)
+{
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// A job that keeps changing, whose workers are jobs that the engine does not know or one that it runs.
+boost::shared_ptr<ScriptedProgress> busyRecord(double seconds, int workers, int workerJob)
+{
+    auto record = boost::make_shared<ScriptedProgress>();
+    record->m_workers.assign(static_cast<std::size_t>(workers), workerJob);
+    const auto start = Clock::now();
+    record->m_onRefresh = [record = record.get(), start, seconds](int)
+    {
+        const double share = since(start) / seconds;
+        record->report(share < 1 ? 100 * share : -1, stageSet({{"Creating toolpath: ", share}}));
+    };
+    return record;
+}
+
+// Share of one core that the loop takes, in percent, and processor time per poll in microseconds.
+void loopCost(benchmark::State& state)
+{
+    const int workers = static_cast<int>(state.range(0));
+    const exchange::JobStart job = exchange::startJobFromFile(TESSARON_SAMPLES "/large.xml");
+    if (job.jobId <= 0)
+    {
+        state.SkipWithError(job.text.c_str());
+        return;
+    }
+    for ([[maybe_unused]] auto turn : state)
+    {
+        const auto progress = busyRecord(3.0, workers, job.jobId);
+        Record record = progress;
+        const double before = threadSeconds();
+        const auto start = Clock::now();
+        TessaronResources::displayMultiProgressDialog(record);
+        const double used = threadSeconds() - before;
+        state.SetIterationTime(since(start));
+        state.counters["percent_of_a_core"] = 100 * used / since(start);
+        state.counters["us_per_poll"] = 1e6 * used / progress->m_polls;
+    }
+    exchange::cancelJob(job.jobId);
+    exchange::releaseJob(job.jobId);
+}
+
+// From the click to the return of the entry point.
+void cancelLatency(benchmark::State& state)
+{
+    for ([[maybe_unused]] auto turn : state)
+    {
+        const auto progress = busyRecord(60.0, 0, 0);
+        Record record = progress;
+        Clock::time_point clicked;
+        testing_support::WindowDriver user;
+        user.when(
+            "the window is up",
+            [&] { return progress->m_polls > 2 && testing_support::topWindow()->IsShownOnScreen(); },
+            [&]
+            {
+                clicked = Clock::now();
+                testing_support::click(testing_support::child(testing_support::topWindow(), 2));
+            });
+        const int result = TessaronResources::displayProgressDialog(record, "Job");
+        state.SetIterationTime(since(clicked));
+        if (result != 2)
+            state.SkipWithError("not cancelled");
+    }
+}
+
+BENCHMARK(loopCost)->Arg(1)->Arg(64)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(cancelLatency)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+// The window driver reports through the test framework, whose environment starts the toolkit.
+TEST(Progress, Cost)
+{
+    benchmark::RunSpecifiedBenchmarks();
+}
+
+int main(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,98 @@
+// A host that runs GTK's own loop and knows nothing of the toolkit.
+#include "frame/EntryPoints.h"
+#include "tests/progress/ScriptedProgress.h"
+
+#include <boost/make_shared.hpp>
+
+#include <gtest/gtest.h>
+#include <gtk/gtk.h>
+
+namespace
+{
+
+typedef boost::shared_ptr<exchange::ProgressData> Record;
+
+struct HostState
+{
+    boost::shared_ptr<ScriptedProgress> progress = boost::make_shared<ScriptedProgress>();
+    int result = 0;
+    int ticks = 0;
+    int quitAtTick = 0;
+};
+
+gboolean work(gpointer data)
+{
+    auto& host = *static_cast<HostState*>(data);
+    Record record = host.progress;
+    host.result = TessaronResources::displayProgressDialog(record, "Job");
+    if (!host.quitAtTick)
+        gtk_main_quit();
+    return G_SOURCE_REMOVE;
+}
+
+gboolean tick(gpointer data)
+{
+    auto& host = *static_cast<HostState*>(data);
+    if (++host.ticks == host.quitAtTick)
+        gtk_main_quit();
+    if (host.ticks == 1000)
+        host.progress->report(-1.0);
+    return G_SOURCE_CONTINUE;
+}
+
+void runHost(HostState& host)
+{
+    g_idle_add(work, &host);
+    const guint timer = g_timeout_add(5, tick, &host);
+    gtk_main();
+    g_source_remove(timer);
+}
+
+TEST(NativeLoopHost, AFinishedCallLeavesTheHostsLoopRunning)
+{
+    HostState host;
+    host.progress->m_onRefresh = [&](int poll) { host.progress->report(poll < 4 ? 50.0 : -1.0); };
+    runHost(host);
+    EXPECT_EQ(host.result, 1);
+    EXPECT_GT(host.ticks, 5) << "the host's timers keep running";
+}
+
+TEST(NativeLoopHost, AQuitWhileTheWindowIsUpEndsTheCallAndThenTheHostsLoop)
+{
+    HostState host;
+    host.quitAtTick = 40;
+    runHost(host);
+    EXPECT_EQ(host.result, 1);
+    EXPECT_LT(host.ticks, 1000) << "the quit message was lost";
+}
+
+TEST(NativeLoopHost, TheModuleCanBeUsedAgainAfterAQuit)
+{
+    HostState host;
+    host.progress->m_onRefresh = [&](int poll) { host.progress->report(poll < 3 ? 50.0 : -1.0); };
+    runHost(host);
+    EXPECT_EQ(host.result, 1);
+    EXPECT_GE(host.progress->m_polls, 3) << "an old quit message ended the call";
+}
+
+int logLines = 0;
+
+void countLogLine(const gchar*, GLogLevelFlags, const gchar*, gpointer)
+{
+    ++logLines;
+}
+
+TEST(NativeLoopHost, NothingWasLogged)
+{
+    EXPECT_EQ(logLines, 0);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    g_log_set_default_handler(countLogLine, nullptr);
+    gtk_init(&argc, &argv);
+    return RUN_ALL_TESTS();
+}
