@@ -14,4 +14,8 @@ target_compile_definitions(tessaron_wx INTERFACE ${wxWidgets_DEFINITIONS})
 target_compile_options(tessaron_wx INTERFACE ${wxWidgets_CXX_FLAGS})
 target_link_libraries(tessaron_wx INTERFACE ${wxWidgets_LIBRARIES})
 
+if(TESSARON_BUILD_TESTS OR TESSARON_BUILD_BENCH)
+  find_package(GTest REQUIRED)
+endif()
+
 find_program(SQLITE3_PROGRAM sqlite3 REQUIRED)
