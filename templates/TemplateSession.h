@@ -85,8 +85,9 @@ public:
     /// into `result`, whose former contents are gone.
     void applyTemplate(std::size_t row, util::Parameterized& result) const;
 
-    /// Save mode, "Save": saves the current operation as the template `name`, over one that is there, and tells the
-    /// user the name. `result`, unless null, receives what was stored. \return whether it is stored.
+    /// Save mode, "Save", after settleEdits(): saves the current operation as the template `name`, over one that is
+    /// there, and tells the user the name. `result`, unless null, receives what was stored. \return whether it is
+    /// stored.
     bool saveCurrent(const std::string& name, util::Parameterized* result);
 
     /// What the save-as dialog is given and gives back.

@@ -1,0 +1,62 @@
+#include "templates/TemplateFind.h"
+
+#include "templates/FoldCase.h"
+
+#include <algorithm>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+std::string trimmed(const std::string& text)
+{
+    constexpr const char* blanks = " \t\r\n\v\f";
+    const std::size_t first = text.find_first_not_of(blanks);
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+} // namespace
+
+TemplateCell findCell(const TemplateRows& rows, const std::vector<GridColumnPtr>& columns, const std::string& text,
+                      TemplateCell after)
+{
+    const std::string wanted = foldCase(text);
+    const auto matches = [&](int row, const GridColumnInfo& column)
+    {
+        return column.definition().shown &&
+               foldCase(column.format(rows.at(static_cast<std::size_t>(row)))).find(wanted) != std::string::npos;
+    };
+    for (int row = std::max(after.row, 0); row < static_cast<int>(rows.size()); ++row)
+        for (const GridColumnPtr& column : columns)
+            if ((row > after.row || column->index > after.column) && matches(row, *column))
+                return {column->index, row};
+    return {};
+}
+
+TemplateFind::Result TemplateFind::findNext(const std::string& typed, const TemplateRows& rows,
+                                            const std::vector<GridColumnPtr>& columns)
+{
+    const std::string text = trimmed(typed);
+    if (text.empty())
+    {
+        m_text.clear();
+        return Result::nothing;
+    }
+    if (std::find(m_history.begin(), m_history.end(), text) == m_history.end())
+        m_history.push_back(text);
+
+    if (text != m_text)
+    {
+        m_text = text;
+        m_hit = {};
+        m_exhausted = false;
+    }
+    if (!m_exhausted)
+        m_hit = findCell(rows, columns, text, m_hit);
+    m_exhausted = m_hit == TemplateCell();
+    return m_exhausted ? Result::notFound : Result::found;
+}
+
+} // namespace TessaronResources

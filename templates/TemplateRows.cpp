@@ -1,0 +1,89 @@
+#include "templates/TemplateRows.h"
+
+#include "templates/TemplateMatch.h"
+#include "util/Keys.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace TessaronResources
+{
+
+void TemplateRows::fill(std::vector<util::Parameterized> listed, int filter, const util::Parameterized& current)
+{
+    m_rows.clear();
+    m_rows.reserve(listed.size());
+    for (util::Parameterized& set : listed)
+        if (matchesFilter(filter, set, current))
+            m_rows.push_back({std::move(set), nullptr});
+}
+
+const util::Parameterized& TemplateRows::storedAt(std::size_t row) const
+{
+    const Row& found = m_rows[row];
+    return found.stored ? *found.stored : found.set;
+}
+
+bool TemplateRows::edit(std::size_t row, const GridColumnInfo& column, const std::string& text)
+{
+    Row& edited = m_rows[row];
+    // A cell may show less than the value holds: leaving it as it is must not round or cut the value.
+    if (text == column.format(edited.set))
+        return false;
+    util::Parameterized set = edited.set;
+    column.parse(text, set);
+    if (set == edited.set)
+        return false;
+    if (!edited.stored)
+        edited.stored = std::make_unique<util::Parameterized>(std::move(edited.set));
+    edited.set = std::move(set);
+    if (edited.set == *edited.stored)
+        edited.stored.reset();
+    return true;
+}
+
+bool TemplateRows::hasEdits() const
+{
+    return std::any_of(m_rows.begin(), m_rows.end(), [](const Row& row) { return row.stored != nullptr; });
+}
+
+std::vector<std::size_t> TemplateRows::editedRows() const
+{
+    std::vector<std::size_t> edited;
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        if (isEdited(row))
+            edited.push_back(row);
+    return edited;
+}
+
+void TemplateRows::markStored(std::size_t row, util::Parameterized set)
+{
+    m_rows[row].set = std::move(set);
+    m_rows[row].stored.reset();
+}
+
+void TemplateRows::revert(std::size_t row)
+{
+    if (isEdited(row))
+        markStored(row, std::move(*m_rows[row].stored));
+}
+
+void TemplateRows::reorder(const std::vector<std::size_t>& order)
+{
+    std::vector<Row> rows;
+    rows.reserve(m_rows.size());
+    for (const std::size_t row : order)
+        rows.push_back(std::move(m_rows[row]));
+    m_rows = std::move(rows);
+}
+
+std::vector<std::string> TemplateRows::names() const
+{
+    std::vector<std::string> names;
+    names.reserve(m_rows.size());
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        names.push_back(storedAt(row).stringOr(util::keys::templateName, ""));
+    return names;
+}
+
+} // namespace TessaronResources

@@ -1,0 +1,339 @@
+#include "templates/TemplateSession.h"
+
+#include "engine/TemplateStore.h"
+#include "exchange/StatusTable.h"
+#include "util/Keys.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+namespace keys = util::keys;
+namespace status = exchange::status;
+
+constexpr const char* nameWithoutGenerator = "TEMPL";
+constexpr const char* unsavedEditsText =
+    "Some templates have changes that have not been saved.\nDo you want to save them?";
+
+std::string replaceQuestion(const std::string& name)
+{
+    return name + " already exists. Do you want to replace it?";
+}
+
+std::string folderOf(const std::string& path)
+{
+    const std::size_t separator = path.find_last_of("/\\");
+    return separator == std::string::npos ? std::string() : path.substr(0, separator);
+}
+
+std::string trimmed(const std::string& text)
+{
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+bool isFolder(const std::string& path)
+{
+    std::error_code error;
+    return std::filesystem::is_directory(path, error);
+}
+
+std::string nameOf(const util::Parameterized& set)
+{
+    return set.stringOr(keys::templateName, "");
+}
+
+std::string& lastSaveName()
+{
+    static std::string name;
+    return name;
+}
+
+} // namespace
+
+TemplateSession::TemplateSession(int kind, int selector, std::string folder, util::Parameterized current,
+                                 TemplateUser& user)
+    : m_kind(kind), m_selector(selector), m_homeFolder(std::move(folder)), m_folder(m_homeFolder),
+      m_current(std::move(current)), m_user(user)
+{
+}
+
+void TemplateSession::report(int code, const std::string& detail)
+{
+    m_user.showError(exchange::statusText(code) + detail);
+}
+
+DefinitionsState TemplateSession::open(bool titleVariant)
+{
+    reloadKnownFolders();
+    if (!m_knownFolders.empty() && isFolder(m_knownFolders.front()))
+        m_folder = m_knownFolders.front();
+    m_definitionsState = prepareTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info, m_user);
+    return m_definitionsState;
+}
+
+void TemplateSession::fill()
+{
+    std::vector<util::Parameterized> listed;
+    const int code = util::loadTemplateFiles(kindFolder(), m_selector, &listed);
+    const std::pair<std::string, int> outcome(kindFolder(), code);
+    if (code != status::ok && outcome != m_reported)
+        report(code);
+    m_reported = outcome;
+    m_rows.fill(std::move(listed), m_info.preferences.matchFilter, m_current);
+}
+
+bool TemplateSession::storeDefinitions(bool byUser)
+{
+    // What is stored is better than what the user never got to see.
+    const bool isOurs = m_definitionsState != DefinitionsState::failed || (byUser && !m_info.columns.empty());
+    if (!isOurs)
+        return false;
+    const int code = util::saveTemplateDefs(m_homeFolder, templateDefinitionsName(m_kind), m_info);
+    if (code != status::ok)
+        report(code);
+    else
+        m_definitionsState = DefinitionsState::loaded;
+    return code == status::ok;
+}
+
+void TemplateSession::reloadKnownFolders()
+{
+    if (const int code = util::loadTemplateFolders(m_homeFolder, &m_knownFolders); code != status::ok)
+        report(code);
+}
+
+bool TemplateSession::acceptPreferences(const util::TemplatePreferences& preferences, const std::string& folder)
+{
+    const std::string typed = trimmed(folder);
+    const std::string& chosen = typed.empty() ? m_homeFolder : typed;
+    const bool refill = chosen != m_folder || preferences.matchFilter != m_info.preferences.matchFilter;
+    m_info.preferences = preferences;
+    m_folder = chosen;
+
+    // The folder in use leads the list; the host's is always in it.
+    std::vector<std::string> folders = {chosen};
+    const auto add = [&folders](const std::string& known)
+    {
+        if (std::find(folders.begin(), folders.end(), known) == folders.end())
+            folders.push_back(known);
+    };
+    std::for_each(m_knownFolders.begin(), m_knownFolders.end(), add);
+    add(m_homeFolder);
+    m_knownFolders = std::move(folders);
+    if (const int code = util::saveTemplateFolders(m_homeFolder, m_knownFolders); code != status::ok)
+        report(code);
+    storeDefinitions(true);
+    return refill;
+}
+
+std::string TemplateSession::proposeName()
+{
+    util::Parameterized set;
+    const int code = util::genTemplateName(kindFolder(), templateNamePrefix(m_kind), &set);
+    if (code == status::ok)
+        return nameOf(set);
+    report(code);
+    return nameWithoutGenerator;
+}
+
+bool TemplateSession::importFile(const std::string& path, std::vector<util::Parameterized>& templates)
+{
+    const bool isSingle = path.substr(path.rfind('.') + 1) == "vtmpl";
+    int code = status::ok;
+    if (isSingle)
+    {
+        templates.resize(1);
+        code = util::loadTemplateFile(path, &templates.front());
+        // An export may carry this extension too.
+        if (code == status::templateFormatError && util::loadTemplateArrayFile(path, &templates) == status::ok)
+            code = status::ok;
+    }
+    else
+        code = util::loadTemplateArrayFile(path, &templates);
+    if (code != status::ok)
+        report(code, (isSingle ? "\n Template: " : "\n Template Array: ") + path);
+    return code == status::ok;
+}
+
+std::size_t TemplateSession::importTemplates()
+{
+    const std::vector<std::string> paths = m_user.chooseImportFiles(m_user.lastFolder());
+    if (paths.empty())
+        return 0;
+    m_user.keepLastFolder(folderOf(paths.front()));
+
+    std::size_t saved = 0;
+    for (const std::string& path : paths)
+    {
+        std::vector<util::Parameterized> templates;
+        if (!importFile(path, templates))
+            continue;
+        for (util::Parameterized& set : templates)
+        {
+            const std::string name = nameOf(set);
+            const int code = util::saveTemplateFile(util::templatePath(kindFolder(), name), false, &set);
+            if (code != status::ok)
+                report(code, "\n Template: " + name);
+            else
+                ++saved;
+        }
+    }
+    return saved;
+}
+
+bool TemplateSession::exportTemplates(const std::vector<std::size_t>& rows)
+{
+    const std::string path = m_user.chooseExportFile(m_user.lastFolder());
+    if (path.empty())
+        return false;
+    m_user.keepLastFolder(folderOf(path));
+    std::vector<util::Parameterized> templates;
+    templates.reserve(rows.size());
+    for (const std::size_t row : rows)
+        templates.push_back(m_rows.at(row));
+    const int code = util::saveTemplateArrayFile(path, templates);
+    if (code != status::ok)
+        report(code, "\n Template: " + path);
+    return code == status::ok;
+}
+
+std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& rows)
+{
+    std::size_t deleted = 0;
+    for (const std::size_t row : rows)
+    {
+        const int code = util::deleteTemplateFile(kindFolder(), m_rows.storedAt(row));
+        if (code != status::ok)
+            report(code);
+        else
+            ++deleted;
+    }
+    return deleted;
+}
+
+bool TemplateSession::storeRow(std::size_t row)
+{
+    util::Parameterized set = m_rows.at(row);
+    const std::string name = nameOf(set);
+    if (name != nameOf(m_rows.storedAt(row)))
+    {
+        // Under another name it is another template: the one it was made from stays.
+        set.erase(keys::templateGuid);
+        set.erase(keys::templateDateCreated);
+    }
+    const std::string path = util::templatePath(kindFolder(), name);
+    int code = util::saveTemplateFile(path, true, &set);
+    if (code == status::templateNameDuplicated)
+    {
+        if (!m_user.askOkCancelError(replaceQuestion(name)))
+            return false;
+        code = util::saveTemplateFile(path, false, &set);
+    }
+    if (code != status::ok)
+    {
+        report(code);
+        return false;
+    }
+    m_rows.markStored(row, std::move(set));
+    return true;
+}
+
+bool TemplateSession::storeEdits()
+{
+    bool all = true;
+    for (const std::size_t row : m_rows.editedRows())
+        all = storeRow(row) && all;
+    return all;
+}
+
+bool TemplateSession::settleEdits()
+{
+    return !m_rows.hasEdits() || !m_user.askOkCancel(unsavedEditsText) || storeEdits();
+}
+
+void TemplateSession::applyTemplate(std::size_t row, util::Parameterized& result) const
+{
+    util::Parameterized set = m_rows.at(row);
+    for (const util::Key& key : {keys::toolDiameter, keys::toolLengthOfCut, keys::toolStickOutLength})
+        set.erase(key);
+    result.clear();
+    for (const auto& [key, value] : set.params())
+        result.set(key, value);
+}
+
+util::Parameterized TemplateSession::currentAs(const std::string& name) const
+{
+    // The operation may carry the identity of a template that was applied to it.
+    util::Parameterized set = m_current;
+    set.erase(keys::templateGuid);
+    set.erase(keys::templateDateCreated);
+    set.set(keys::templateName, name);
+    return set;
+}
+
+bool TemplateSession::saveCurrent(const std::string& name, util::Parameterized* result)
+{
+    util::Parameterized set = currentAs(name);
+    const int code = util::saveTemplateFile(util::templatePath(kindFolder(), name), false, &set);
+    if (code != status::ok)
+    {
+        report(code);
+        return false;
+    }
+    m_user.showMessage("The template saved with name: " + nameOf(set));
+    if (result)
+        *result = std::move(set);
+    return true;
+}
+
+bool TemplateSession::saveCurrentAs(const std::function<bool(SaveAsAnswer& answer)>& dialog,
+                                    util::Parameterized* result, bool* loadSaved)
+{
+    SaveAsAnswer answer{proposedSaveName(m_rows.names()), m_info.preferences.loadSavedTemplates};
+    if (loadSaved)
+        *loadSaved = answer.loadSaved;
+    while (dialog(answer))
+    {
+        keepSaveName(answer.name);
+        util::Parameterized set = currentAs(answer.name);
+        const std::string path = util::templatePath(kindFolder(), answer.name);
+        int code = util::saveTemplateFile(path, true, &set);
+        if (code == status::templateNameDuplicated)
+        {
+            if (!m_user.askOkCancel(replaceQuestion(answer.name)))
+                continue;
+            code = util::saveTemplateFile(path, false, &set);
+        }
+        if (code != status::ok)
+        {
+            report(code);
+            continue;
+        }
+        storeDefinitions(false);
+        if (result)
+            *result = std::move(set);
+        if (loadSaved)
+            *loadSaved = answer.loadSaved;
+        return true;
+    }
+    return false;
+}
+
+std::string proposedSaveName(const std::vector<std::string>& existingNames)
+{
+    return lastSaveName().empty() && !existingNames.empty() ? existingNames.front() : lastSaveName();
+}
+
+void keepSaveName(const std::string& name)
+{
+    lastSaveName() = name;
+}
+
+} // namespace TessaronResources
