@@ -1,7 +1,6 @@
 #include "frame/DataExchange.h"
 
 #include "frame/DialogBase.h"
-#include "frame/MessageDialog.h"
 
 #include <wx/checkbox.h>
 #include <wx/ctrlsub.h>
@@ -9,6 +8,7 @@
 #include <wx/textentry.h>
 
 #include <charconv>
+#include <cmath>
 #include <string>
 
 namespace TessaronResources
@@ -50,11 +50,21 @@ bool parse(const std::string& text, Number& value)
 }
 
 // The shortest text that reads back as the same number, with a "." in every locale.
-template <class Number>
-std::string format(Number value)
+std::string format(int value)
+{
+    return std::to_string(value);
+}
+
+std::string format(double value)
 {
     char text[64];
-    return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
+    char* const end = text + sizeof text;
+    // Exponents only where the digits would be hard to count.
+    const double size = std::abs(value);
+    const bool fixed = size == 0.0 || (size >= 1e-6 && size < 1e15);
+    return std::string(
+        text,
+        (fixed ? std::to_chars(text, end, value, std::chars_format::fixed) : std::to_chars(text, end, value)).ptr);
 }
 
 } // namespace
@@ -71,7 +81,7 @@ wxWindow* CDataExchange::find(int id) const
 
 void CDataExchange::check(int id, bool& value)
 {
-    wxWindow* const field = m_ok ? find(id) : nullptr;
+    wxWindow* const field = ok() ? find(id) : nullptr;
     if (!field)
         return;
     if (m_bSaveAndValidate)
@@ -83,7 +93,7 @@ void CDataExchange::check(int id, bool& value)
 void CDataExchange::check(int id, int& value)
 {
     bool checked = value != 0;
-    if (m_ok && find(id))
+    if (ok() && find(id))
     {
         check(id, checked);
         if (m_bSaveAndValidate)
@@ -93,7 +103,7 @@ void CDataExchange::check(int id, int& value)
 
 void CDataExchange::index(int id, int& value)
 {
-    auto* const field = m_ok ? dynamic_cast<wxControlWithItems*>(find(id)) : nullptr;
+    auto* const field = ok() ? dynamic_cast<wxControlWithItems*>(find(id)) : nullptr;
     if (!field)
         return;
     if (m_bSaveAndValidate)
@@ -104,7 +114,7 @@ void CDataExchange::index(int id, int& value)
 
 void CDataExchange::text(int id, wxString& value)
 {
-    auto* const field = m_ok ? dynamic_cast<wxTextEntryBase*>(find(id)) : nullptr;
+    auto* const field = ok() ? dynamic_cast<wxTextEntryBase*>(find(id)) : nullptr;
     if (!field)
         return;
     if (m_bSaveAndValidate)
@@ -128,21 +138,17 @@ void CDataExchange::exchangeNumber(int id, Number& value, const char* kind)
 {
     wxString shown = format(value);
     text(id, shown);
-    if (!m_ok || !m_bSaveAndValidate || !find(id))
+    if (!ok() || !m_bSaveAndValidate || !find(id))
         return;
     shown.Trim(true).Trim(false);
     if (!parse(shown.utf8_string(), value))
-        fail(id, *find(id), wxString::Format("Please enter %s.", kind));
+        fail(id, wxString::Format("Please enter %s.", kind));
 }
 
-void CDataExchange::fail(int, wxWindow& field, const wxString& message)
+void CDataExchange::fail(int id, const wxString& message)
 {
-    m_ok = false;
-    const wxString name = m_dialog.fieldName(field);
-    showMessage(&m_dialog, m_dialog.GetTitle(), name.empty() ? message : name + ": " + message, MessageKind::warning);
-    field.SetFocus();
-    if (auto* const entry = dynamic_cast<wxTextEntryBase*>(&field))
-        entry->SelectAll();
+    if (ok())
+        m_failure = ReadFailure{id, message};
 }
 
 } // namespace TessaronResources

@@ -3,6 +3,7 @@
 
 #include <wx/string.h>
 
+#include <optional>
 #include <string>
 
 class wxWindow;
@@ -12,11 +13,19 @@ namespace TessaronResources
 
 class DialogBase;
 
+/// A field that could not be read, and what the user is told about it.
+struct ReadFailure
+{
+    int id = 0;
+    wxString message;
+};
+
 /// Moves values between a dialog's controls and its members, in one direction at a time. A dialog lists its fields
 /// once, in DoDataExchange; the same list fills the form and reads it.
 ///
-/// Reading stops at the first field whose text is no number: the user is told which one, the focus goes there, and the
-/// fields after it keep their values. A control that the template lacks is passed over.
+/// Reading stops at the first field whose text is no number: the dialog tells the user which one and puts the focus
+/// there (see DialogBase::report), and the fields after it keep their values. A control that the template lacks is
+/// passed over.
 class CDataExchange
 {
 public:
@@ -26,7 +35,11 @@ public:
     const bool m_bSaveAndValidate;
 
     /// Whether all fields so far could be read.
-    bool ok() const { return m_ok; }
+    bool ok() const { return !m_failure; }
+    /// The field at which reading stopped.
+    const std::optional<ReadFailure>& failure() const { return m_failure; }
+    /// Stops reading at a field, unless it has stopped before.
+    void fail(int id, const wxString& message);
 
     /// Finds the control of an id; the members that stand for controls are bound in this way.
     template <class Control>
@@ -47,12 +60,11 @@ public:
 
 private:
     wxWindow* find(int id) const;
-    void fail(int id, wxWindow& field, const wxString& message);
     template <class Number>
     void exchangeNumber(int id, Number& value, const char* kind);
 
     DialogBase& m_dialog;
-    bool m_ok = true;
+    std::optional<ReadFailure> m_failure;
 };
 
 } // namespace TessaronResources

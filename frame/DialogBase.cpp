@@ -1,6 +1,7 @@
 #include "frame/DialogBase.h"
 
 #include "frame/DataExchange.h"
+#include "frame/MessageDialog.h"
 #include "frame/MessagePump.h"
 #include "frame/ModuleState.h"
 #include "frame/NativeToolkit.h"
@@ -9,9 +10,11 @@
 #include "frame/VisualManager.h"
 
 #include <wx/button.h>
+#include <wx/checkbox.h>
 #include <wx/modalhook.h>
 #include <wx/settings.h>
 #include <wx/stattext.h>
+#include <wx/textentry.h>
 #include <wx/utils.h>
 
 #include <cmath>
@@ -89,7 +92,21 @@ bool DialogBase::UpdateData(bool saveAndValidate)
 {
     CDataExchange exchange(*this, saveAndValidate);
     DoDataExchange(&exchange);
+    if (exchange.failure())
+        report(*exchange.failure());
     return exchange.ok();
+}
+
+void DialogBase::report(const ReadFailure& failure)
+{
+    wxWindow* const field = control(failure.id);
+    if (!field)
+        return;
+    const wxString name = fieldName(*field);
+    showMessage(this, GetTitle(), name.empty() ? failure.message : name + ": " + failure.message, MessageKind::warning);
+    field->SetFocus();
+    if (auto* const entry = dynamic_cast<wxTextEntryBase*>(field))
+        entry->SelectAll();
 }
 
 void DialogBase::OnOK()
@@ -160,7 +177,7 @@ wxString DialogBase::fieldName(const wxWindow& field) const
 {
     wxString name = wxStripMenuCodes(field.GetLabel());
     const wxWindow* const before = field.GetPrevSibling();
-    if (name.empty() && dynamic_cast<const wxStaticText*>(before))
+    if (name.empty() && (dynamic_cast<const wxStaticText*>(before) || dynamic_cast<const wxCheckBox*>(before)))
         name = wxStripMenuCodes(before->GetLabel());
     name.Trim();
     return name.EndsWith(":") ? name.RemoveLast() : name;
@@ -186,8 +203,9 @@ void DialogBase::onCharHook(wxKeyEvent& event)
 
 void DialogBase::nameControls()
 {
+    // A text is its own name, also when it changes.
     for (wxWindow* const child : GetChildren())
-        if (const wxString name = fieldName(*child); !name.empty())
+        if (const wxString name = fieldName(*child); !name.empty() && !dynamic_cast<wxStaticText*>(child))
             native::setAccessibleName(*child, name);
 }
 

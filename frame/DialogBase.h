@@ -7,6 +7,7 @@ namespace TessaronResources
 {
 
 class CDataExchange;
+struct ReadFailure;
 
 /// The base of every dialog of the module: created from a numbered template of the current module state's resources,
 /// filled and read by data exchange, run modally on a loop that works in any host.
@@ -27,6 +28,8 @@ public:
     /// \returns false when a field could not be read; the user has been told.
     bool UpdateData(bool saveAndValidate);
 
+    /// The form has been filled by OnInitDialog when the window is shown, and is not filled again.
+    void InitDialog() override {}
     bool TransferDataToWindow() override { return UpdateData(false); }
     bool TransferDataFromWindow() override { return UpdateData(true); }
 
@@ -36,7 +39,8 @@ public:
     /// The control of an id, or null.
     wxWindow* control(int id) const;
 
-    /// The label that stands before a control, without its mnemonic and colon; the control's own label when it has one.
+    /// The text or check box that stands before a control, without its mnemonic and colon; the control's own label when
+    /// it has one.
     wxString fieldName(const wxWindow& field) const;
 
     /// A length in pixels of the original dialog font, whose characters are 13 pixels high, in pixels of this dialog.
@@ -58,6 +62,8 @@ protected:
     virtual bool OnInitDialog();
     /// Lists the fields. Overrides call it first.
     virtual void DoDataExchange(CDataExchange* exchange);
+    /// Tells the user about a field that could not be read, names it, and puts the focus there.
+    void report(const ReadFailure& failure);
     /// Reads the form and closes with 1.
     virtual void OnOK();
     /// Closes with 2.

@@ -89,12 +89,13 @@ bool EmbeddedResources::loadDialog(wxDialog& dialog, wxWindow* parent, int templ
         addHandlers(*m_templates);
     }
     const wxString name = wxString::Format("%d", templateId);
-    if (!m_templates->GetResourceNode(name))
+    if (!m_loadedTemplates.contains(templateId))
     {
         wxMemoryInputStream stream(file->data, file->size);
         auto document = std::make_unique<wxXmlDocument>();
         if (!document->Load(stream) || !m_templates->LoadDocument(document.release(), fileName))
             return false;
+        m_loadedTemplates.insert(templateId);
     }
     return m_templates->LoadDialog(&dialog, parent, name);
 }

@@ -4,6 +4,7 @@
 #include "frame/ResourceSet.h"
 
 #include <memory>
+#include <set>
 
 class wxXmlResource;
 
@@ -24,6 +25,7 @@ public:
 
 private:
     mutable std::unique_ptr<wxXmlResource> m_templates;
+    mutable std::set<int> m_loadedTemplates; // by id: a template may hold a control of another template's number
 };
 
 } // namespace TessaronResources

@@ -2,6 +2,7 @@
 #define FRAME_NATIVETOOLKIT_H
 
 #include <memory>
+#include <string>
 
 class wxString;
 class wxWindow;
@@ -48,6 +49,10 @@ void setAccessibleName(wxWindow& control, const wxString& name);
 
 /// The name that a screen reader says for a control; empty when it has none.
 wxString accessibleName(wxWindow& control);
+
+/// Opens a file with the viewer that the desktop has for it, which "xdg-open" finds. Does not wait, and tells nobody
+/// when there is no such file or no such viewer.
+void openDocument(const std::string& path);
 
 } // namespace TessaronResources::native
 

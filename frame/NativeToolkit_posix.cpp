@@ -28,6 +28,7 @@ const char compactStyle[] = "* { min-height: 0; min-width: 0; }"
                             "button, button.text-button { padding: 0 4px; }"
                             "entry { padding: 0 3px; }"
                             "combobox button, combobox button.combo { padding: 0 4px; }"
+                            "combobox arrow { min-width: 14px; min-height: 14px; }"
                             "checkbutton, radiobutton { padding: 0; }";
 
 GtkStyleProvider* compactProvider()
@@ -168,6 +169,18 @@ wxString accessibleName(wxWindow& control)
     AtkObject* const accessible = gtk_widget_get_accessible(widgetOf(control));
     const char* const name = accessible ? atk_object_get_name(accessible) : nullptr;
     return name ? wxString::FromUTF8(name) : wxString();
+}
+
+void openDocument(const std::string& path)
+{
+    std::string program = "xdg-open";
+    std::string argument = path;
+    std::array<char*, 3> arguments{program.data(), argument.data(), nullptr};
+    // GLib starts the viewer as nobody's child, so that the host never sees it end.
+    g_spawn_async(
+        nullptr, arguments.data(), nullptr,
+        static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL),
+        nullptr, nullptr, nullptr, nullptr);
 }
 
 } // namespace TessaronResources::native
