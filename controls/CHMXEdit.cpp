@@ -1,0 +1,120 @@
+#include "controls/CHMXEdit.h"
+
+#include <wx/settings.h>
+#include <wx/textwrapper.h>
+#include <wx/tooltip.h>
+
+namespace mfcutil
+{
+
+wxIMPLEMENT_DYNAMIC_CLASS(CHMXEdit, wxTextCtrl);
+
+namespace
+{
+
+constexpr int widestTip = 400;
+constexpr double errorTint = 0.3;
+
+class LineCollector : public wxTextWrapper
+{
+public:
+    wxString text;
+
+protected:
+    void OnOutputLine(const wxString& line) override { text += line; }
+    void OnNewLine() override { text += '\n'; }
+};
+
+wxColour tinted(const wxColour& colour, const wxColour& tint)
+{
+    const auto mix = [](unsigned char from, unsigned char to)
+    { return static_cast<unsigned char>(from + (to - from) * errorTint); };
+    return {mix(colour.Red(), tint.Red()), mix(colour.Green(), tint.Green()), mix(colour.Blue(), tint.Blue())};
+}
+
+} // namespace
+
+CHMXEdit::CHMXEdit()
+    : m_normalLook{wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT),
+                   wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW)},
+      m_errorLook{m_normalLook.text, tinted(m_normalLook.background, *wxRED)}
+{
+    Bind(wxEVT_CHAR, &CHMXEdit::onChar, this);
+    Bind(wxEVT_TEXT_PASTE, [this](wxClipboardTextEvent& event) { ignoreUnlessEditable(event); });
+    for (const auto button : {wxEVT_RIGHT_DOWN, wxEVT_MIDDLE_DOWN})
+        Bind(button, [this](wxMouseEvent& event) { ignoreUnlessEditable(event); });
+    Bind(wxEVT_KEY_DOWN,
+         [this](wxKeyEvent& event)
+         {
+             // Tab belongs to the dialog.
+             if (event.GetKeyCode() == WXK_TAB)
+                 event.Skip();
+             else
+                 ignoreUnlessEditable(event);
+         });
+}
+
+void CHMXEdit::setToolTipText(const wxString& text)
+{
+    m_toolTipText = text;
+    m_toolTipPending = true;
+}
+
+void CHMXEdit::setEditable(bool editable)
+{
+    m_editable = editable;
+    // Input methods and drops do not come by way of key messages.
+    SetEditable(editable);
+}
+
+void CHMXEdit::setError()
+{
+    if (!m_error)
+        m_normalLook = {GetForegroundColour(), GetBackgroundColour()};
+    m_error = true;
+    draw(m_errorLook);
+    SelectAll();
+    ShowPosition(GetInsertionPoint());
+}
+
+void CHMXEdit::clearError()
+{
+    if (!m_error)
+        return;
+    m_error = false;
+    draw(m_normalLook);
+}
+
+void CHMXEdit::draw(const Look& look)
+{
+    SetForegroundColour(look.text);
+    SetBackgroundColour(look.background);
+    Refresh();
+}
+
+void CHMXEdit::onChar(wxKeyEvent& event)
+{
+    ignoreUnlessEditable(event);
+}
+
+bool CHMXEdit::TryBefore(wxEvent& event)
+{
+    if (m_toolTipPending && GetHandle())
+        showToolTip();
+    return wxTextCtrl::TryBefore(event);
+}
+
+void CHMXEdit::ignoreUnlessEditable(wxEvent& event)
+{
+    event.Skip(m_editable);
+}
+
+void CHMXEdit::showToolTip()
+{
+    m_toolTipPending = false;
+    LineCollector lines;
+    lines.Wrap(this, m_toolTipText, FromDIP(widestTip));
+    SetToolTip(lines.text);
+}
+
+} // namespace mfcutil
