@@ -1,0 +1,79 @@
+#include "machining/GougeCheckDialog.h"
+
+#include "frame/DataExchange.h"
+#include "frame/EntryPoints.h"
+#include "frame/ModuleState.h"
+#include "frame/ResourceSet.h"
+#include "frame/Toolkit.h"
+
+#include <cmath>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+constexpr int templateId = 1013;
+constexpr int idOk = 1;
+constexpr int clearanceTip = 1116;
+
+struct Line
+{
+    int checkId;
+    int clearanceId;
+    int GougeCheckData::*checked;
+    double GougeCheckData::*clearance;
+};
+
+// In the order in which the form is read.
+constexpr Line lines[] = {
+    {2019, 1020, &GougeCheckData::checkHolder, &GougeCheckData::holderClearance},
+    {2020, 1021, &GougeCheckData::checkArbor, &GougeCheckData::arborClearance},
+    {2021, 1022, &GougeCheckData::checkShaft, &GougeCheckData::shaftClearance},
+};
+
+} // namespace
+
+GougeCheckDialog::GougeCheckDialog(GougeCheckData* data) : m_data(data), m_form(*data)
+{
+    create(templateId, nullptr);
+}
+
+bool GougeCheckDialog::OnInitDialog()
+{
+    DialogBase::OnInitDialog();
+    for (const Line& line : lines)
+        if (wxWindow* const edit = control(line.clearanceId))
+            edit->SetToolTip(currentResources().string(clearanceTip));
+    enableVisualManagerStyle();
+    return true;
+}
+
+void GougeCheckDialog::DoDataExchange(CDataExchange* exchange)
+{
+    DialogBase::DoDataExchange(exchange);
+    for (const Line& line : lines)
+    {
+        exchange->check(line.checkId, m_form.*line.checked);
+        exchange->number(line.clearanceId, m_form.*line.clearance);
+        if (exchange->m_bSaveAndValidate && !std::isfinite(m_form.*line.clearance))
+            exchange->fail(line.clearanceId, "Please enter a number.");
+    }
+}
+
+void GougeCheckDialog::OnOK()
+{
+    if (!UpdateData(true))
+        return;
+    *m_data = m_form;
+    EndModal(idOk);
+}
+
+int displayGougeCheckDialog(GougeCheckData* data)
+{
+    const EntryScope scope(staticModuleState());
+    return GougeCheckDialog(data).ShowModal();
+}
+
+} // namespace TessaronResources
