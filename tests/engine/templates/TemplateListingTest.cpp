@@ -165,6 +165,25 @@ TEST_F(TemplateListing, ListingsAndSavesOfManyThreadsAgree)
     EXPECT_EQ(wrong, 0);
 }
 
+TEST(FolderLock, ExcludesOthersForAsLongAsItLives)
+{
+    using store::FolderLock;
+    const TemporaryFolder path;
+    const store::Folder folder(path.path());
+    const store::Folder sameFolder(path.path());
+    {
+        const FolderLock reader(folder, FolderLock::Kind::shared);
+        EXPECT_TRUE(reader.isHeld());
+        EXPECT_TRUE(FolderLock(sameFolder, FolderLock::Kind::shared, 0).isHeld());
+        const FolderLock writer(sameFolder, FolderLock::Kind::exclusive, 20);
+        EXPECT_FALSE(writer.isHeld());
+        EXPECT_TRUE(writer.isBusy());
+    }
+    const FolderLock writer(folder, FolderLock::Kind::exclusive, 0);
+    EXPECT_TRUE(writer.isHeld());
+    EXPECT_TRUE(FolderLock(sameFolder, FolderLock::Kind::shared, 0).isBusy());
+}
+
 TEST(Parallel, CoversEveryPlaceOnceAndPassesFailuresOn)
 {
     for (const std::size_t count : {0U, 1U, 31U, 64U, 1000U})
