@@ -15,9 +15,6 @@ BSplineCurveImpl<N>::BSplineCurveImpl(std::vector<PointNd<N>> controlPoints, std
 }
 
 template <int N>
-BSplineCurveImpl<N>::~BSplineCurveImpl() = default;
-
-template <int N>
 int BSplineCurveImpl<N>::degree() const
 {
     return impliedDegree(m_cpts.size(), m_knots.size());

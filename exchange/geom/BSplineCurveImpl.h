@@ -18,7 +18,6 @@ public:
     /// \param knots ascending, finite, with knot p less than knot n
     /// \throws util::AssertionError unless the data are so.
     BSplineCurveImpl(std::vector<PointNd<N>> controlPoints, std::vector<double> knots);
-    ~BSplineCurveImpl() override;
 
     double startParam() const override;
     double endParam() const override;

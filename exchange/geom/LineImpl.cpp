@@ -11,9 +11,6 @@ LineImpl<N>::LineImpl(const PointNd<N>& startPoint, const PointNd<N>& endPoint) 
 }
 
 template <int N>
-LineImpl<N>::~LineImpl() = default;
-
-template <int N>
 void LineImpl<N>::doEvaluate(double t, PointNd<N>& point, VecNd<N>* derivs, int nderivs) const
 {
     evaluateSegment(m_pts[0], m_pts[1], t, point, derivs, nderivs);

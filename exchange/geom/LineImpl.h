@@ -14,7 +14,6 @@ public:
     /// A line from the origin to itself, for an archive to read into.
     LineImpl() = default;
     LineImpl(const PointNd<N>& startPoint, const PointNd<N>& endPoint);
-    ~LineImpl() override;
 
     double startParam() const override { return 0; }
     double endParam() const override { return 1; }

@@ -17,9 +17,6 @@ PolylineImpl<N>::PolylineImpl(std::vector<PointNd<N>> points) : m_pts(std::move(
 }
 
 template <int N>
-PolylineImpl<N>::~PolylineImpl() = default;
-
-template <int N>
 double PolylineImpl<N>::startParam() const
 {
     GEOM_CURVE_ASSERT(m_pts.size() >= 2);

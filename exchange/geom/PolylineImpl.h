@@ -15,7 +15,6 @@ public:
     PolylineImpl() = default;
     /// \throws util::AssertionError for fewer than two points.
     explicit PolylineImpl(std::vector<PointNd<N>> points);
-    ~PolylineImpl() override;
 
     double startParam() const override;
     double endParam() const override;

@@ -18,9 +18,6 @@ RationalBSplineCurveImpl<N>::RationalBSplineCurveImpl(std::vector<PointNd<N>> co
 }
 
 template <int N>
-RationalBSplineCurveImpl<N>::~RationalBSplineCurveImpl() = default;
-
-template <int N>
 int RationalBSplineCurveImpl<N>::degree() const
 {
     return impliedDegree(m_cpts.size(), m_knots.size());

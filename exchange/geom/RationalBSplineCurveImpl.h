@@ -20,7 +20,6 @@ public:
     /// \throws util::AssertionError unless the data are so.
     RationalBSplineCurveImpl(std::vector<PointNd<N>> controlPoints, std::vector<double> knots,
                              std::vector<double> weights);
-    ~RationalBSplineCurveImpl() override;
 
     double startParam() const override;
     double endParam() const override;
