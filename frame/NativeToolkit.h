@@ -11,7 +11,7 @@ class wxWindow;
 namespace TessaronResources::native
 {
 
-/// Around the start of the toolkit: keeps GTK quiet meanwhile, and puts the process's locale and signal handlers back.
+/// Puts the process's locale and signal handlers back when it goes.
 class ProcessStateKeeper
 {
 public:

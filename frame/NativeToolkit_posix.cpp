@@ -75,7 +75,6 @@ struct ProcessStateKeeper::State
 {
     std::string locale;
     std::array<struct sigaction, classicSignals + 1> actions{};
-    guint logHandler = 0;
 };
 
 ProcessStateKeeper::ProcessStateKeeper() : m_state(std::make_unique<State>())
@@ -84,14 +83,10 @@ ProcessStateKeeper::ProcessStateKeeper() : m_state(std::make_unique<State>())
         m_state->locale = locale;
     for (int number = 1; number <= classicSignals; ++number)
         sigaction(number, nullptr, &m_state->actions[static_cast<std::size_t>(number)]);
-    // The toolkit warns on the error stream when the host has started GTK before it, which is as it should be.
-    m_state->logHandler = g_log_set_handler(
-        "Gtk", G_LOG_LEVEL_WARNING, [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
 }
 
 ProcessStateKeeper::~ProcessStateKeeper()
 {
-    g_log_remove_handler("Gtk", m_state->logHandler);
     for (int number = 1; number <= classicSignals; ++number)
         sigaction(number, &m_state->actions[static_cast<std::size_t>(number)], nullptr);
     const char* const locale = std::setlocale(LC_ALL, nullptr);
