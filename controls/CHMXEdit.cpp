@@ -73,8 +73,9 @@ void CHMXEdit::setError()
         m_normalLook = {GetForegroundColour(), GetBackgroundColour()};
     m_error = true;
     draw(m_errorLook);
-    SelectAll();
+    // In this order: GTK drops the selection when it moves the caret.
     ShowPosition(GetInsertionPoint());
+    SelectAll();
 }
 
 void CHMXEdit::clearError()

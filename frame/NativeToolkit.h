@@ -50,6 +50,9 @@ void setAccessibleName(wxWindow& control, const wxString& name);
 /// The name that a screen reader says for a control; empty when it has none.
 wxString accessibleName(wxWindow& control);
 
+/// Draws a tick below a horizontal track bar. For its ends: the toolkit's own ticks leave them out.
+void addTick(wxWindow& trackBar, int position);
+
 /// Opens a file with the viewer that the desktop has for it, which "xdg-open" finds. Does not wait, and tells nobody
 /// when there is no such file or no such viewer.
 void openDocument(const std::string& path);

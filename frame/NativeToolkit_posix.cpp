@@ -29,6 +29,7 @@ const char compactStyle[] = "* { min-height: 0; min-width: 0; }"
                             "entry { padding: 0 3px; }"
                             "combobox button, combobox button.combo { padding: 0 4px; }"
                             "combobox arrow { min-width: 14px; min-height: 14px; }"
+                            "scale indicator { min-width: 1px; min-height: 6px; }"
                             "checkbutton, radiobutton { padding: 0; }";
 
 GtkStyleProvider* compactProvider()
@@ -164,6 +165,12 @@ wxString accessibleName(wxWindow& control)
     AtkObject* const accessible = gtk_widget_get_accessible(widgetOf(control));
     const char* const name = accessible ? atk_object_get_name(accessible) : nullptr;
     return name ? wxString::FromUTF8(name) : wxString();
+}
+
+void addTick(wxWindow& trackBar, int position)
+{
+    if (GTK_IS_SCALE(widgetOf(trackBar)))
+        gtk_scale_add_mark(GTK_SCALE(widgetOf(trackBar)), position, GTK_POS_BOTTOM, nullptr);
 }
 
 void openDocument(const std::string& path)

@@ -48,6 +48,8 @@ bool SmartLinkDialog::OnInitDialog()
     m_rapidPlaneOnly->SetValue(m_rules.rapidPlaneOnly());
     m_preference->SetRange(0, SmartLinkRules::lastPosition);
     m_preference->SetTickFreq(1);
+    native::addTick(*m_preference, 0);
+    native::addTick(*m_preference, SmartLinkRules::lastPosition);
     m_preference->SetValue(m_rules.position());
     m_preference->SetToolTip(currentResources().string(preferenceTip));
     if (const wxWindow* const group = control(preferenceGroup))
