@@ -111,7 +111,7 @@ boost::shared_ptr<wxStaticText> MultiProgressDialog::makeLine(std::size_t index)
     const wxPoint topLeft(templatePixels(lineLeft), templatePixels(firstLineTop + lineHeight * k));
     const wxSize size(templatePixels(lineRight) - topLeft.x,
                       templatePixels(firstLineTop + lineHeight * (k + 1)) - topLeft.y);
-    auto* const line = new wxStaticText(this, controlId(lineId), text, topLeft, size, wxST_NO_AUTORESIZE);
+    auto* const line = new wxStaticText(this, controlId(lineId), text, topLeft, size);
     line->SetFont(GetFont());
     return {line, DestroyLine{line}};
 }

@@ -58,6 +58,36 @@ TEST_P(ProgressDialogTest, ShowsTheJobAndReturnsOneWhenItHasEnded)
     EXPECT_EQ(m_progress->m_cancelRequests, 0);
 }
 
+TEST_P(ProgressDialogTest, EveryStageTextFitsAndEveryControlHasAName)
+{
+    const std::pair<const char*, double> longest[] = {
+        {"Creating toolpath: ", 1.0},         {"Creating offset surfaces: ", 1.0},
+        {"Computing remaining stock: ", 1.0}, {"Computing tool axis vectors: ", 1.0},
+        {"Generating boundaries: ", 99999},   {"Importing file: ", 100.0}};
+    WindowDriver user;
+    wxString before;
+    for (const auto& stageAndValue : longest)
+    {
+        user.then("the engine reports", [&, stageAndValue] { m_progress->report(50.0, stageSet({stageAndValue})); });
+        user.when(
+            stageAndValue.first, [&] { return topWindow() && stage() != before; },
+            [&]
+            {
+                before = stage();
+                expectWellLaidOut(topWindow());
+            });
+    }
+    user.then("the names",
+              [&]
+              {
+                  EXPECT_EQ(accessibleName(child(topWindow(), 1000)), "Progress");
+                  EXPECT_FALSE(accessibleName(child(topWindow(), 1043)).empty());
+                  EXPECT_EQ(accessibleName(child(topWindow(), 2)), "Cancel");
+                  m_progress->report(-1.0);
+              });
+    EXPECT_EQ(show(), 1);
+}
+
 TEST_P(ProgressDialogTest, AJobThatEndedBeforeItIsWatchedReturnsOneAtTheFirstPoll)
 {
     m_progress->report(-1.0);

@@ -5,6 +5,7 @@
 #include <wx/app.h>
 #include <wx/filename.h>
 #include <wx/init.h>
+#include <wx/textentry.h>
 #include <wx/toplevel.h>
 #include <wx/uiaction.h>
 
@@ -136,6 +137,34 @@ void type(const char* text)
 void pressKey(int key, int modifiers)
 {
     wxUIActionSimulator().Char(key, modifiers);
+}
+
+std::string accessibleName(wxWindow* control)
+{
+    AtkObject* const accessible = gtk_widget_get_accessible(static_cast<GtkWidget*>(control->GetHandle()));
+    const char* const name = atk_object_get_name(accessible);
+    return name ? name : "";
+}
+
+void expectWellLaidOut(wxWindow* window)
+{
+    const wxRect client(window->GetClientSize());
+    for (wxWindow* const control : window->GetChildren())
+    {
+        const wxString what = wxString::Format("%s %d \"%s\"", control->GetClassInfo()->GetClassName(),
+                                               control->GetId(), control->GetLabel());
+        if (!control->IsShown() || !client.Intersects(control->GetRect()))
+            continue;
+        EXPECT_TRUE(client.Contains(control->GetRect())) << what << " sticks out of its window";
+        const wxSize text = control->GetTextExtent(wxStripMenuCodes(control->GetLabel()));
+        if (!dynamic_cast<wxTextEntryBase*>(control))
+        {
+            EXPECT_LE(text.x, control->GetSize().x) << what << " is clipped";
+            EXPECT_LE(text.y, control->GetSize().y + 1) << what << " is clipped";
+        }
+        EXPECT_FALSE(accessibleName(control).empty() && control->GetLabel().empty() && control->IsFocusable())
+            << what << " says nothing to a screen reader";
+    }
 }
 
 void savePicture(wxWindow* window, const std::string& name)

@@ -63,6 +63,12 @@ void click(wxWindow* window);
 void type(const char* text);
 void pressKey(int key, int modifiers = 0);
 
+/// What a screen reader says for a control.
+std::string accessibleName(wxWindow* control);
+/// Checks that every control that a window shows lies within it, has room for its text, and has a name for screen
+/// readers.
+void expectWellLaidOut(wxWindow* window);
+
 /// Saves what the screen shows of a window as a PNG file for a person to look at, if the run collects pictures.
 void savePicture(wxWindow* window, const std::string& name);
 
