@@ -207,7 +207,7 @@ TEST(VisualThemesTest, AnOpenDialogFollowsTheLookInForce)
     }
     VisualManager::install(*wxCLASSINFO(VisualManager));
     dialog.follow();
-    EXPECT_EQ(dialog.GetBackgroundColour(), wxDialog::GetClassDefaultAttributes().colBg);
+    EXPECT_FALSE(dialog.UseBgCol());
 }
 
 } // namespace
