@@ -40,7 +40,7 @@ public:
     void wake();
 
     /// How long wait() gives running tasks to notice a cancel.
-    static constexpr int graceMilliseconds = 30;
+    static constexpr int graceMilliseconds = 25;
 
 private:
     struct Shared
