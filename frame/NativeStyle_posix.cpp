@@ -35,6 +35,7 @@ entry selection, entry:focus selection, textview text selection { background-col
 entry image { color: @fieldText@; }
 button { background-color: @button@; background-image: @buttonImage@; color: @buttonText@; border-color: @border@;
   box-shadow: none; }
+button.flat { background-color: transparent; background-image: none; border-color: transparent; }
 button label, button cellview, button arrow, button image { color: @buttonText@; }
 button:hover { background-color: @buttonHover@; background-image: none; }
 button:active, button:checked { background-color: @buttonHover@; background-image: none; border-color: @accent@; }

@@ -44,6 +44,9 @@ void setModal(wxWindow& window, bool modal);
 /// room.
 void makeCompact(wxWindow& dialog);
 
+/// Keeps the text of a dialog's field easy to read while the field is disabled, because it shows a result.
+void markAsResult(wxWindow& field);
+
 /// Gives a control the name that a screen reader says.
 void setAccessibleName(wxWindow& control, const wxString& name);
 

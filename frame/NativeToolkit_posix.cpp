@@ -27,6 +27,7 @@ constexpr int classicSignals = 31;
 const char compactStyle[] = "* { min-height: 0; min-width: 0; }"
                             "button, button.text-button { padding: 0 4px; }"
                             "entry { padding: 0 3px; }"
+                            "entry.result:disabled { color: inherit; }"
                             "combobox button, combobox button.combo { padding: 0 4px; }"
                             "combobox arrow { min-width: 14px; min-height: 14px; }"
                             "scale indicator { min-width: 1px; min-height: 6px; }"
@@ -152,6 +153,11 @@ void makeCompact(wxWindow& dialog)
             fillProgressBar(widgetOf(*child), child->GetSize().y);
         makeCompact(*child);
     }
+}
+
+void markAsResult(wxWindow& field)
+{
+    gtk_style_context_add_class(gtk_widget_get_style_context(widgetOf(field)), "result");
 }
 
 void setAccessibleName(wxWindow& control, const wxString& name)

@@ -103,15 +103,21 @@ void ChipControlDialog::connectFields()
 {
     for (mfcutil::CHMXNumEdit* const edit : m_edits)
         if (edit)
+        {
             edit->setGeneralFormat(false);
+            native::markAsResult(*edit);
+        }
     Bind(mfcutil::EVT_NUMBER_LEFT, [this](wxCommandEvent& event) { onFieldLeft(event.GetId()); });
     if (wxWindow* const spindle = control(chipControl::spindleSpeed))
+    {
+        native::markAsResult(*spindle);
         spindle->Bind(wxEVT_KILL_FOCUS,
                       [this](wxFocusEvent& event)
                       {
                           event.Skip();
                           onFieldLeft(chipControl::spindleSpeed);
                       });
+    }
     Bind(
         wxEVT_CHOICE, [this](wxCommandEvent&) { applyEnabling(); }, chipControl::derivedQuantity);
     Bind(

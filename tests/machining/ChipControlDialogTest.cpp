@@ -146,6 +146,11 @@ TEST_P(ChipControlLayout, HasItsTextsAndFields)
                   EXPECT_EQ(label(3), "Calculate");
                   EXPECT_FALSE(edit(4005)->IsEnabled());
                   EXPECT_TRUE(list()->HasFocus());
+                  for (const int id : {4000, 4002, 4003, 4004, 4005})
+                      EXPECT_TRUE(edit(id)->GetToolTipText().Contains(layout.metric ? " m"
+                                                                      : id == 4000  ? " f"
+                                                                                    : " inches"))
+                          << edit(id)->GetToolTipText();
                   savePicture(dialog(), std::string("chip-control-") + layout.name);
                   pressKey(WXK_ESCAPE);
               });
@@ -246,14 +251,31 @@ TEST(ChipControlDialog, DerivesWhatTheUserAsksForAndAppliesIt)
 
 TEST(ChipControlDialog, AppliesTheFieldThatIsBeingEdited)
 {
-    util::Parameterized set = operation();
-    WindowDriver user;
-    user.when("the dialog is up", dialogIsUp);
-    enter(user, 4001, "2500");
-    press(user, WXK_RETURN); // a plain edit: Enter presses the default button
-    EXPECT_EQ(displayChipControlDialog(0, &set, metric), 1);
-    EXPECT_EQ(set.intOr(keys::spindleSpeed, 0), 2500);
-    EXPECT_EQ(set.numberOr(keys::feedrate, 0), 1000);
+    const struct
+    {
+        int field;
+        const char* typed;
+        int key; // applies without taking the focus from the field
+        int modifiers;
+        int spindleSpeed;
+        double stepover;
+    } cases[] = {
+        {4001, "2500", WXK_RETURN, wxMOD_NONE, 2500, 2}, // a plain edit: Enter presses the default button
+        {4001, "2500", 'A', wxMOD_ALT, 2500, 2},
+        {1040, "2*15", 'A', wxMOD_ALT, 5000, 3},
+    };
+    for (const auto& one : cases)
+    {
+        util::Parameterized set = operation();
+        WindowDriver user;
+        user.when("the dialog is up", dialogIsUp);
+        enter(user, one.field, one.typed);
+        press(user, one.key, one.modifiers);
+        EXPECT_EQ(displayChipControlDialog(0, &set, metric), 1);
+        EXPECT_EQ(set.intOr(keys::spindleSpeed, 0), one.spindleSpeed);
+        EXPECT_EQ(set.numberOr(keys::feedrate, 0), 1000);
+        EXPECT_DOUBLE_EQ(set.numberOr(keys::stepover, 0), one.stepover);
+    }
 }
 
 TEST(ChipControlDialog, ReplacesTextThatIsNoExpressionByItsLeadingNumber)
