@@ -50,10 +50,8 @@ BSplineBasis::BSplineBasis(const std::vector<double>& knots, std::size_t control
 
     // An archive may hold any numbers; only those that this evaluation uses are checked, as it is called often.
     GEOM_CURVE_ASSERT(knots[m_span] < knots[m_span + 1]);
-    const std::size_t lowest = m_span + 1 - std::min(p + 1, m_span + 1);
-    const std::size_t highest = std::min(m_span + p + 1, knots.size() - 1);
-    GEOM_CURVE_ASSERT(std::isfinite(knots[lowest]) && std::isfinite(knots[highest]));
-    for (std::size_t i = lowest; i < highest; ++i)
+    GEOM_CURVE_ASSERT(std::isfinite(knots[m_span - p]) && std::isfinite(knots[m_span + p + 1]));
+    for (std::size_t i = m_span - p; i <= m_span + p; ++i)
         GEOM_CURVE_ASSERT(knots[i] <= knots[i + 1]);
 
     // Degree by degree from 0 upwards; the last three are kept for the derivatives.

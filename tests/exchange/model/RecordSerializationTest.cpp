@@ -1,4 +1,5 @@
 #include "StockArchives.h"
+#include "util/Assertion.h"
 
 #include <boost/make_shared.hpp>
 
@@ -33,7 +34,7 @@ typedef boost::shared_ptr<geom::ParametricCurve<3>> SpaceCurvePtr;
 
 topo::mesh::TriMeshPtr smallMesh()
 {
-    const auto mesh = boost::make_shared<topo::mesh::TriMesh>();
+    auto mesh = boost::make_shared<topo::mesh::TriMesh>();
     mesh->vertices = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0.5}};
     mesh->faces = {{0, 1, 2}, {2, 1, 0}};
     return mesh;
@@ -138,6 +139,40 @@ TEST(Curves, WithoutDataAreReadAsTheyAre)
                                     boost::make_shared<geom::RationalBSplineCurveImpl<2>>()};
     for (const auto& curve : curves)
         EXPECT_TRUE(readXml<PlaneCurvePtr>(writeXml(curve)));
+}
+
+TEST(Curves, WithUnsoundDataAreReadButNotEvaluated)
+{
+    const PlaneCurvePtr spline = boost::make_shared<geom::BSplineCurveImpl<2>>(
+        std::vector<PointNd<2>>(4), std::vector<double>{0, 0, 0, 0.5, 1, 1, 1});
+    const std::string text = writeXml(spline);
+    const std::string middle = "<item>5.00000000000000000e-01</item>";
+    const struct
+    {
+        const char* what;
+        std::string text;
+    } cases[] = {
+        {"a knot below the one before it", replaced(text, middle, "<item>-3</item>")},
+        {"a knot above the one behind it", replaced(text, middle, "<item>3</item>")},
+        {"no knots", replaced(text, "<m_knots>[\\s\\S]*</m_knots>",
+                              "<m_knots><count>0</count><item_version>0</item_version></m_knots>")},
+    };
+    for (const auto& c : cases)
+    {
+        const auto back = readXml<PlaneCurvePtr>(c.text);
+        ASSERT_TRUE(back) << c.what;
+        int failed = 0;
+        for (const double t : {-1.0, 0.0, 0.25, 0.5, 0.75, 1.0, 2.0})
+            try
+            {
+                back->pointAt(t);
+            }
+            catch (const util::AssertionError&)
+            {
+                ++failed;
+            }
+        EXPECT_GT(failed, 0) << c.what;
+    }
 }
 
 TEST(Curves, OfTheFirstVersionHaveNoParameters)
