@@ -1,8 +1,12 @@
 #include "engine/pocketing/Polygons.h"
 
+#include "engine/pocketing/ContourClusters.h"
+#include "engine/pocketing/SegmentIndex.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <utility>
 
 namespace exchange::pocketing
@@ -15,12 +19,19 @@ using ClipperLib::Clipper;
 using ClipperLib::ClipperOffset;
 using ClipperLib::PolyNode;
 using ClipperLib::PolyTree;
+using jobs::CancelFlag;
 
 void addContour(Area& area, const Path& contour, const OffsetTolerance& tolerance)
 {
     Path path = tolerance.simplify > 0 ? simplified(contour, tolerance.simplify) : contour;
     if (path.size() >= 3)
         area.push_back(std::move(path));
+}
+
+void addReversed(Area& area, Path contour, const OffsetTolerance& tolerance)
+{
+    ClipperLib::ReversePath(contour);
+    addContour(area, contour, tolerance);
 }
 
 /// One area for each outer contour of a tree, in the order of the tree.
@@ -42,13 +53,64 @@ std::vector<Area> areasOf(const PolyTree& tree, const OffsetTolerance& tolerance
     return areas;
 }
 
-Paths offset(const Paths& paths, double distance, const OffsetTolerance& tolerance)
+void offset(const Paths& paths, double distance, const OffsetTolerance& tolerance, PolyTree& tree)
 {
     ClipperOffset offsetter(2.0, tolerance.arc);
     offsetter.AddPaths(paths, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
-    Paths result;
-    offsetter.Execute(result, distance);
-    return result;
+    offsetter.Execute(tree, distance);
+}
+
+/// Adds the contours of an area that has grown by a distance. What its outer contour and its holes move over are
+/// different places, so each moves alone.
+void addGrown(const Area& area, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel,
+              Paths& grown)
+{
+    for (std::size_t i = 0; i < area.size(); ++i)
+    {
+        cancel.check();
+        Path contour = area[i];
+        const bool isHole = i > 0;
+        if (isHole)
+            ClipperLib::ReversePath(contour);
+        PolyTree tree;
+        offset({contour}, isHole ? -distance : distance, tolerance, tree);
+        Paths moved;
+        ClipperLib::PolyTreeToPaths(tree, moved);
+        if (isHole)
+            ClipperLib::ReversePaths(moved);
+        grown.insert(grown.end(), moved.begin(), moved.end());
+    }
+}
+
+/// What holes, as islands, become when they grow: the islands, counter-clockwise, and the areas they close in.
+struct GrownHoles
+{
+    Paths islands;
+    std::vector<Area> enclosed;
+};
+
+GrownHoles growHoles(Paths holes, double distance, const OffsetTolerance& tolerance)
+{
+    ClipperLib::ReversePaths(holes);
+    PolyTree tree;
+    offset(holes, distance, tolerance, tree);
+    GrownHoles grown;
+    for (const PolyNode* node = tree.GetFirst(); node; node = node->GetNext())
+    {
+        if (node->IsHole())
+        {
+            Area area;
+            addReversed(area, node->Contour, tolerance);
+            if (area.empty())
+                continue;
+            for (const PolyNode* island : node->Childs)
+                addReversed(area, island->Contour, tolerance);
+            grown.enclosed.push_back(std::move(area));
+        }
+        else if (node->Parent == &tree)
+            addContour(grown.islands, node->Contour, tolerance);
+    }
+    return grown;
 }
 
 double squaredDistance(const IntPoint& point, const IntPoint& start, const IntPoint& end)
@@ -101,22 +163,52 @@ std::vector<Area> subtract(const Paths& from, const Paths& loops)
     return areasOf(tree, {});
 }
 
-std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance)
+std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel)
 {
-    ClipperOffset offsetter(2.0, tolerance.arc);
-    offsetter.AddPaths(area, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
+    const ContourClusters clusters = clusterContours(area, distance);
+    cancel.check();
     PolyTree tree;
-    offsetter.Execute(tree, -distance);
-    return areasOf(tree, tolerance);
+    offset(clusters.outer, -distance, tolerance, tree);
+    std::vector<Area> areas = areasOf(tree, tolerance);
+
+    Paths islands;
+    for (const Paths& holes : clusters.holes)
+    {
+        cancel.check();
+        GrownHoles grown = growHoles(holes, distance, tolerance);
+        std::move(grown.islands.begin(), grown.islands.end(), std::back_inserter(islands));
+        std::move(grown.enclosed.begin(), grown.enclosed.end(), std::back_inserter(areas));
+    }
+    // Nothing else comes near these islands: each is a hole of the area it lies in.
+    std::vector<Box> boxes;
+    for (const Area& candidate : areas)
+        boxes.push_back(boxOf(candidate.front()));
+    for (Path& island : islands)
+    {
+        cancel.check();
+        for (std::size_t i = 0; i < areas.size(); ++i)
+            if (boxes[i].overlaps(boxOf(island)) && contains(areas[i], island.front()))
+            {
+                ClipperLib::ReversePath(island);
+                areas[i].push_back(std::move(island));
+                break;
+            }
+    }
+    return areas;
 }
 
 std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& others, double distance,
-                            const OffsetTolerance& tolerance)
+                            const OffsetTolerance& tolerance, const CancelFlag& cancel)
 {
+    const OffsetTolerance exact{tolerance.arc, 0};
     Clipper clipper;
-    clipper.AddPaths(offset(area, -distance, tolerance), ClipperLib::ptSubject, true);
+    for (const Area& inner : shrink(area, distance, exact, cancel))
+        clipper.AddPaths(inner, ClipperLib::ptSubject, true);
+    Paths grown;
     for (const Area* other : others)
-        clipper.AddPaths(offset(*other, distance, tolerance), ClipperLib::ptClip, true);
+        addGrown(*other, distance, exact, cancel, grown);
+    clipper.AddPaths(grown, ClipperLib::ptClip, true);
+    cancel.check();
     PolyTree tree;
     clipper.Execute(ClipperLib::ctDifference, tree, ClipperLib::pftNonZero, ClipperLib::pftNonZero);
     return areasOf(tree, tolerance);

@@ -1,6 +1,7 @@
 #ifndef ENGINE_POCKETING_POLYGONS_H
 #define ENGINE_POCKETING_POLYGONS_H
 
+#include "engine/jobs/CancelFlag.h"
 #include "engine/pocketing/Grid.h"
 
 #include <vector>
@@ -25,11 +26,14 @@ struct OffsetTolerance
 std::vector<Area> subtract(const Paths& from, const Paths& loops);
 
 /// The connected areas that remain of an area when it shrinks by a distance, 0 or more.
-std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance);
+/// \throws jobs::Cancelled when cancelled between two operations
+std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance,
+                         const jobs::CancelFlag& cancel);
 
 /// What is in an area shrunk by a distance and not in any of some other areas grown by that distance.
+/// \throws jobs::Cancelled when cancelled between two operations
 std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& others, double distance,
-                            const OffsetTolerance& tolerance);
+                            const OffsetTolerance& tolerance, const jobs::CancelFlag& cancel);
 
 /// The closed path without the points that lie within the tolerance of what then remains (Douglas and Peucker 1973).
 /// Empty when nothing remains but a speck of the size of the tolerance.

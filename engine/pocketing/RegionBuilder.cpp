@@ -151,7 +151,7 @@ RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters&
         for (const Area& area : areas)
         {
             cancel.check();
-            for (Area& region : shrink(area, distance, plan.tolerance))
+            for (Area& region : shrink(area, distance, plan.tolerance, cancel))
                 plan.regions.push_back(std::move(region));
         }
     if (plan.regions.empty())

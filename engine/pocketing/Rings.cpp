@@ -73,7 +73,7 @@ std::vector<Ring*> RingBuilder::shrunk(const Ring& ring, double distance) const
 {
     m_cancel.check();
     std::vector<Ring*> rings;
-    for (Area& area : shrink(ring.contours, distance, m_steps.offset))
+    for (Area& area : shrink(ring.contours, distance, m_steps.offset, m_cancel))
         rings.push_back(m_store.add(std::move(area)));
     return rings;
 }
@@ -89,11 +89,11 @@ void RingBuilder::addLeftovers(Ring& ring) const
     std::vector<const Area*> children;
     for (const Ring* const child : ring.children)
         children.push_back(&child->contours);
-    for (Area& area : uncovered(ring.contours, children, reach, m_steps.offset))
+    for (Area& area : uncovered(ring.contours, children, reach, m_steps.offset, m_cancel))
     {
         m_cancel.check();
         // What is thinner than the two margins is covered.
-        if (!shrink(area, margin, m_steps.offset).empty())
+        if (!shrink(area, margin, m_steps.offset, m_cancel).empty())
             m_store.addLeftover(ring, std::move(area));
     }
 }
