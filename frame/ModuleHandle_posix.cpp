@@ -11,40 +11,31 @@ namespace TessaronResources
 namespace
 {
 
-struct LibraryFile
+const Dl_info& libraryInfo()
 {
-    HINSTANCE handle = nullptr;
-    std::string path;
-};
-
-// Found out when the library is loaded: a relative path means another file once the host has changed its folder.
-const LibraryFile& libraryFile()
-{
-    static const LibraryFile file = []
+    static const Dl_info info = []
     {
-        LibraryFile result;
-        Dl_info info{};
-        if (dladdr(reinterpret_cast<const void*>(&moduleHandle), &info) == 0)
-            return result;
-        result.handle = info.dli_fbase;
-        char resolved[PATH_MAX];
-        if (info.dli_fname)
-            result.path = ::realpath(info.dli_fname, resolved) ? resolved : info.dli_fname;
+        Dl_info result{};
+        dladdr(reinterpret_cast<const void*>(&moduleHandle), &result);
         return result;
     }();
-    return file;
+    return info;
 }
 
 } // namespace
 
 HINSTANCE moduleHandle()
 {
-    return libraryFile().handle;
+    return libraryInfo().dli_fbase;
 }
 
 std::string moduleFilePath()
 {
-    return libraryFile().path;
+    const char* const name = libraryInfo().dli_fname;
+    if (!name)
+        return {};
+    char resolved[PATH_MAX];
+    return ::realpath(name, resolved) ? resolved : name;
 }
 
 } // namespace TessaronResources

@@ -39,12 +39,18 @@ std::optional<Number> readNumber(std::string_view text)
     return number;
 }
 
-/// The integer under a key. Other programs store whole numbers as reals at times.
-std::optional<int> integerUnder(const util::Parameterized& set, const std::string& key)
+template <class Kind>
+const Kind* as(const util::Parameterized::Value* value)
 {
-    if (const int* const value = set.findInt(key))
-        return *value;
-    const double* const real = set.findDouble(key);
+    return boost::get<Kind>(value);
+}
+
+/// The integer that a value tells. Other programs store whole numbers as reals at times.
+std::optional<int> integerOf(const util::Parameterized::Value* value)
+{
+    if (const int* const whole = as<int>(value))
+        return *whole;
+    const double* const real = as<double>(value);
     if (real && std::trunc(*real) == *real && std::fabs(*real) <= std::numeric_limits<int>::max())
         return static_cast<int>(*real);
     return std::nullopt;
@@ -59,6 +65,11 @@ GridColumnInfo::GridColumnInfo(const util::TemplateColumn& definition, bool edit
 
 GridColumnInfo::~GridColumnInfo() = default;
 
+std::string GridColumnInfo::format(const util::Parameterized& set) const
+{
+    return formatValue(set.find(m_definition.key));
+}
+
 void GridColumnInfo::setupCell(TemplateCells& grid, int row, const util::Parameterized& set, int height) const
 {
     if (!m_definition.shown)
@@ -72,11 +83,11 @@ void GridColumnInfo::setupHeading(TemplateCells& grid, std::uint32_t textColour,
     grid.setHeading(index, m_definition.title, m_definition.width, headingFont, textColour, backColour);
 }
 
-std::string GridColumnInfoDouble::format(const util::Parameterized& set) const
+std::string GridColumnInfoDouble::formatValue(const util::Parameterized::Value* value) const
 {
-    if (const double* const value = set.findDouble(m_definition.key))
-        return m_format.print(*value);
-    const int* const whole = set.findInt(m_definition.key);
+    if (const double* const real = as<double>(value))
+        return m_format.print(*real);
+    const int* const whole = as<int>(value);
     return whole ? m_format.print(static_cast<double>(*whole)) : std::string();
 }
 
@@ -87,10 +98,10 @@ void GridColumnInfoDouble::parse(const std::string& text, util::Parameterized& s
         set.set(m_definition.key, *value);
 }
 
-std::string GridColumnInfoInteger::format(const util::Parameterized& set) const
+std::string GridColumnInfoInteger::formatValue(const util::Parameterized::Value* value) const
 {
-    const std::optional<int> value = integerUnder(set, m_definition.key);
-    return value ? m_format.print(*value) : std::string();
+    const std::optional<int> whole = integerOf(value);
+    return whole ? m_format.print(*whole) : std::string();
 }
 
 void GridColumnInfoInteger::parse(const std::string& text, util::Parameterized& set) const
@@ -99,10 +110,10 @@ void GridColumnInfoInteger::parse(const std::string& text, util::Parameterized& 
         set.set(m_definition.key, *value);
 }
 
-std::string GridColumnInfoMultiText::format(const util::Parameterized& set) const
+std::string GridColumnInfoMultiText::formatValue(const util::Parameterized::Value* value) const
 {
-    const std::string* const value = set.findString(m_definition.key);
-    return value ? m_format.print(std::string_view(*value)) : std::string();
+    const auto* const text = as<std::string>(value);
+    return text ? m_format.print(std::string_view(*text)) : std::string();
 }
 
 void GridColumnInfoMultiText::parse(const std::string& text, util::Parameterized& set) const
@@ -110,10 +121,10 @@ void GridColumnInfoMultiText::parse(const std::string& text, util::Parameterized
     set.set(m_definition.key, text);
 }
 
-std::string GridColumnInfoDate::format(const util::Parameterized& set) const
+std::string GridColumnInfoDate::formatValue(const util::Parameterized::Value* value) const
 {
-    const std::string* const value = set.findString(m_definition.key);
-    const std::optional<std::uint64_t> seconds = value ? readNumber<std::uint64_t>(*value) : std::nullopt;
+    const auto* const text = as<std::string>(value);
+    const std::optional<std::uint64_t> seconds = text ? readNumber<std::uint64_t>(*text) : std::nullopt;
     return seconds ? printLocalTime(*seconds, m_definition.format) : std::string();
 }
 
@@ -125,9 +136,9 @@ GridColumnInfoListBox::GridColumnInfoListBox(const util::TemplateColumn& definit
 {
 }
 
-std::string GridColumnInfoListBox::format(const util::Parameterized& set) const
+std::string GridColumnInfoListBox::formatValue(const util::Parameterized::Value* value) const
 {
-    const std::optional<int> code = integerUnder(set, m_definition.key);
+    const std::optional<int> code = integerOf(value);
     for (const auto& [optionCode, text] : m_options)
         if (code == optionCode)
             return text;

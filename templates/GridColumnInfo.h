@@ -49,7 +49,7 @@ public:
     GridColumnInfo& operator=(const GridColumnInfo&) = delete;
 
     /// The cell text for a template; empty when it lacks the key or the value does not print.
-    virtual std::string format(const util::Parameterized& set) const = 0;
+    virtual std::string format(const util::Parameterized& set) const;
     /// Stores the value that `text` denotes under the column's key. Text that does not read as a value of the column's
     /// kind leaves the template unchanged. Never throws for what a user can type.
     virtual void parse(const std::string& text, util::Parameterized& set) const = 0;
@@ -57,6 +57,8 @@ public:
     /// hidden column.
     virtual void setupCell(TemplateCells& grid, int row, const util::Parameterized& set, int height) const;
     virtual ~GridColumnInfo();
+    /// As format(), for the value under the column's key; null when the template lacks it.
+    virtual std::string formatValue(const util::Parameterized::Value* value) const = 0;
 
     /// Sets up the column's heading with its title and width; colours as TemplateCells::setHeading() takes them.
     void setupHeading(TemplateCells& grid, std::uint32_t textColour, std::uint32_t backColour) const;
@@ -86,7 +88,7 @@ class GridColumnInfoDouble : public GridColumnInfo
 {
 public:
     using GridColumnInfo::GridColumnInfo;
-    std::string format(const util::Parameterized& set) const override;
+    std::string formatValue(const util::Parameterized::Value* value) const override;
     /// Takes the number that the text starts with: "12abc" is 12.
     void parse(const std::string& text, util::Parameterized& set) const override;
     CellAlignment alignment() const override { return CellAlignment::right; }
@@ -97,7 +99,7 @@ class GridColumnInfoInteger : public GridColumnInfo
 {
 public:
     using GridColumnInfo::GridColumnInfo;
-    std::string format(const util::Parameterized& set) const override;
+    std::string formatValue(const util::Parameterized::Value* value) const override;
     /// Takes the integer that the text starts with: "12.7" is 12.
     void parse(const std::string& text, util::Parameterized& set) const override;
     CellAlignment alignment() const override { return CellAlignment::right; }
@@ -108,7 +110,7 @@ class GridColumnInfoMultiText : public GridColumnInfo
 {
 public:
     using GridColumnInfo::GridColumnInfo;
-    std::string format(const util::Parameterized& set) const override;
+    std::string formatValue(const util::Parameterized::Value* value) const override;
     void parse(const std::string& text, util::Parameterized& set) const override;
 };
 
@@ -117,7 +119,7 @@ class GridColumnInfoDate : public GridColumnInfo
 {
 public:
     using GridColumnInfo::GridColumnInfo;
-    std::string format(const util::Parameterized& set) const override;
+    std::string formatValue(const util::Parameterized::Value* value) const override;
     /// Does nothing.
     void parse(const std::string& text, util::Parameterized& set) const override;
 };
@@ -127,7 +129,7 @@ class GridColumnInfoListBox : public GridColumnInfo
 {
 public:
     GridColumnInfoListBox(const util::TemplateColumn& definition, const util::TemplateOptions& options, bool editable);
-    std::string format(const util::Parameterized& set) const override;
+    std::string formatValue(const util::Parameterized::Value* value) const override;
     /// Stores the code of the option with this text; does nothing when there is none.
     void parse(const std::string& text, util::Parameterized& set) const override;
     /// Offers the options' texts as well.

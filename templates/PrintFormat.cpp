@@ -134,6 +134,11 @@ std::string PrintFormat::finish(std::string body, bool isNumber) const
     return text;
 }
 
+bool PrintFormat::isPlainText() const
+{
+    return m_conversion == 's' && m_before.empty() && m_after.empty() && m_width == 0 && m_precision < 0;
+}
+
 std::string PrintFormat::print(int value) const
 {
     if (m_conversion != 'd' && m_conversion != 'i')

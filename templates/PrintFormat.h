@@ -25,6 +25,11 @@ public:
     std::string print(double value) const;
     std::string print(std::string_view value) const;
 
+    /// The format is "%s" and nothing else: short texts print as they are.
+    bool isPlainText() const;
+    /// What stands around the value.
+    std::string literals() const { return m_before + m_after; }
+
 private:
     std::string finish(std::string body, bool isNumber) const;
 

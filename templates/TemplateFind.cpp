@@ -1,8 +1,11 @@
 #include "templates/TemplateFind.h"
 
+#include "templates/ColumnSearch.h"
+#include "templates/ColumnValues.h"
 #include "templates/FoldCase.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace TessaronResources
 {
@@ -23,15 +26,24 @@ TemplateCell findCell(const TemplateRows& rows, const std::vector<GridColumnPtr>
                       TemplateCell after)
 {
     const std::string wanted = foldCase(text);
-    const auto matches = [&](int row, const GridColumnInfo& column)
-    {
-        return column.definition().shown &&
-               foldCase(column.format(rows.at(static_cast<std::size_t>(row)))).find(wanted) != std::string::npos;
-    };
+    std::vector<ColumnSearch> searches;
+    std::vector<std::string> keys;
+    for (const GridColumnPtr& column : columns)
+        if (column->definition().shown)
+            if (ColumnSearch search(*column, wanted); search.isPossible())
+            {
+                searches.push_back(std::move(search));
+                keys.push_back(column->definition().key);
+            }
+
+    ColumnValues values(keys);
     for (int row = std::max(after.row, 0); row < static_cast<int>(rows.size()); ++row)
-        for (const GridColumnPtr& column : columns)
-            if ((row > after.row || column->index > after.column) && matches(row, *column))
-                return {column->index, row};
+    {
+        const auto& found = values.of(rows.at(static_cast<std::size_t>(row)));
+        for (std::size_t i = 0; i < searches.size(); ++i)
+            if ((row > after.row || searches[i].place() > after.column) && found[i] && searches[i].matches(*found[i]))
+                return {searches[i].place(), row};
+    }
     return {};
 }
 

@@ -1,10 +1,13 @@
 #include "templates/TemplateSort.h"
 
+#include "templates/ColumnValues.h"
 #include "templates/FoldCase.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <limits>
 #include <map>
 #include <numeric>
@@ -53,13 +56,37 @@ std::string sortText(std::string_view text)
     return key;
 }
 
-/// What one row is sorted by on one level.
+/// What one row is sorted by on one level. Most comparisons end at `order`.
 struct SortValue
 {
-    bool present = false;
-    double number = 0.0;
-    std::string text;
+    std::uint64_t order = 0; ///< 0: no value
+    std::string text;        ///< only of texts
 };
+
+/// Numbers as unsigned ones that compare alike, from 1 on.
+std::uint64_t orderOf(double number)
+{
+    constexpr std::uint64_t signBit = std::uint64_t(1) << 63U;
+    number += 0.0; // there are two zeros, which are equal
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &number, sizeof bits);
+    return (bits & signBit) != 0 ? ~bits : bits | signBit;
+}
+
+/// A text's first bytes as a number; texts that are equal in them compare by the rest.
+std::uint64_t orderOf(const std::string& text)
+{
+    std::uint64_t order = 0;
+    for (std::size_t i = 0; i < sizeof order; ++i)
+        order = order << 8U | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+    return std::max<std::uint64_t>(order, 1);
+}
+
+SortValue textValue(std::string text)
+{
+    const std::uint64_t order = orderOf(text);
+    return {order, std::move(text)};
+}
 
 std::optional<double> numberOf(const util::Parameterized::Value& value)
 {
@@ -73,65 +100,54 @@ std::optional<double> numberOf(const util::Parameterized::Value& value)
 class SortLevel
 {
 public:
-    SortLevel(const util::TemplateColumn& column, bool descending, const TemplateRows& rows)
-        : m_isText(isText(column.type)), m_descending(descending)
+    SortLevel(const util::TemplateColumn& column, bool descending) : m_type(column.type), m_descending(descending)
     {
-        std::map<int, std::string> options;
         if (column.type == type::list)
             for (const auto& [code, text] : column.options)
-                options.emplace(code, sortText(text));
-        m_values.resize(rows.size());
-        for (std::size_t row = 0; row < rows.size(); ++row)
-            if (const util::Parameterized::Value* const value = rows.at(row).find(column.key))
-                m_values[row] = makeValue(column.type, *value, options);
+                m_options.emplace(code, textValue(sortText(text)));
     }
 
-    /// Negative, zero or positive, as row a comes before, beside or after row b.
-    int compare(std::size_t a, std::size_t b) const
-    {
-        const SortValue& first = m_values[a];
-        const SortValue& second = m_values[b];
-        if (!first.present || !second.present)
-            return static_cast<int>(second.present) - static_cast<int>(first.present);
-        const int order =
-            m_isText ? first.text.compare(second.text)
-                     : static_cast<int>(first.number > second.number) - static_cast<int>(first.number < second.number);
-        return m_descending ? -order : order;
-    }
-
-private:
-    static bool isText(int columnType)
-    {
-        return columnType != type::integer && columnType != type::real && columnType != type::rating &&
-               columnType != type::date;
-    }
-
-    static SortValue makeValue(int columnType, const util::Parameterized::Value& value,
-                               const std::map<int, std::string>& options)
+    SortValue makeValue(const util::Parameterized::Value& value) const
     {
         const std::optional<double> number = numberOf(value);
-        const std::string* const text = boost::get<std::string>(&value);
-        if (columnType == type::list)
+        const auto* const text = boost::get<std::string>(&value);
+        switch (m_type)
         {
-            const bool isCode = number && std::fabs(*number) <= std::numeric_limits<int>::max();
-            const auto option = isCode ? options.find(static_cast<int>(*number)) : options.end();
-            return option == options.end() ? SortValue() : SortValue{true, 0.0, option->second};
-        }
-        if (columnType == type::date)
+        case type::integer:
+        case type::real:
+        case type::rating:
+            return number ? SortValue{orderOf(*number), {}} : SortValue();
+        case type::date:
         {
             double seconds = 0.0;
             const bool reads =
                 text && std::from_chars(text->data(), text->data() + text->size(), seconds).ec == std::errc();
-            return {reads, seconds, {}};
+            return reads ? SortValue{orderOf(seconds), {}} : SortValue();
         }
-        if (isText(columnType))
-            return text && !text->empty() ? SortValue{true, 0.0, sortText(*text)} : SortValue();
-        return {number.has_value(), number.value_or(0.0), {}};
+        case type::list:
+        {
+            const bool isCode = number && std::fabs(*number) <= std::numeric_limits<int>::max();
+            const auto option = isCode ? m_options.find(static_cast<int>(*number)) : m_options.end();
+            return option == m_options.end() ? SortValue() : option->second;
+        }
+        default:
+            return text && !text->empty() ? textValue(sortText(*text)) : SortValue();
+        }
     }
 
-    bool m_isText;
+    /// Negative, zero or positive, as a comes before, beside or after b.
+    int compare(const SortValue& a, const SortValue& b) const
+    {
+        if (a.order == 0 || b.order == 0)
+            return static_cast<int>(b.order != 0) - static_cast<int>(a.order != 0);
+        const int order = a.order != b.order ? (a.order < b.order ? -1 : 1) : a.text.compare(b.text);
+        return m_descending ? -order : order;
+    }
+
+private:
+    int m_type;
     bool m_descending;
-    std::vector<SortValue> m_values;
+    std::map<int, SortValue> m_options;
 };
 
 const util::TemplateColumn* findColumn(const std::vector<util::TemplateColumn>& columns, const std::string& key)
@@ -146,17 +162,34 @@ std::vector<std::size_t> sortedOrder(const TemplateRows& rows, const std::vector
                                      const std::vector<util::TemplateColumn>& columns)
 {
     std::vector<SortLevel> sorts;
+    std::vector<std::string> keys;
     for (const util::TemplateSortLevel& level : levels)
         if (const util::TemplateColumn* const column = findColumn(columns, level.key))
-            sorts.emplace_back(*column, level.descending, rows);
+        {
+            sorts.emplace_back(*column, level.descending);
+            keys.push_back(level.key);
+        }
+
+    // Row by row, so that a comparison finds all it needs in one place.
+    std::vector<SortValue> values(rows.size() * sorts.size());
+    ColumnValues found(keys);
+    for (std::size_t row = 0; row < rows.size(); ++row)
+    {
+        const auto& ofRow = found.of(rows.at(row));
+        for (std::size_t i = 0; i < sorts.size(); ++i)
+            if (ofRow[i])
+                values[row * sorts.size() + i] = sorts[i].makeValue(*ofRow[i]);
+    }
 
     std::vector<std::size_t> order(rows.size());
     std::iota(order.begin(), order.end(), std::size_t(0));
     std::stable_sort(order.begin(), order.end(),
                      [&](std::size_t a, std::size_t b)
                      {
-                         for (const SortLevel& sort : sorts)
-                             if (const int result = sort.compare(a, b); result != 0)
+                         for (std::size_t i = 0; i < sorts.size(); ++i)
+                             if (const int result =
+                                     sorts[i].compare(values[a * sorts.size() + i], values[b * sorts.size() + i]);
+                                 result != 0)
                                  return result < 0;
                          return false;
                      });

@@ -11,6 +11,8 @@
 #include <list>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 
@@ -25,10 +27,19 @@ namespace status = exchange::status;
 typedef std::pair<std::uint64_t, std::uint64_t> FolderId;
 typedef std::shared_ptr<const StoredTemplate> Remembered;
 
+struct ListedFile
+{
+    Remembered stored;    ///< null when the file was gone
+    bool settled = false; ///< an equal stamp means an equal file
+};
+
 /// What the files of one folder held; never changed once it is shared.
 struct Snapshot
 {
-    std::unordered_map<std::string, Remembered> files;
+    std::vector<std::string> fileNames; ///< as the folder gave them, which it does alike while it has not changed
+    std::vector<ListedFile> files;      ///< of the names, in their order
+    std::vector<Remembered> templates;  ///< the good ones, in listing order
+    int code = status::ok;
     std::uint64_t bytes = 0; ///< sum of the file sizes, which the memory taken goes with
 };
 
@@ -126,28 +137,59 @@ bool templateFileNames(const Folder& folder, std::vector<std::string>& names)
     return true;
 }
 
-struct ListedFile
+/// Finds in a snapshot what a file held.
+class Recall
 {
-    Remembered stored; ///< null when the file is gone
-    bool settled = false;
+public:
+    Recall(const Snapshot* before, const std::vector<std::string>& fileNames)
+        : m_before(before), m_sameNames(before && before->fileNames == fileNames)
+    {
+        if (!before || m_sameNames)
+            return;
+        m_places.reserve(before->fileNames.size());
+        for (std::size_t i = 0; i < before->fileNames.size(); ++i)
+            m_places.emplace(before->fileNames[i], i);
+    }
+
+    bool hasSameNames() const { return m_sameNames; }
+
+    const ListedFile* find(const std::string& fileName, std::size_t place) const
+    {
+        if (!m_before)
+            return nullptr;
+        if (!m_sameNames)
+        {
+            const auto it = m_places.find(fileName);
+            if (it == m_places.end())
+                return nullptr;
+            place = it->second;
+        }
+        const ListedFile& file = m_before->files[place];
+        return file.settled ? &file : nullptr;
+    }
+
+private:
+    const Snapshot* m_before;
+    bool m_sameNames;
+    std::unordered_map<std::string_view, std::size_t> m_places;
 };
 
-ListedFile look(const Folder& folder, const std::string& fileName, const Snapshot* before, std::size_t& reads)
+/// \return whether the file had to be read.
+bool look(const Folder& folder, const std::string& fileName, const ListedFile* before, ListedFile& file)
 {
-    if (before)
-        if (const auto it = before->files.find(fileName); it != before->files.end())
-        {
-            FileStamp stamp;
-            if (folder.stamp(fileName, stamp) == FileState::ok && stamp == it->second->stamp)
-                return {it->second, true};
-        }
-    ++reads;
+    FileStamp stamp;
+    if (before && folder.stamp(fileName, stamp) == FileState::ok && stamp == before->stored->stamp)
+    {
+        file = *before;
+        return false;
+    }
     const std::int64_t readAt = now();
     std::optional<StoredTemplate> read = readTemplate(folder, fileName);
     if (!read)
-        return {};
-    const bool settled = read->code != status::templateReadError && isSettled(read->stamp, readAt);
-    return {std::make_shared<StoredTemplate>(std::move(*read)), settled};
+        return true;
+    file.settled = read->code != status::templateReadError && isSettled(read->stamp, readAt);
+    file.stored = std::make_shared<StoredTemplate>(std::move(*read));
+    return true;
 }
 
 bool comesBefore(const Remembered& a, const Remembered& b)
@@ -162,62 +204,65 @@ bool comesBefore(const Remembered& a, const Remembered& b)
     return a->name < b->name;
 }
 
+/// Puts the templates in listing order, and finds the first fault in the order of the file names.
+void arrange(Snapshot& snapshot)
+{
+    const std::string* firstFault = nullptr;
+    for (std::size_t i = 0; i < snapshot.files.size(); ++i)
+    {
+        const Remembered& stored = snapshot.files[i].stored;
+        if (!stored)
+            continue;
+        snapshot.bytes += stored->stamp.size;
+        if (stored->code == status::ok && stored->isTemplate)
+            snapshot.templates.push_back(stored);
+        else if (stored->code != status::ok && (!firstFault || snapshot.fileNames[i] < *firstFault))
+        {
+            firstFault = &snapshot.fileNames[i];
+            snapshot.code = stored->code;
+        }
+    }
+    std::sort(snapshot.templates.begin(), snapshot.templates.end(), comesBefore);
+}
+
 } // namespace
 
 int listTemplates(const Folder& folder, std::vector<Parameterized>& templates, std::size_t* filesRead)
 {
-    std::vector<std::string> fileNames;
-    if (!templateFileNames(folder, fileNames))
+    auto after = std::make_shared<Snapshot>();
+    if (!templateFileNames(folder, after->fileNames))
         return status::templateReadError;
-    std::sort(fileNames.begin(), fileNames.end());
 
     const FolderId id = folder.identity();
-    const std::shared_ptr<const Snapshot> before = memory().find(id);
-    std::vector<ListedFile> files(fileNames.size());
+    std::shared_ptr<const Snapshot> listing = memory().find(id);
+    const Recall recall(listing.get(), after->fileNames);
+    after->files.resize(after->fileNames.size());
     std::atomic<std::size_t> reads = 0;
-    inParallel(files.size(),
+    inParallel(after->files.size(),
                [&](std::size_t begin, std::size_t end)
                {
-                   std::size_t own = 0;
                    for (std::size_t i = begin; i < end; ++i)
-                       files[i] = look(folder, fileNames[i], before.get(), own);
-                   reads += own;
+                       if (look(folder, after->fileNames[i], recall.find(after->fileNames[i], i), after->files[i]))
+                           ++reads;
                });
     if (filesRead)
         *filesRead = reads;
-
-    int code = status::ok;
-    auto after = std::make_shared<Snapshot>();
-    after->files.reserve(files.size());
-    std::vector<Remembered> found;
-    found.reserve(files.size());
-    for (std::size_t i = 0; i < files.size(); ++i)
+    if (!recall.hasSameNames() || reads > 0)
     {
-        const Remembered& stored = files[i].stored;
-        if (!stored)
-            continue;
-        if (stored->code != status::ok && code == status::ok)
-            code = stored->code;
-        if (stored->code == status::ok && stored->isTemplate)
-            found.push_back(stored);
-        if (files[i].settled)
-        {
-            after->files.emplace(std::move(fileNames[i]), stored);
-            after->bytes += stored->stamp.size;
-        }
+        arrange(*after);
+        listing = after;
+        memory().keep(id, listing);
     }
-    memory().keep(id, std::move(after));
 
-    std::stable_sort(found.begin(), found.end(), comesBefore);
-    std::vector<Parameterized> result(found.size());
-    inParallel(found.size(),
+    std::vector<Parameterized> result(listing->templates.size());
+    inParallel(result.size(),
                [&](std::size_t begin, std::size_t end)
                {
                    for (std::size_t i = begin; i < end; ++i)
-                       result[i] = found[i]->set;
+                       result[i] = listing->templates[i]->set;
                });
     templates = std::move(result);
-    return code;
+    return listing->code;
 }
 
 void forgetListings()

@@ -1,6 +1,11 @@
 #include "templates/TemplateFind.h"
 
+#include "templates/FoldCase.h"
+
 #include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
 
 using namespace TessaronResources;
 using Result = TemplateFind::Result;
@@ -89,6 +94,72 @@ TEST_F(TemplateFindTest, HiddenColumnsAreNotSearched)
     definitions[0].shown = false;
     EXPECT_EQ(next("rough"), "-");
     EXPECT_EQ(next("10"), "1,0");
+}
+
+TEST(FindCell, FindsExactlyTheCellsThatShowTheText)
+{
+    namespace type = util::templateColumnType;
+    std::vector<util::TemplateColumn> definitions;
+    const auto add = [&definitions](int columnType, const std::string& format)
+    {
+        util::TemplateColumn column;
+        column.key = "Key " + std::to_string(definitions.size() % 7);
+        column.type = columnType;
+        column.format = format;
+        column.options = {{0, "Zero"}, {1, "one 1"}, {25, "\xC3\x84ther"}};
+        definitions.push_back(column);
+    };
+    for (const char* const format : {"%g", "%.3f mm", "%d", "%s", "<%s>", "%.4s"})
+        for (const int columnType : {type::integer, type::real, type::text, type::list, type::rating, 0})
+            add(columnType, format);
+    for (const char* const format : {"%Y-%m-%d %H:%M:%S", "%d %B %Y", "on %y"})
+        add(type::date, format);
+    const std::vector<GridColumnPtr> columns = makeGridColumns(definitions, true);
+
+    std::mt19937 random(3);
+    const std::vector<util::Parameterized::Value> values = {0,
+                                                            1,
+                                                            25,
+                                                            -7,
+                                                            0.0,
+                                                            25.0,
+                                                            0.125,
+                                                            1e300,
+                                                            -1e-7,
+                                                            std::numeric_limits<double>::infinity(),
+                                                            1 / 3.,
+                                                            2e9,
+                                                            std::string(),
+                                                            std::string("1700000000"),
+                                                            std::string("25 MM \xC3\x84\xC3\x9C"),
+                                                            std::string("a.b E+ 0.125"),
+                                                            std::string(5000, 'y') + "25"};
+    std::vector<util::Parameterized> sets(60);
+    for (util::Parameterized& set : sets)
+        for (int key = 0; key < 7; ++key)
+            if (random() % 5 != 0)
+                set.set("Key " + std::to_string(key), values[random() % values.size()]);
+    TemplateRows rows;
+    rows.fill(sets, 0, {});
+
+    for (const char* const text :
+         {"0",   "1",        "25",       "2023",     "-1",   "e+", "E", "inf", "mm",   ".", " ", "0.12",
+          "3-1", "\xC3\xA4", "\xC3\x9C", "NOVEMBER", "on 2", "<",  "%", "yy",  "zero", "n", "x"})
+    {
+        TemplateCell hit;
+        std::size_t hits = 0;
+        for (int row = 0; row < static_cast<int>(rows.size()); ++row)
+            for (const GridColumnPtr& column : columns)
+            {
+                const std::string shown = foldCase(column->format(rows.at(static_cast<std::size_t>(row))));
+                if (shown.find(foldCase(text)) == std::string::npos)
+                    continue;
+                hit = findCell(rows, columns, text, hit);
+                ASSERT_EQ(hit, (TemplateCell{column->index, row})) << "'" << text << "', shown: " << shown;
+                ++hits;
+            }
+        EXPECT_EQ(findCell(rows, columns, text, hit), TemplateCell()) << "after " << hits << " hits of " << text;
+    }
 }
 
 TEST_F(TemplateFindTest, HistoryHoldsEachTextOnce)
