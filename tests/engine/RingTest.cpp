@@ -100,6 +100,37 @@ TEST(Rings, storeRefusesToFillTheMemory)
     EXPECT_THROW(store.add({square(0, 0, 100)}), JobError);
 }
 
+TEST(Shrink, contoursTakenApartGiveTheResultOfAllTogether)
+{
+    // A C that closes as it grows, with an island in the room it closes in; islands that merge with each other, with
+    // the wall, and with nothing.
+    const Path c = {{30000, 30000}, {60000, 30000}, {60000, 43000}, {57000, 43000}, {57000, 33000}, {33000, 33000},
+                    {33000, 57000}, {57000, 57000}, {57000, 47000}, {60000, 47000}, {60000, 60000}, {30000, 60000}};
+    const Area area = {square(0, 0, 100000),
+                       hole(c),
+                       hole(square(44000, 44000, 1000)),
+                       hole(square(80000, 80000, 2000)),
+                       hole(square(85000, 80000, 2000)),
+                       hole(square(3000, 3000, 2000)),
+                       hole(square(15000, 80000, 2000))};
+    const CancelFlag cancel;
+    for (const double distance : {500.0, 2500.0, 4000.0, 9000.0})
+    {
+        ClipperLib::ClipperOffset offsetter(2, 2);
+        offsetter.AddPaths(area, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
+        Paths together;
+        offsetter.Execute(together, -distance);
+        ClipperLib::Clipper difference;
+        for (const Area& part : shrink(area, distance, {2, 0}, cancel))
+            difference.AddPaths(part, ClipperLib::ptSubject, true);
+        difference.AddPaths(together, ClipperLib::ptClip, true);
+        Paths apart;
+        difference.Execute(ClipperLib::ctXor, apart, ClipperLib::pftNonZero, ClipperLib::pftNonZero);
+        EXPECT_LT(std::fabs(sizeOf(apart)), 1e-4 * sizeOf(together)) << distance;
+        EXPECT_GT(sizeOf(together), 0) << distance;
+    }
+}
+
 TEST(Simplified, dropsOnlyWhatLiesWithinTheTolerance)
 {
     const Path path = {{0, 0}, {500, 3}, {1000, 0}, {1000, 1000}, {500, 1020}, {0, 1000}};
