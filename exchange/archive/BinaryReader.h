@@ -2,6 +2,7 @@
 #define EXCHANGE_ARCHIVE_BINARYREADER_H
 
 #include "exchange/archive/ByteSource.h"
+#include "exchange/archive/Failure.h"
 
 #include <cstdint>
 #include <cstring>
@@ -46,6 +47,24 @@ public:
             return m_source.read(bytes, size);
         std::memcpy(bytes, m_source.cursor(), size);
         m_source.advanceTo(m_source.cursor() + size);
+    }
+
+    /// A fixed array of numbers with its count, which may be smaller than the array but not larger.
+    template <class T, std::size_t N>
+    void numbers(T (&array)[N])
+    {
+        const std::uint64_t full = N;
+        if (m_source.available() >= sizeof full + sizeof array &&
+            std::memcmp(m_source.cursor(), &full, sizeof full) == 0) [[likely]]
+        {
+            std::memcpy(array, m_source.cursor() + sizeof full, sizeof array);
+            m_source.advanceTo(m_source.cursor() + sizeof full + sizeof array);
+            return;
+        }
+        const std::size_t stored = count();
+        if (stored > N)
+            fail(boost::archive::archive_exception::array_size_too_short);
+        block(array, stored * sizeof(T));
     }
 
     /// See ByteSource::remaining().

@@ -42,6 +42,17 @@ public:
     void count(std::size_t count) { put(static_cast<std::uint64_t>(count)); }
     void itemVersion(unsigned version) { put(version); }
     void block(const void* bytes, std::size_t size) { m_sink.append(bytes, size); }
+    /// A fixed array of numbers, with its count: count() and block() in one step.
+    template <class T, std::size_t N>
+    void numbers(const T (&array)[N])
+    {
+        const std::uint64_t count = N;
+        static_assert(sizeof count + sizeof array <= ByteSink::maxReserve);
+        char* const to = m_sink.reserve(sizeof count + sizeof array);
+        std::memcpy(to, &count, sizeof count);
+        std::memcpy(to + sizeof count, array, sizeof array);
+        m_sink.advanceTo(to + sizeof count + sizeof array);
+    }
 
     void finish() { m_sink.flush(); }
 

@@ -48,13 +48,13 @@ public:
     }
 
     template <class T>
-    IArchive& operator>>(const boost::serialization::nvp<T>& pair)
+    [[gnu::always_inline]] IArchive& operator>>(const boost::serialization::nvp<T>& pair)
     {
         load(pair.name(), pair.value());
         return *this;
     }
     template <class T>
-    IArchive& operator&(const boost::serialization::nvp<T>& pair)
+    [[gnu::always_inline]] IArchive& operator&(const boost::serialization::nvp<T>& pair)
     {
         return *this >> pair;
     }
@@ -76,7 +76,7 @@ private:
     };
 
     template <class T>
-    void load(const char* name, T& value)
+    [[gnu::always_inline]] void load(const char* name, T& value)
     {
         if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, std::string>)
             m_reader.value(name, value);
@@ -140,17 +140,19 @@ private:
     }
 
     template <class T, std::size_t N>
-    void loadArray(const char* name, T (&array)[N])
+    [[gnu::always_inline]] void loadArray(const char* name, T (&array)[N])
     {
         m_reader.open(name);
-        const std::size_t count = m_reader.count();
-        if (count > N)
-            fail(boost::archive::archive_exception::array_size_too_short);
         if constexpr (Reader::blocks && std::is_arithmetic_v<T>)
-            m_reader.block(array, count * sizeof(T));
+            m_reader.numbers(array);
         else
+        {
+            const std::size_t count = m_reader.count();
+            if (count > N)
+                fail(boost::archive::archive_exception::array_size_too_short);
             for (std::size_t i = 0; i < count; ++i)
                 load("item", array[i]);
+        }
         m_reader.close(name);
     }
 

@@ -40,13 +40,13 @@ public:
     explicit OArchive(std::ostream& stream) : m_writer(stream), m_classes(classSlotCount()) {}
 
     template <class T>
-    OArchive& operator<<(const boost::serialization::nvp<T>& pair)
+    [[gnu::always_inline]] OArchive& operator<<(const boost::serialization::nvp<T>& pair)
     {
         save(pair.name(), pair.const_value());
         return *this;
     }
     template <class T>
-    OArchive& operator&(const boost::serialization::nvp<T>& pair)
+    [[gnu::always_inline]] OArchive& operator&(const boost::serialization::nvp<T>& pair)
     {
         return *this << pair;
     }
@@ -62,7 +62,7 @@ private:
     };
 
     template <class T>
-    void save(const char* name, const T& value)
+    [[gnu::always_inline]] void save(const char* name, const T& value)
     {
         if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, std::string>)
             m_writer.value(name, value);
@@ -114,11 +114,16 @@ private:
     }
 
     template <class T, std::size_t N>
-    void saveArray(const char* name, const T (&array)[N])
+    [[gnu::always_inline]] void saveArray(const char* name, const T (&array)[N])
     {
         m_writer.openElement(name);
-        m_writer.count(N);
-        saveItems(array);
+        if constexpr (Writer::blocks && std::is_arithmetic_v<T>)
+            m_writer.numbers(array);
+        else
+        {
+            m_writer.count(N);
+            saveItems(array);
+        }
         m_writer.close(name);
     }
     template <class Items>

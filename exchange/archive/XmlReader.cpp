@@ -302,35 +302,17 @@ Number XmlReader::number()
     }
 }
 
-void XmlReader::value(const char* name, bool& value)
+template int XmlReader::number<int>();
+template unsigned XmlReader::number<unsigned>();
+template std::size_t XmlReader::number<std::size_t>();
+template double XmlReader::number<double>();
+
+void XmlReader::content(bool& value)
 {
-    unsigned number = 0;
-    numberElement(name, number);
-    if (number > 1)
+    const auto digit = number<unsigned>();
+    if (digit > 1)
         failInput();
-    value = number == 1;
-}
-
-void XmlReader::value(const char* name, int& value)
-{
-    numberElement(name, value);
-}
-
-void XmlReader::value(const char* name, unsigned& value)
-{
-    numberElement(name, value);
-}
-
-void XmlReader::value(const char* name, double& value)
-{
-    numberElement(name, value);
-}
-
-std::size_t XmlReader::count()
-{
-    std::size_t count = 0;
-    numberElement("count", count);
-    return count;
+    value = digit == 1;
 }
 
 unsigned XmlReader::itemVersion()
@@ -339,13 +321,12 @@ unsigned XmlReader::itemVersion()
     if (m_version <= 3)
         return 0;
     unsigned version = 0;
-    numberElement("item_version", version);
+    value("item_version", version);
     return version;
 }
 
-void XmlReader::value(const char* name, std::string& value)
+void XmlReader::content(std::string& value)
 {
-    open(name);
     value.clear();
     for (;;)
     {
@@ -361,10 +342,9 @@ void XmlReader::value(const char* name, std::string& value)
         if (at == end)
             continue;
         if (*at == '<')
-            break;
+            return;
         readReference(value);
     }
-    close(name);
 }
 
 void XmlReader::readReference(std::string& to)

@@ -24,7 +24,8 @@ public:
 
     unsigned version() const { return m_version; }
 
-    void open(const char* name)
+    // Inlined, so that comparing with a name is comparing with a constant.
+    [[gnu::always_inline]] void open(const char* name)
     {
         const std::size_t size = std::strlen(name);
         const char* at = toTag(size + 2);
@@ -36,7 +37,7 @@ public:
         else
             openSlow(name, size);
     }
-    void close(const char* name)
+    [[gnu::always_inline]] void close(const char* name)
     {
         const std::size_t size = std::strlen(name);
         const char* at = toTag(size + 3);
@@ -56,12 +57,19 @@ public:
     unsigned objectId();
 
     // Elements that hold one value
-    void value(const char* name, bool& value);
-    void value(const char* name, int& value);
-    void value(const char* name, unsigned& value);
-    void value(const char* name, double& value);
-    void value(const char* name, std::string& value);
-    std::size_t count();
+    template <class T>
+    [[gnu::always_inline]] void value(const char* name, T& value)
+    {
+        open(name);
+        content(value);
+        close(name);
+    }
+    std::size_t count()
+    {
+        std::size_t count = 0;
+        value("count", count);
+        return count;
+    }
     unsigned itemVersion();
 
     /// See ByteSource::remaining().
@@ -117,15 +125,25 @@ private:
     void readHead();
     void readReference(std::string& to);
 
+    void content(bool& value);
+    void content(int& value) { value = number<int>(); }
+    void content(unsigned& value) { value = number<unsigned>(); }
+    void content(std::size_t& value)
+    {
+        // Most counts are those of coordinates.
+        const char* const at = m_source.cursor();
+        if (*at >= '0' && *at <= '9' && at[1] == '<') [[likely]]
+        {
+            value = static_cast<std::size_t>(*at - '0');
+            m_source.advanceTo(at + 1);
+        }
+        else
+            value = number<std::size_t>();
+    }
+    void content(double& value) { value = number<double>(); }
+    void content(std::string& value);
     template <class Number>
     Number number();
-    template <class Number>
-    void numberElement(const char* name, Number& value)
-    {
-        open(name);
-        value = number<Number>();
-        close(name);
-    }
 
     ByteSource m_source;
     Attributes m_attributes;

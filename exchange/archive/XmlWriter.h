@@ -22,7 +22,8 @@ public:
 
     explicit XmlWriter(std::ostream& stream);
 
-    void openHead(const char* name)
+    // Inlined, so that copying a name is copying a constant.
+    [[gnu::always_inline]] void openHead(const char* name)
     {
         char* to = indented(name);
         m_sink.advanceTo(to);
@@ -35,7 +36,7 @@ public:
         ++m_depth;
         m_indentNext = false;
     }
-    void openElement(const char* name)
+    [[gnu::always_inline]] void openElement(const char* name)
     {
         char* to = indented(name);
         *to++ = '>';
@@ -43,7 +44,7 @@ public:
         ++m_depth;
         m_indentNext = false;
     }
-    void close(const char* name)
+    [[gnu::always_inline]] void close(const char* name)
     {
         --m_depth;
         const std::size_t size = std::strlen(name);
@@ -63,10 +64,10 @@ public:
     void knownObject(unsigned objectId);
 
     // Elements that hold one value
-    void value(const char* name, bool value) { number(name, value ? 1 : 0); }
-    void value(const char* name, int value) { number(name, value); }
-    void value(const char* name, unsigned value) { number(name, value); }
-    void value(const char* name, double value)
+    [[gnu::always_inline]] void value(const char* name, bool value) { number(name, value ? 1 : 0); }
+    [[gnu::always_inline]] void value(const char* name, int value) { number(name, value); }
+    [[gnu::always_inline]] void value(const char* name, unsigned value) { number(name, value); }
+    [[gnu::always_inline]] void value(const char* name, double value)
     {
         char* to = beginValue(name);
         to = formatDouble(to, value);
@@ -83,7 +84,7 @@ private:
     static constexpr std::size_t maxIndent = 33;
     static constexpr std::size_t maxNumber = maxDoubleText;
 
-    char* indent(char* to)
+    [[gnu::always_inline]] char* indent(char* to)
     {
         static constexpr char tabs[] = "\n\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
         static_assert(sizeof tabs == 33);
@@ -92,7 +93,7 @@ private:
             std::memcpy(to + 16, tabs + 16, 16);
         return to + 1 + m_depth;
     }
-    char* indented(const char* name)
+    [[gnu::always_inline]] char* indented(const char* name)
     {
         const std::size_t size = std::strlen(name);
         char* to = m_sink.reserve(size + maxIndent + 2);
@@ -102,7 +103,7 @@ private:
         std::memcpy(to, name, size);
         return to + size;
     }
-    static char* endTag(char* to, const char* name, std::size_t size)
+    [[gnu::always_inline]] static char* endTag(char* to, const char* name, std::size_t size)
     {
         *to++ = '<';
         *to++ = '/';
@@ -111,7 +112,7 @@ private:
         *to++ = '>';
         return to;
     }
-    char* beginValue(const char* name)
+    [[gnu::always_inline]] char* beginValue(const char* name)
     {
         const std::size_t size = std::strlen(name);
         char* to = m_sink.reserve(2 * size + maxIndent + maxNumber + 8);
@@ -123,13 +124,13 @@ private:
         *to++ = '>';
         return to;
     }
-    void endValue(char* to, const char* name)
+    [[gnu::always_inline]] void endValue(char* to, const char* name)
     {
         m_sink.advanceTo(endTag(to, name, std::strlen(name)));
         m_indentNext = true;
     }
     template <class Integer>
-    void number(const char* name, Integer value)
+    [[gnu::always_inline]] void number(const char* name, Integer value)
     {
         char* to = beginValue(name);
         if (value >= 0 && value <= 9)
