@@ -24,11 +24,6 @@ ArchiveFileError::~ArchiveFileError() noexcept = default;
 namespace archive
 {
 
-namespace
-{
-
-/// Archives of text start with "<", or with blanks or a byte order mark before it; binary ones with the low byte of a
-/// length.
 ArchiveFormat detectFormat(std::istream& stream)
 {
     int first = std::char_traits<char>::eof();
@@ -56,8 +51,6 @@ ArchiveFormat detectFormat(std::istream& stream)
         return ArchiveFormat::binary;
     }
 }
-
-} // namespace
 
 void write(std::ostream& stream, RecordKind kind, const void* record, ArchiveFormat format)
 {

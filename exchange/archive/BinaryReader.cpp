@@ -88,7 +88,7 @@ std::string_view BinaryReader::className()
     return m_className;
 }
 
-void BinaryReader::value(const char*, std::string& value)
+void BinaryReader::content(std::string& value)
 {
     std::size_t left = count();
     if (left > m_source.remaining())

@@ -34,11 +34,17 @@ public:
     std::string_view className();
     unsigned objectId() { return get<std::uint32_t>(); }
 
-    void value(const char*, bool& value) { value = flag(); }
-    void value(const char*, int& value) { value = get<std::int32_t>(); }
-    void value(const char*, unsigned& value) { value = get<std::uint32_t>(); }
-    void value(const char*, double& value) { value = get<double>(); }
-    void value(const char*, std::string& value);
+    template <class T>
+    void value(const char*, T& value)
+    {
+        content(value);
+    }
+    void content(bool& value) { value = flag(); }
+    void content(int& value) { value = get<std::int32_t>(); }
+    void content(unsigned& value) { value = get<std::uint32_t>(); }
+    void content(std::size_t& value) { value = count(); }
+    void content(double& value) { value = get<double>(); }
+    void content(std::string& value);
     std::size_t count() { return get<std::uint64_t>(); }
     unsigned itemVersion() { return get<std::uint32_t>(); }
     void block(void* bytes, std::size_t size)

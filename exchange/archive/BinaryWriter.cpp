@@ -23,7 +23,7 @@ void BinaryWriter::newClass(int classId, const char* key, bool tracking, unsigne
 {
     knownClass(classId);
     if (key != nullptr)
-        value("", std::string(key));
+        content(std::string(key));
     classInfo(classId, tracking, version);
 }
 

@@ -30,11 +30,17 @@ public:
     void newObject(unsigned objectId) { put(objectId); }
     void knownObject(unsigned objectId) { put(objectId); }
 
-    void value(const char*, bool value) { put(static_cast<unsigned char>(value)); }
-    void value(const char*, int value) { put(value); }
-    void value(const char*, unsigned value) { put(value); }
-    void value(const char*, double value) { put(value); }
-    void value(const char*, const std::string& value)
+    template <class T>
+    void value(const char*, const T& value)
+    {
+        content(value);
+    }
+    void content(bool value) { put(static_cast<unsigned char>(value)); }
+    void content(int value) { put(value); }
+    void content(unsigned value) { put(value); }
+    void content(unsigned long value) { count(value); }
+    void content(double value) { put(value); }
+    void content(const std::string& value)
     {
         count(value.size());
         m_sink.append(value.data(), value.size());

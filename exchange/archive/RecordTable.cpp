@@ -40,10 +40,11 @@ void readRecord(std::istream& stream, void* record)
 }
 
 template <class Record, const char* name>
-constexpr RecordEntry xmlEntry{&writeRecord<Record, XmlWriter, name>, &readRecord<Record, XmlReader>, nullptr, nullptr};
+constexpr RecordEntry xmlEntry{name, &writeRecord<Record, XmlWriter, name>, &readRecord<Record, XmlReader>, nullptr,
+                               nullptr};
 
 template <class Record, const char* name>
-constexpr RecordEntry fullEntry{&writeRecord<Record, XmlWriter, name>, &readRecord<Record, XmlReader>,
+constexpr RecordEntry fullEntry{name, &writeRecord<Record, XmlWriter, name>, &readRecord<Record, XmlReader>,
                                 &writeRecord<Record, BinaryWriter, name>, &readRecord<Record, BinaryReader>};
 
 // The names of the outermost elements.

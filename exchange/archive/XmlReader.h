@@ -64,6 +64,25 @@ public:
         content(value);
         close(name);
     }
+    // A value alone, between open() and close()
+    void content(bool& value);
+    void content(int& value) { value = number<int>(); }
+    void content(unsigned& value) { value = number<unsigned>(); }
+    void content(std::size_t& value)
+    {
+        // Most counts are those of coordinates.
+        const char* const at = m_source.cursor();
+        if (*at >= '0' && *at <= '9' && at[1] == '<') [[likely]]
+        {
+            value = static_cast<std::size_t>(*at - '0');
+            m_source.advanceTo(at + 1);
+        }
+        else
+            value = number<std::size_t>();
+    }
+    void content(double& value) { value = number<double>(); }
+    void content(std::string& value);
+
     std::size_t count()
     {
         std::size_t count = 0;
@@ -125,23 +144,6 @@ private:
     void readHead();
     void readReference(std::string& to);
 
-    void content(bool& value);
-    void content(int& value) { value = number<int>(); }
-    void content(unsigned& value) { value = number<unsigned>(); }
-    void content(std::size_t& value)
-    {
-        // Most counts are those of coordinates.
-        const char* const at = m_source.cursor();
-        if (*at >= '0' && *at <= '9' && at[1] == '<') [[likely]]
-        {
-            value = static_cast<std::size_t>(*at - '0');
-            m_source.advanceTo(at + 1);
-        }
-        else
-            value = number<std::size_t>();
-    }
-    void content(double& value) { value = number<double>(); }
-    void content(std::string& value);
     template <class Number>
     Number number();
 

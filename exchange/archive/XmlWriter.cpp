@@ -37,10 +37,8 @@ XmlWriter::XmlWriter(std::ostream& stream) : m_sink(stream)
 void XmlWriter::attribute(const char* text, long long value)
 {
     append(text);
-    char* to = m_sink.reserve(maxNumber + 1);
-    to = std::to_chars(to, to + maxNumber, value).ptr;
-    *to++ = '"';
-    m_sink.advanceTo(to);
+    numberText(value);
+    append("\"");
 }
 
 void XmlWriter::classInfo(int classId, bool tracking, unsigned version)
@@ -84,6 +82,12 @@ void XmlWriter::knownObject(unsigned objectId)
 void XmlWriter::value(const char* name, const std::string& value)
 {
     m_sink.advanceTo(beginValue(name));
+    content(value);
+    endValue(m_sink.reserve(std::strlen(name) + 3), name);
+}
+
+void XmlWriter::content(const std::string& value)
+{
     const char* plain = value.data();
     const char* const end = plain + value.size();
     for (const char* at = plain; at != end; ++at)
@@ -94,8 +98,6 @@ void XmlWriter::value(const char* name, const std::string& value)
             plain = at + 1;
         }
     m_sink.append(plain, static_cast<std::size_t>(end - plain));
-    const std::size_t size = std::strlen(name);
-    endValue(m_sink.reserve(size + 3), name);
 }
 
 void XmlWriter::finish()

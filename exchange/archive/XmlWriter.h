@@ -77,6 +77,14 @@ public:
     void count(std::size_t count) { number("count", count); }
     void itemVersion(unsigned version) { number("item_version", version); }
 
+    // A value alone, between openHead(), closeHead() and close()
+    void content(bool value) { content(value ? 1ul : 0ul); }
+    void content(int value) { numberText(value); }
+    void content(unsigned value) { numberText(value); }
+    void content(unsigned long value) { numberText(value); }
+    void content(double value) { m_sink.advanceTo(formatDouble(m_sink.reserve(maxNumber), value)); }
+    void content(const std::string& value);
+
     /// Ends the document and hands everything to the stream.
     void finish();
 
@@ -138,6 +146,13 @@ private:
         else
             to = std::to_chars(to, to + maxNumber, value).ptr;
         endValue(to, name);
+    }
+
+    template <class Integer>
+    void numberText(Integer value)
+    {
+        char* const to = m_sink.reserve(maxNumber);
+        m_sink.advanceTo(std::to_chars(to, to + maxNumber, value).ptr);
     }
 
     void attribute(const char* text, long long value);

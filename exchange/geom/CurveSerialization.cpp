@@ -1,7 +1,11 @@
+#include "exchange/archive/PolymorphicVector.h"
+
+#include <boost/archive/polymorphic_oarchive.hpp>
+
 #include "exchange/geom/CurveSerialization.h"
 
-// The implementations of the export keys. They create the pointer serializers for every archive class that is
-// registered where this file includes it.
+// The implementations of the export keys: the pointer serializers of the polymorphic archives, which are the only
+// archive classes that are known where this file has included its headers.
 BOOST_CLASS_EXPORT_IMPLEMENT(geom::LineImpl<2>)
 BOOST_CLASS_EXPORT_IMPLEMENT(geom::LineImpl<3>)
 BOOST_CLASS_EXPORT_IMPLEMENT(geom::PolylineImpl<2>)

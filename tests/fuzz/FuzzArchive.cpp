@@ -1,6 +1,7 @@
-// Feeds arbitrary bytes to the archive readers of FUZZ_RECORD. What reads must survive being written and read again.
+// Feeds arbitrary bytes to the archive readers of FUZZ_RECORD, to the polymorphic ones if FUZZ_POLYMORPHIC is 1. What
+// reads must survive being written and read again.
 
-#include "exchange/Archives.h"
+#include "exchange/PolymorphicArchives.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -40,10 +41,20 @@ private:
     std::size_t m_left;
 };
 
-std::string written(const Record& record, bool asXml)
+void readRecord(std::istream& stream, Record& record)
+{
+#if FUZZ_POLYMORPHIC
+    exchange::readPolymorphicArchive(stream, record);
+#else
+    exchange::readArchive(stream, record);
+#endif
+}
+
+template <class AnyRecord>
+std::string written(const AnyRecord& record, bool asXml)
 {
     std::ostringstream stream;
-    if constexpr (exchange::archive::isXmlOnly(exchange::archive::RecordKindOf<Record>::value))
+    if constexpr (exchange::archive::isXmlOnly(exchange::archive::RecordKindOf<AnyRecord>::value))
         exchange::writeArchive(stream, record);
     else
         exchange::writeArchive(stream, record, asXml ? exchange::ArchiveFormat::xml : exchange::ArchiveFormat::binary);
@@ -78,13 +89,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         if (size % 2 == 0)
         {
             std::istringstream stream(std::string(reinterpret_cast<const char*>(bytes), size));
-            exchange::readArchive(stream, record);
+            readRecord(stream, record);
         }
         else
         {
             PipeBuffer pipe(bytes, size);
             std::istream stream(&pipe);
-            exchange::readArchive(stream, record);
+            readRecord(stream, record);
         }
     }
     catch (const boost::archive::archive_exception&)
