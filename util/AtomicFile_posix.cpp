@@ -174,24 +174,26 @@ public:
     void commit()
     {
         m_stream.flush();
-        check(m_buffer.error() == 0, "writing the temporary file", m_buffer.error());
-        check(uninterrupted([&] { return ::fsync(m_file.number()); }) == 0, "bringing it to the disk", errno);
-        check(m_file.close(), "closing the temporary file", errno);
-        check(::rename(m_temporary.c_str(), m_target.c_str()) == 0, "renaming the temporary file", errno);
+        if (m_buffer.error() != 0)
+            failStep(m_path, "writing the temporary file", m_buffer.error());
+        check(uninterrupted([&] { return ::fsync(m_file.number()); }) == 0, "bringing it to the disk");
+        check(m_file.close(), "closing the temporary file");
+        check(::rename(m_temporary.c_str(), m_target.c_str()) == 0, "renaming the temporary file");
         m_committed = true;
         const std::string folder = folderOf(m_target);
         const Descriptor entry(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        check(entry.number() >= 0, "opening the folder", errno);
+        check(entry.number() >= 0, "opening the folder");
         // Some file systems cannot do this for folders and say so; the rename is all they offer.
         check(uninterrupted([&] { return ::fsync(entry.number()); }) == 0 || errno == EINVAL,
-              "bringing the folder to the disk", errno);
+              "bringing the folder to the disk");
     }
 
 private:
-    void check(bool done, const char* step, int error) const
+    /// After a system call: fails with its errno.
+    void check(bool done, const char* step) const
     {
         if (!done)
-            failStep(m_path, step, error);
+            failStep(m_path, step, errno);
     }
     int create()
     {
@@ -202,7 +204,7 @@ private:
                 [&] { return ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); });
             if (descriptor >= 0)
                 return descriptor;
-            check(errno == EEXIST, "creating a temporary file beside it", errno);
+            check(errno == EEXIST, "creating a temporary file beside it");
         }
     }
     void keepRights()

@@ -219,6 +219,11 @@ private:
         const state_saver<const BasicSerializer*> keepSerializer(m_pointeeSerializer);
         const state_saver<unsigned> keepVersion(m_pointeeVersion);
         const state_saver<bool> keepConstructed(m_pointeeConstructed);
+        const state_saver<int> keepDepth(m_pointerDepth);
+        // The library compares an object's class with the pointer's only when the object is read, so that the input
+        // could nest them without end.
+        if (++m_pointerDepth > maxPointerDepth)
+            failInput();
         void* const object = serializer.heap_allocation();
         m_pointee = object;
         m_pointeeSerializer = &serializer.get_basic_serializer();
@@ -262,6 +267,9 @@ private:
     void vload(boost::archive::class_name_type&) override { refuse(); }
     void vload(boost::archive::tracking_type&) override { refuse(); }
 
+    /// Records nest pointers two deep: a curve of the plane in a curve of space.
+    static constexpr int maxPointerDepth = 8;
+
     Reader m_reader;
     int m_depth = 0;
     std::vector<Class> m_classes;
@@ -270,6 +278,7 @@ private:
     const BasicSerializer* m_pointeeSerializer = nullptr;
     unsigned m_pointeeVersion = 0;
     bool m_pointeeConstructed = false;
+    int m_pointerDepth = 0;
     Unowned m_unowned;
 };
 

@@ -132,9 +132,8 @@ const char* XmlReader::toTagSlow(std::size_t size)
         m_source.advanceTo(at);
         if (at != m_source.end())
         {
-            // A shorter rest than asked for is not an error yet: the caller compares up to the zero byte behind it.
-            if (!m_source.want(size))
-                failInput();
+            // A shorter rest than asked for is not an error yet: the zero byte behind it ends every comparison.
+            m_source.want(size);
             return m_source.cursor();
         }
         if (!m_source.want(1))

@@ -123,7 +123,7 @@ private:
     {
         return character == ' ' || character == '\n' || character == '\t' || character == '\r';
     }
-    /// Moves to the next byte that is no blank and has `size` bytes at hand from there, if the input has that many.
+    /// The next byte that is no blank, with `size` bytes at hand from there if the input has that many.
     const char* toTag(std::size_t size)
     {
         const char* at = m_source.cursor();

@@ -1,0 +1,372 @@
+// The calls of exchange/Archives.h: what they promise about records, streams and files.
+
+#include "ArchiveText.h"
+
+#include "exchange/geom/Curves.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/smart_ptr/make_shared.hpp>
+
+#include <cmath>
+#include <cstdlib>
+#include <iomanip>
+#include <limits>
+
+#include <unistd.h>
+
+namespace tests
+{
+namespace
+{
+
+using boost::archive::archive_exception;
+using exchange::ArchiveFormat;
+
+/// Gives out a text in small pieces and cannot seek, as a pipe.
+class PipeBuffer : public std::streambuf
+{
+public:
+    explicit PipeBuffer(std::string text, std::size_t piece) : m_text(std::move(text)), m_piece(piece) {}
+
+protected:
+    int_type underflow() override
+    {
+        const std::size_t size = std::min(m_piece, m_text.size() - m_next);
+        if (size == 0)
+            return traits_type::eof();
+        setg(m_text.data() + m_next, m_text.data() + m_next, m_text.data() + m_next + size);
+        m_next += size;
+        return traits_type::to_int_type(*gptr());
+    }
+
+private:
+    std::string m_text;
+    std::size_t m_piece;
+    std::size_t m_next = 0;
+};
+
+/// Takes so many bytes and no more, as a full disk.
+class FullBuffer : public std::streambuf
+{
+public:
+    explicit FullBuffer(std::streamsize room) : m_room(room) {}
+
+protected:
+    int_type overflow(int_type) override { return m_room-- > 0 ? 0 : traits_type::eof(); }
+    std::streamsize xsputn(const char*, std::streamsize size) override
+    {
+        const std::streamsize taken = std::min(size, m_room);
+        m_room -= taken;
+        return taken;
+    }
+
+private:
+    std::streamsize m_room;
+};
+
+class TemporaryFolder
+{
+public:
+    TemporaryFolder()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "tessaron-test-XXXXXX").string();
+        if (::mkdtemp(name.data()) == nullptr)
+            throw std::runtime_error("no temporary folder");
+        m_path = name;
+    }
+    ~TemporaryFolder() { std::filesystem::remove_all(m_path); }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::string operator/(const char* name) const { return (m_path / name).string(); }
+    std::size_t fileCount() const
+    {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_path), {}));
+    }
+
+private:
+    std::filesystem::path m_path;
+};
+
+template <class Record>
+std::string written(const Record& record, ArchiveFormat format)
+{
+    std::ostringstream stream;
+    exchange::writeArchive(stream, record, format);
+    return stream.str();
+}
+
+const std::string& errorText(const archive_exception& error)
+{
+    static std::string text;
+    return text = error.what();
+}
+
+TEST(ArchiveApi, FailedReadLeavesTheRecordAsItWas)
+{
+    auto record = readFrom<exchange::Tessaron3dInput>(golden("t3dinput.xml"));
+    const std::string before = written(record, ArchiveFormat::xml);
+    for (const char* file : {"t3dinput.xml", "t3dinput.bin"})
+    {
+        const std::string whole = golden(file);
+        std::istringstream stream(whole.substr(0, whole.size() * 9 / 10));
+        EXPECT_THROW(exchange::readArchive(stream, record), archive_exception);
+        EXPECT_EQ(written(record, ArchiveFormat::xml), before);
+    }
+}
+
+TEST(ArchiveApi, ReadReplacesEverythingThatTheRecordHeld)
+{
+    auto record = readFrom<exchange::Tessaron2dInput>(golden("t2dinput.xml"));
+    std::istringstream stream(golden("t2dinput_oneline.xml"));
+    exchange::readArchive(stream, record);
+    EXPECT_EQ(written(record, ArchiveFormat::xml), golden("t2dinput_oneline.xml"));
+}
+
+TEST(ArchiveApi, SharedObjectsComeBackShared)
+{
+    exchange::Tessaron3dInput input;
+    const auto mesh = boost::make_shared<topo::mesh::TriMesh>();
+    mesh->vertices.emplace_back(1, 2, 3);
+    input.boundaries.pPartMesh = mesh;
+    input.boundaries.pCheckMesh = mesh;
+    const auto line = boost::make_shared<geom::LineImpl<2>>(geom::PointNd<2>(0, 0), geom::PointNd<2>(1, 1));
+    input.boundaries.materialBoundaries = {line, nullptr, line};
+    input.boundaries.containmentBoundaries.partBoundaries = {line};
+    for (const ArchiveFormat format : {ArchiveFormat::xml, ArchiveFormat::binary})
+    {
+        const auto read = readFrom<exchange::Tessaron3dInput>(written(input, format)).boundaries;
+        ASSERT_TRUE(read.pPartMesh);
+        EXPECT_EQ(read.pPartMesh, read.pCheckMesh);
+        EXPECT_FALSE(read.pMaterialMesh);
+        ASSERT_TRUE(read.materialBoundaries[0]);
+        EXPECT_FALSE(read.materialBoundaries[1]);
+        EXPECT_EQ(read.materialBoundaries[0], read.materialBoundaries[2]);
+        EXPECT_EQ(read.materialBoundaries[0], read.containmentBoundaries.partBoundaries[0]);
+        EXPECT_EQ(read.pPartMesh.use_count(), 2);
+    }
+}
+
+TEST(ArchiveApi, CurveOfAForeignClassIsRefused)
+{
+    class Foreign : public geom::LineImpl<2>
+    {
+    };
+    const boost::shared_ptr<geom::ParametricCurve<2>> curve = boost::make_shared<Foreign>();
+    try
+    {
+        written(curve, ArchiveFormat::xml);
+        FAIL();
+    }
+    catch (const archive_exception& error)
+    {
+        EXPECT_EQ(error.code, archive_exception::unregistered_class);
+        EXPECT_NE(errorText(error).find("derived class not registered or exported"), std::string::npos);
+    }
+}
+
+TEST(ArchiveApi, ParameterSetListsHaveTheLayoutOfAVector)
+{
+    exchange::ParameterizedList list(2);
+    list[1].set("Type", std::string("pocket"));
+    const std::string xml = written(list, ArchiveFormat::xml);
+    EXPECT_NE(xml.find("<ParameterizedList class_id=\"0\" tracking_level=\"0\" version=\"0\">\n"
+                       "\t<count>2</count>\n\t<item_version>0</item_version>\n"
+                       "\t<item class_id=\"1\" tracking_level=\"0\" version=\"0\">\n"
+                       "\t\t<params class_id=\"2\" tracking_level=\"0\" version=\"0\">\n"),
+              std::string::npos)
+        << xml;
+    for (const ArchiveFormat format : {ArchiveFormat::xml, ArchiveFormat::binary})
+        EXPECT_EQ(readFrom<exchange::ParameterizedList>(written(list, format)), list);
+}
+
+TEST(ArchiveApi, TrackedMeshByValueHasAnObjectId)
+{
+    topo::mesh::TriMesh mesh;
+    mesh.vertices.emplace_back(1, 2, 3);
+    mesh.faces.emplace_back(0, 0, 0);
+    const std::string xml = written(mesh, ArchiveFormat::xml);
+    EXPECT_NE(xml.find("<TriMeshFacets class_id=\"0\" tracking_level=\"1\" version=\"0\" object_id=\"_0\">"),
+              std::string::npos);
+    EXPECT_EQ(written(readFrom<topo::mesh::TriMesh>(xml), ArchiveFormat::xml), xml);
+}
+
+TEST(ArchiveApi, NonFiniteNumbersTravelInBinaryOnly)
+{
+    const double inf = std::numeric_limits<double>::infinity();
+    const geom::PointNd<3> point(std::numeric_limits<double>::quiet_NaN(), inf, -inf);
+    const std::string xml = written(point, ArchiveFormat::xml);
+    EXPECT_NE(xml.find("<item>nan</item>\n\t\t<item>inf</item>\n\t\t<item>-inf</item>"), std::string::npos);
+    EXPECT_EQ(readError(anyRecord<geom::PointNd<3>>, xml), "input stream error");
+    const auto read = readFrom<geom::PointNd<3>>(written(point, ArchiveFormat::binary));
+    EXPECT_TRUE(std::isnan(read[0]));
+    EXPECT_EQ(read[1], inf);
+    EXPECT_EQ(read[2], -inf);
+}
+
+TEST(ArchiveApi, StreamFlagsAndLocaleOfTheCallerPlayNoPart)
+{
+    struct Comma : std::numpunct<char>
+    {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    const auto record = readFrom<exchange::Tessaron3dInput>(golden("t3dinput.xml"));
+    std::stringstream stream;
+    stream.imbue(std::locale(std::locale::classic(), new Comma));
+    stream << std::boolalpha << std::showpoint << std::uppercase << std::hex << std::showpos << std::setw(20)
+           << std::setprecision(2);
+    const auto flags = stream.flags();
+    exchange::writeArchive(stream, record);
+    EXPECT_EQ(stream.str(), golden("t3dinput.xml"));
+    exchange::Tessaron3dInput read;
+    exchange::readArchive(stream, read);
+    EXPECT_EQ(written(read, ArchiveFormat::xml), golden("t3dinput.xml"));
+    EXPECT_EQ(stream.flags(), flags);
+}
+
+TEST(ArchiveApi, ArchivesFollowEachOtherInOneStream)
+{
+    std::stringstream stream;
+    exchange::writeArchive(stream, geom::PointNd<2>(1, 2));
+    exchange::writeArchive(stream, geom::PointNd<2>(3, 4), ArchiveFormat::binary);
+    exchange::writeArchive(stream, geom::PointNd<2>(5, 6), ArchiveFormat::binary);
+    geom::PointNd<2> point;
+    for (const geom::PointNd<2>& expected : {geom::PointNd<2>(1, 2), geom::PointNd<2>(3, 4), geom::PointNd<2>(5, 6)})
+    {
+        exchange::readArchive(stream, point);
+        EXPECT_EQ(point, expected);
+        // The line ends behind an XML document.
+        while (stream.peek() == '\n')
+            stream.get();
+    }
+}
+
+TEST(ArchiveApi, StreamsThatCannotSeekReadInPiecesOfAnySize)
+{
+    for (const std::size_t piece : {1u, 7u, 4096u})
+        for (const char* file : {"t3dinput.xml", "t3dinput.bin"})
+        {
+            PipeBuffer pipe(golden(file), piece);
+            std::istream stream(&pipe);
+            exchange::Tessaron3dInput record;
+            exchange::readArchive(stream, record);
+            EXPECT_EQ(written(record, ArchiveFormat::xml), golden("t3dinput.xml"));
+        }
+}
+
+TEST(ArchiveApi, HugeCountsOnAPipeEndWithTheData)
+{
+    std::string archive = golden("curve_bspline2.bin");
+    archive.replace(archive.size() - 8 * 9, 8, std::string("\0\0\0\0\1\0\0\0", 8));
+    PipeBuffer pipe(archive, 100);
+    std::istream stream(&pipe);
+    boost::shared_ptr<geom::ParametricCurve<2>> curve;
+    EXPECT_THROW(exchange::readArchive(stream, curve), archive_exception);
+}
+
+TEST(ArchiveApi, LargeRecordsCrossEveryBufferBoundary)
+{
+    exchange::ToolpathRecords path;
+    for (int i = 0; i < 20'000; ++i)
+    {
+        path.records.push_back(exchange::LinearMove{{i / 3.0, -i * 1e-7, 1e20 / (i + 1)}});
+        path.records.push_back(exchange::CustomRecord{std::string(static_cast<std::size_t>(i % 97), '<')});
+    }
+    std::stringstream stream;
+    exchange::writeArchive(stream, path);
+    exchange::ToolpathRecords read;
+    exchange::readArchive(stream, read);
+    ASSERT_EQ(read.records.size(), path.records.size());
+    for (std::size_t i = 0; i < path.records.size(); i += 2)
+    {
+        EXPECT_EQ(boost::get<exchange::LinearMove>(read.records[i]).endPt,
+                  boost::get<exchange::LinearMove>(path.records[i]).endPt);
+        EXPECT_EQ(boost::get<exchange::CustomRecord>(read.records[i + 1]).string,
+                  boost::get<exchange::CustomRecord>(path.records[i + 1]).string);
+    }
+}
+
+TEST(ArchiveApi, OutputThatStopsIsAnError)
+{
+    const auto record = readFrom<exchange::Tessaron3dInput>(golden("t3dinput.xml"));
+    for (const std::streamsize room : {0, 10, 1000})
+    {
+        FullBuffer full(room);
+        std::ostream stream(&full);
+        stream.exceptions(std::ios_base::badbit);
+        try
+        {
+            exchange::writeArchive(stream, record);
+            FAIL();
+        }
+        catch (const archive_exception& error)
+        {
+            EXPECT_EQ(error.code, archive_exception::output_stream_error);
+        }
+    }
+}
+
+TEST(ArchiveFile, IsWrittenAndReadUnderItsName)
+{
+    const TemporaryFolder folder;
+    const auto record = readFrom<exchange::Tessaron2dInput>(golden("t2dinput.xml"));
+    exchange::writeArchiveFile(folder / "Größe 1.xml", record);
+    exchange::writeArchiveFile(folder / "b.bin", record, ArchiveFormat::binary);
+    EXPECT_EQ(fileBytes(folder / "Größe 1.xml"), golden("t2dinput.xml"));
+    EXPECT_EQ(fileBytes(folder / "b.bin"), golden("t2dinput.bin"));
+    EXPECT_EQ(folder.fileCount(), 2u);
+    exchange::Tessaron2dInput read;
+    exchange::readArchiveFile(folder / "b.bin", read);
+    EXPECT_EQ(written(read, ArchiveFormat::xml), golden("t2dinput.xml"));
+}
+
+TEST(ArchiveFile, ErrorsNameTheFileAndTheReason)
+{
+    const TemporaryFolder folder;
+    const std::string longName = folder / (std::string(200, 'n') + ".xml").c_str();
+    const auto message = [](const auto& operation) -> std::string
+    {
+        try
+        {
+            operation();
+        }
+        catch (const exchange::ArchiveFileError& error)
+        {
+            return error.what();
+        }
+        return "";
+    };
+    geom::PointNd<2> point;
+    EXPECT_EQ(message([&] { exchange::readArchiveFile(longName, point); }),
+              "Cannot read '" + longName + "': No such file or directory");
+    std::ofstream(longName) << "<html>";
+    EXPECT_EQ(message([&] { exchange::readArchiveFile(longName, point); }),
+              "Cannot read '" + longName + "': unrecognized XML syntax");
+    const std::string missing = folder / "missing/a.xml";
+    EXPECT_EQ(message([&] { exchange::writeArchiveFile(missing, point); }),
+              "Cannot write '" + missing + "': creating a temporary file beside it: No such file or directory");
+    EXPECT_EQ(message([&] { exchange::readArchiveFile(folder / "", point); }),
+              "Cannot read '" + (folder / "") + "': input stream error");
+}
+
+TEST(ArchiveFile, FailedWriteLeavesTheOldFileAndNothingElse)
+{
+    class Foreign : public geom::LineImpl<2>
+    {
+    };
+    const TemporaryFolder folder;
+    const std::string path = folder / "a.xml";
+    exchange::CurveList curves = {boost::make_shared<geom::LineImpl<2>>()};
+    exchange::writeArchiveFile(path, curves);
+    const std::string before = fileBytes(path);
+    curves.push_back(boost::make_shared<Foreign>());
+    EXPECT_THROW(exchange::writeArchiveFile(path, curves), exchange::ArchiveFileError);
+    EXPECT_EQ(fileBytes(path), before);
+    EXPECT_EQ(folder.fileCount(), 1u);
+}
+
+} // namespace
+} // namespace tests
