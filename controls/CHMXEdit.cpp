@@ -60,11 +60,11 @@ void CHMXEdit::setToolTipText(const wxString& text)
     m_toolTipPending = true;
 }
 
-void CHMXEdit::setEditable(bool editable)
+void CHMXEdit::SetEditable(bool editable)
 {
     m_editable = editable;
     // Input methods and drops do not come by way of key messages.
-    SetEditable(editable);
+    wxTextCtrl::SetEditable(editable);
 }
 
 void CHMXEdit::setError()

@@ -18,8 +18,7 @@ public:
     void setToolTipText(const wxString& text);
 
     /// While it is false, the field takes neither keys nor pastes nor right clicks. Everything else works as usual.
-    void setEditable(bool editable);
-    bool isEditable() const { return m_editable; }
+    void SetEditable(bool editable) override;
 
     /// Marks the text as in error: draws the field in the second pair of colours, selects all of the text and brings
     /// the caret into view.

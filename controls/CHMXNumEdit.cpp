@@ -59,7 +59,7 @@ void CHMXNumEdit::onChar(wxKeyEvent& event)
 void CHMXNumEdit::onEnter()
 {
     double value = 0.0;
-    if (!isEditable() || !evaluate(GetValue(), value))
+    if (!IsEditable() || !evaluate(GetValue(), value))
         return;
     ChangeValue(formatTidy(value));
     SetInsertionPointEnd();

@@ -157,7 +157,7 @@ TEST_F(EditsInADialog, AReadOnlyFieldCannotBeChangedByTheUser)
     user.then("read-only",
               [this]
               {
-                  m_edit.setEditable(false);
+                  m_edit.SetEditable(false);
                   const wxClipboardLocker lock;
                   wxTheClipboard->SetData(new wxTextDataObject("7"));
                   type("9");
@@ -170,7 +170,7 @@ TEST_F(EditsInADialog, AReadOnlyFieldCannotBeChangedByTheUser)
         [this]
         {
             EXPECT_EQ(m_edit.GetValue(), "42");
-            m_edit.setEditable(true);
+            m_edit.SetEditable(true);
             m_edit.SetFocus();
             m_edit.SetInsertionPointEnd();
             type("9");
