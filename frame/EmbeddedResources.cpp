@@ -71,33 +71,48 @@ void addHandlers(wxXmlResource& templates)
         templates.AddHandler(handler);
 }
 
+wxString templateName(int templateId)
+{
+    return wxString::Format("%d", templateId);
+}
+
 } // namespace
 
 EmbeddedResources::EmbeddedResources() = default;
 EmbeddedResources::~EmbeddedResources() = default;
 
-bool EmbeddedResources::loadDialog(wxDialog& dialog, wxWindow* parent, int templateId) const
+// Reads a template unless it has been read already. Whether it is there.
+bool EmbeddedResources::readTemplate(int templateId) const
 {
+    if (m_loadedTemplates.contains(templateId))
+        return true;
     const std::string fileName = "dialog" + std::to_string(templateId) + ".xrc";
     const EmbeddedFile* const file = resources::findEmbeddedFile(fileName);
     if (!file)
         return false;
-    const wxLogNull quiet;
     if (!m_templates)
     {
         m_templates = std::make_unique<wxXmlResource>(wxXRC_NO_RELOADING);
         addHandlers(*m_templates);
     }
-    const wxString name = wxString::Format("%d", templateId);
-    if (!m_loadedTemplates.contains(templateId))
-    {
-        wxMemoryInputStream stream(file->data, file->size);
-        auto document = std::make_unique<wxXmlDocument>();
-        if (!document->Load(stream) || !m_templates->LoadDocument(document.release(), fileName))
-            return false;
-        m_loadedTemplates.insert(templateId);
-    }
-    return m_templates->LoadDialog(&dialog, parent, name);
+    wxMemoryInputStream stream(file->data, file->size);
+    auto document = std::make_unique<wxXmlDocument>();
+    if (!document->Load(stream) || !m_templates->LoadDocument(document.release(), fileName))
+        return false;
+    m_loadedTemplates.insert(templateId);
+    return true;
+}
+
+bool EmbeddedResources::loadDialog(wxDialog& dialog, wxWindow* parent, int templateId) const
+{
+    const wxLogNull quiet;
+    return readTemplate(templateId) && m_templates->LoadDialog(&dialog, parent, templateName(templateId));
+}
+
+bool EmbeddedResources::loadForm(wxPanel& form, wxWindow* parent, int templateId) const
+{
+    const wxLogNull quiet;
+    return readTemplate(templateId) && m_templates->LoadPanel(&form, parent, templateName(templateId));
 }
 
 wxString EmbeddedResources::string(int id) const

@@ -19,11 +19,14 @@ public:
     ~EmbeddedResources() override;
 
     bool loadDialog(wxDialog& dialog, wxWindow* parent, int templateId) const override;
+    bool loadForm(wxPanel& form, wxWindow* parent, int templateId) const override;
     wxString string(int id) const override;
     wxBitmapBundle bitmap(int id) const override;
     wxIconBundle icon(int id) const override;
 
 private:
+    bool readTemplate(int templateId) const;
+
     mutable std::unique_ptr<wxXmlResource> m_templates;
     mutable std::set<int> m_loadedTemplates; // by id: a template may hold a control of another template's number
 };

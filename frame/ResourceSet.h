@@ -6,6 +6,7 @@
 #include <wx/string.h>
 
 class wxDialog;
+class wxPanel;
 class wxWindow;
 
 namespace TessaronResources
@@ -25,6 +26,8 @@ public:
     /// Creates the window and the controls of a dialog template into `dialog`, which must not be created yet.
     /// \returns false when there is no such template.
     virtual bool loadDialog(wxDialog& dialog, wxWindow* parent, int templateId) const = 0;
+    /// As loadDialog(), for a template that is a form inside a window. A set without forms need not override it.
+    virtual bool loadForm(wxPanel& /*form*/, wxWindow* /*parent*/, int /*templateId*/) const { return false; }
     /// The text of the string table; empty when there is none of that id.
     virtual wxString string(int id) const = 0;
     /// A picture at every scale; not ok when there is none of that id.

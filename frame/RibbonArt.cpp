@@ -121,8 +121,10 @@ public:
             Base::DrawTab(dc, window, tab);
             return;
         }
-        const Rgb fill =
-            tab.hovered ? mixed(m_palette.accent, readableOn(m_palette.accentText), 0.15) : m_palette.accent;
+        // Darker or lighter than the accent, away from its text: under the pointer, and where the chrome has the
+        // accent.
+        const bool set = tab.hovered || m_palette.accent == m_palette.chrome;
+        const Rgb fill = mixed(m_palette.accent, readableOn(m_palette.accentText), set ? 0.25 : 0.0);
         dc.SetPen(*wxTRANSPARENT_PEN);
         dc.SetBrush(wxBrush(toColour(fill)));
         if (m_palette.surface == Surface::sheen)

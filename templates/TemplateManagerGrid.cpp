@@ -39,11 +39,31 @@ bool isTyping(const wxKeyEvent& event)
            (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
 }
 
+bool isNavigation(int key)
+{
+    switch (key)
+    {
+    case WXK_UP:
+    case WXK_DOWN:
+    case WXK_LEFT:
+    case WXK_RIGHT:
+    case WXK_PAGEUP:
+    case WXK_PAGEDOWN:
+    case WXK_HOME:
+    case WXK_END:
+    case WXK_RETURN:
+    case WXK_NUMPAD_ENTER:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSession& session,
                                          TemplateGridCommands& commands)
-    : wxGrid(parent, id, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_SIMPLE), m_session(session),
+    : wxGrid(parent, id, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_NONE), m_session(session),
       m_commands(commands), m_table(new TemplateGridTable(session.rows(),
                                                           [this]
                                                           {
@@ -64,7 +84,6 @@ TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSessi
     m_hint = new wxStaticText(GetGridWindow(), wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxALIGN_CENTRE_HORIZONTAL);
 
-    Bind(wxEVT_GRID_SELECT_CELL, &TemplateManagerGrid::onSelectCell, this);
     Bind(wxEVT_GRID_CELL_LEFT_CLICK, &TemplateManagerGrid::onCellClick, this);
     Bind(wxEVT_GRID_CELL_RIGHT_CLICK, [this](wxGridEvent& event) { showMenu(event.GetRow()); });
     Bind(wxEVT_GRID_LABEL_RIGHT_CLICK, [this](wxGridEvent& event) { showMenu(event.GetRow()); });
@@ -155,6 +174,7 @@ void TemplateManagerGrid::setUpColumn(const GridColumnInfo& column)
 
 void TemplateManagerGrid::applyLook()
 {
+    finishEdit();
     colourGrid(*this);
     wxFont font = gridFont(m_session.info().preferences.font);
     SetDefaultCellFont(font);
@@ -324,16 +344,14 @@ TemplateFind::Result TemplateManagerGrid::findNext(const std::string& text)
 
 // What the user does
 
-void TemplateManagerGrid::onSelectCell(wxGridEvent& event)
+void TemplateManagerGrid::selectCurrentRowLater()
 {
-    event.Skip();
-    if (event.ControlDown() || event.ShiftDown())
-        return;
-    // The toolkit clears the selection after this event.
+    // The toolkit moves the current cell, and clears the selection, after the event that makes it do so.
     CallAfter(
-        [this, row = event.GetRow()]
+        [this]
         {
-            if (row == GetGridCursorRow() && row < GetNumberRows() && !IsInSelection(row, 0))
+            const int row = GetGridCursorRow();
+            if (row >= 0 && row < GetNumberRows() && !IsInSelection(row, 0))
                 SelectRow(row);
         });
 }
@@ -341,8 +359,10 @@ void TemplateManagerGrid::onSelectCell(wxGridEvent& event)
 void TemplateManagerGrid::onCellClick(wxGridEvent& event)
 {
     event.Skip();
-    if (m_table->column(event.GetCol()).definition().type != util::templateColumnType::rating || event.ControlDown() ||
-        event.ShiftDown())
+    if (event.ControlDown() || event.ShiftDown())
+        return;
+    selectCurrentRowLater();
+    if (m_table->column(event.GetCol()).definition().type != util::templateColumnType::rating)
         return;
     const wxPoint at = CalcUnscrolledPosition(GetGridWindow()->ScreenToClient(wxGetMousePosition()));
     double rating = 0.0;
@@ -378,7 +398,11 @@ void TemplateManagerGrid::onKeyDown(wxKeyEvent& event)
     else if (event.GetKeyCode() == WXK_F3 && event.GetModifiers() == wxMOD_NONE)
         m_commands.findAgain();
     else
+    {
         event.Skip();
+        if (event.GetModifiers() == wxMOD_NONE && isNavigation(event.GetKeyCode()))
+            selectCurrentRowLater();
+    }
 }
 
 void TemplateManagerGrid::onChar(wxKeyEvent& event)

@@ -75,7 +75,7 @@ private:
     void updateHint();
     void select(const std::vector<std::size_t>& rows);
 
-    void onSelectCell(wxGridEvent& event);
+    void selectCurrentRowLater();
     void onCellClick(wxGridEvent& event);
     void onColumnMoved();
     void onKeyDown(wxKeyEvent& event);

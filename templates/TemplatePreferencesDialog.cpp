@@ -1,6 +1,7 @@
 #include "templates/TemplatePreferencesDialog.h"
 
 #include "frame/DataExchange.h"
+#include "frame/NativeLoop.h"
 #include "templates/GridFont.h"
 #include "templates/TemplateMatch.h"
 
@@ -25,6 +26,13 @@ constexpr int chooseFolderId = 1154;
 constexpr int fontId = 1157;
 constexpr int chooseFontId = 1158;
 constexpr int resetId = 1151;
+
+int run(wxDialog& dialog)
+{
+    int answer = wxID_CANCEL;
+    native::runInOwnLoop([&] { answer = dialog.ShowModal(); });
+    return answer;
+}
 
 } // namespace
 
@@ -67,7 +75,7 @@ void TemplatePreferencesDialog::chooseFolder()
 {
     UpdateData(true);
     wxDirDialog dialog(this, "Template Path", m_folder);
-    if (dialog.ShowModal() != wxID_OK)
+    if (run(dialog) != wxID_OK)
         return;
     m_folder = dialog.GetPath();
     UpdateData(false);
@@ -79,7 +87,7 @@ void TemplatePreferencesDialog::chooseFont()
     data.SetInitialFont(gridFont(m_preferences.font));
     data.EnableEffects(false);
     wxFontDialog dialog(this, data);
-    if (dialog.ShowModal() != wxID_OK)
+    if (run(dialog) != wxID_OK)
         return;
     m_preferences.font = dialog.GetFontData().GetChosenFont().GetNativeFontInfoDesc().utf8_string();
     showFont();

@@ -1,0 +1,411 @@
+#include "templates/TemplateManagerFormView.h"
+
+#include "frame/ModuleState.h"
+#include "frame/NativeToolkit.h"
+#include "frame/ResourceSet.h"
+#include "frame/VisualManager.h"
+#include "frame/VisualThemes.h"
+#include "templates/GridPlace.h"
+#include "templates/SaveOperationTemplateDialog.h"
+#include "templates/TemplateColumnsDialog.h"
+#include "templates/TemplateManagerFindDialog.h"
+#include "templates/TemplateManagerFrameWnd.h"
+#include "templates/TemplateManagerIds.h"
+#include "templates/TemplatePreferencesDialog.h"
+#include "templates/TemplateSortDialog.h"
+
+#include <wx/button.h>
+#include <wx/choice.h>
+#include <wx/textctrl.h>
+
+#include <utility>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+constexpr int templateId = 1041;
+constexpr int gridId = 1127;
+constexpr int nameLabelId = 1131;
+constexpr int nameId = 1132;
+constexpr int themeLabelId = 1148;
+constexpr int themeId = 1147;
+constexpr int saveEditsId = 1125;
+constexpr int deleteId = 1124;
+constexpr int acceptId = 1;
+constexpr int cancelId = 1150;
+
+// The long titles, which follow the parameter names.
+constexpr bool titleVariant = true;
+
+} // namespace
+
+TemplateManagerFormView::TemplateManagerFormView(wxFrame& frame, const TemplateManagerInputs& inputs)
+    : m_frame(frame), m_inputs(inputs), m_user(frame),
+      m_session(inputs.kind, inputs.selector, inputs.path, *inputs.current, m_user)
+{
+}
+
+bool TemplateManagerFormView::setUp()
+{
+    if (!currentResources().loadForm(*this, &m_frame, templateId) || !makeControls())
+        return false;
+    m_session.open(titleVariant);
+    installVisualTheme(theme());
+    if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
+        themes->SetSelection(theme());
+    m_session.fill();
+    m_grid->rebuildColumns();
+    m_grid->rowsRefilled();
+    if (m_inputs.loadSaved)
+        *m_inputs.loadSaved = m_session.info().preferences.loadSavedTemplates;
+    if (auto* const name = dynamic_cast<wxTextCtrl*>(FindWindow(nameId)); name && m_inputs.saving)
+        name->ChangeValue(wxString::FromUTF8(m_session.proposeName()));
+    bindControls();
+    applyLook();
+    updateButtons();
+    m_grid->SetFocus();
+    return true;
+}
+
+bool TemplateManagerFormView::makeControls()
+{
+    wxWindow* const frameForGrid = FindWindow(gridId);
+    if (!frameForGrid)
+        return false;
+    m_grid = new TemplateManagerGrid(this, gridId, m_session, *this);
+    takeOverFrame(*m_grid, frameForGrid);
+    if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
+    {
+        for (int theme = 0; theme < visualThemeCount; ++theme)
+            themes->Append(visualThemeName(theme));
+        native::setAccessibleName(*themes, "Theme");
+    }
+    if (wxWindow* const accept = FindWindow(acceptId))
+        accept->SetLabel(m_inputs.saving ? "Save" : "Apply");
+    // Without an operation to name, the fields would only raise questions.
+    for (const int id : {nameLabelId, nameId})
+        if (wxWindow* const control = FindWindow(id))
+            control->Enable(m_inputs.saving);
+    return true;
+}
+
+void TemplateManagerFormView::bindControls()
+{
+    const struct
+    {
+        int id;
+        MoveFactors factors;
+    } follow[] = {{gridId, {0, 0, 1, 1}},          {nameLabelId, {0, 1, 0, 0}}, {nameId, {0, 1, 0.3F, 0}},
+                  {themeLabelId, {0.3F, 1, 0, 0}}, {themeId, {0.3F, 1, 0, 0}},  {saveEditsId, {0, 1, 0, 0}},
+                  {deleteId, {0, 1, 0, 0}},        {acceptId, {1, 1, 0, 0}},    {cancelId, {1, 1, 0, 0}}};
+    m_mover.setUp(*this);
+    for (const auto& entry : follow)
+        m_mover.add(FindWindow(entry.id), entry.factors);
+    Bind(wxEVT_SIZE,
+         [this](wxSizeEvent& event)
+         {
+             m_mover.resize(GetClientSize().x, GetClientSize().y);
+             event.Skip();
+         });
+    const auto onButton = [this](int id, void (TemplateManagerFormView::*action)())
+    {
+        Bind(
+            wxEVT_BUTTON, [this, action](wxCommandEvent&) { (this->*action)(); }, id);
+    };
+    onButton(acceptId, m_inputs.saving ? &TemplateManagerFormView::save : &TemplateManagerFormView::apply);
+    onButton(saveEditsId, &TemplateManagerFormView::storeEdits);
+    onButton(deleteId, &TemplateManagerFormView::deleteSelected);
+    Bind(
+        wxEVT_BUTTON, [this](wxCommandEvent&) { finish(0); }, cancelId);
+    Bind(
+        wxEVT_CHOICE, [this](wxCommandEvent& event) { themeChosen(event.GetInt()); }, themeId);
+    m_grid->Bind(wxEVT_GRID_RANGE_SELECTED,
+                 [this](wxGridRangeSelectEvent& event)
+                 {
+                     event.Skip();
+                     updateButtons();
+                 });
+}
+
+void TemplateManagerFormView::setResultSlot(int* slot, std::function<void()> finished)
+{
+    m_slot = slot;
+    m_finished = std::move(finished);
+}
+
+int TemplateManagerFormView::theme() const
+{
+    const int chosen = m_session.info().preferences.theme;
+    return chosen >= 0 && chosen < visualThemeCount ? chosen : m_inputs.theme;
+}
+
+void TemplateManagerFormView::applyLook()
+{
+    m_grid->applyLook();
+    if (auto* const frame = dynamic_cast<TemplateManagerFrameWnd*>(&m_frame))
+        frame->applyLook();
+}
+
+void TemplateManagerFormView::refill()
+{
+    // Edits that are not stored would be gone.
+    if (!m_session.rows().hasEdits())
+        m_session.fill();
+    m_grid->rowsRefilled();
+    updateButtons();
+}
+
+void TemplateManagerFormView::updateButtons()
+{
+    const bool selected = !m_grid->GetSelectedRowBlocks().empty();
+    if (wxWindow* const remove = FindWindow(deleteId))
+        remove->Enable(selected);
+    if (wxWindow* const store = FindWindow(saveEditsId))
+        store->Enable(m_session.rows().hasEdits());
+}
+
+// The end
+
+void TemplateManagerFormView::finish(int value)
+{
+    if (!m_slot || *m_slot != -1 || m_busy)
+        return;
+    m_busy = true;
+    m_grid->finishEdit();
+    const bool settled = m_session.settleEdits();
+    m_busy = false;
+    if (!settled)
+    {
+        m_grid->rowsRefilled();
+        updateButtons();
+        return;
+    }
+    keepLayout();
+    *m_slot = value;
+    if (m_finished)
+        m_finished();
+    m_frame.Close();
+}
+
+void TemplateManagerFormView::keepLayout()
+{
+    if (!m_frame.IsMaximized() && !m_frame.IsIconized())
+    {
+        m_session.info().windowWidth = m_frame.GetSize().x;
+        m_session.info().windowHeight = m_frame.GetSize().y;
+    }
+    m_session.storeDefinitions(m_settingsChanged);
+}
+
+void TemplateManagerFormView::apply()
+{
+    m_grid->finishEdit();
+    const std::vector<std::size_t> selected = m_grid->selectedRows();
+    if (!selected.empty() && m_inputs.result)
+        m_session.applyTemplate(selected.front(), *m_inputs.result);
+    finish(selected.empty() ? 0 : 1);
+}
+
+void TemplateManagerFormView::save()
+{
+    m_grid->finishEdit();
+    const bool edited = m_session.rows().hasEdits();
+    if (!m_session.settleEdits())
+        return;
+    if (edited)
+    {
+        m_session.fill();
+        m_grid->rowsRefilled();
+    }
+    const auto* const name = dynamic_cast<wxTextCtrl*>(FindWindow(nameId));
+    const wxString typed = name ? wxString(name->GetValue()).Trim().Trim(false) : wxString();
+    finish(m_session.saveCurrent(typed.utf8_string(), m_inputs.result) ? 1 : 0);
+}
+
+void TemplateManagerFormView::saveAs()
+{
+    const std::vector<std::string> names = m_session.rows().names();
+    const auto ask = [&](TemplateSession::SaveAsAnswer& answer)
+    {
+        SaveOperationTemplateDialog dialog(names, answer.loadSaved, &m_frame);
+        if (dialog.ShowModal() != acceptId)
+            return false;
+        answer.name = dialog.name();
+        answer.loadSaved = dialog.loadBack();
+        return true;
+    };
+    if (m_session.saveCurrentAs(ask, m_inputs.result, m_inputs.loadSaved))
+        finish(1);
+}
+
+// Commands
+
+bool TemplateManagerFormView::onCommand(int command)
+{
+    switch (command)
+    {
+    case templateCommand::preferences:
+        preferences();
+        return true;
+    case templateCommand::exit:
+        finish(0);
+        return true;
+    case templateCommand::sort:
+        sort();
+        return true;
+    case templateCommand::sortAscending:
+    case templateCommand::sortDescending:
+        m_grid->quickSort(command == templateCommand::sortDescending);
+        return true;
+    case templateCommand::find:
+        find();
+        return true;
+    case templateCommand::importTemplates:
+        importTemplates();
+        return true;
+    case templateCommand::exportTemplates:
+        exportTemplates();
+        return true;
+    case templateCommand::sortAZ:
+        m_user.showError("Sorting A-Z is not implemented yet.");
+        return true;
+    case templateCommand::sortZA:
+        m_user.showError("Sorting Z-A is not implemented yet.");
+        return true;
+    default:
+        return false;
+    }
+}
+
+void TemplateManagerFormView::storeEdits()
+{
+    m_grid->finishEdit();
+    if (m_session.storeEdits())
+        m_settingsChanged = false;
+    refill();
+}
+
+void TemplateManagerFormView::deleteSelected()
+{
+    m_grid->finishEdit();
+    const std::vector<std::size_t> selected = m_grid->selectedRows();
+    if (selected.empty() || !m_session.settleEdits())
+        return;
+    m_session.deleteTemplates(selected);
+    m_session.fill();
+    m_grid->rowsRefilled();
+    updateButtons();
+}
+
+void TemplateManagerFormView::themeChosen(int theme)
+{
+    if (theme == this->theme())
+        return;
+    m_settingsChanged = true;
+    m_session.info().preferences.theme = theme;
+    installVisualTheme(theme);
+    applyLook();
+    refill();
+}
+
+void TemplateManagerFormView::configureColumns()
+{
+    m_grid->finishEdit();
+    TemplateColumnsDialog dialog(m_session.info().columns, &m_frame);
+    if (dialog.ShowModal() != acceptId)
+        return;
+    m_session.info().columns = dialog.result();
+    columnsChanged();
+}
+
+void TemplateManagerFormView::columnsChanged()
+{
+    m_settingsChanged = true;
+    m_session.storeDefinitions(true);
+    m_grid->rebuildColumns();
+    refill();
+}
+
+void TemplateManagerFormView::templateEdited()
+{
+    updateButtons();
+}
+
+void TemplateManagerFormView::sort()
+{
+    m_grid->finishEdit();
+    TemplateSortDialog dialog(m_session.info().columns, m_session.info().sortLevels, &m_frame);
+    if (dialog.ShowModal() != acceptId)
+        return;
+    m_session.info().sortLevels = dialog.result();
+    m_settingsChanged = true;
+    m_grid->sortBy(dialog.result());
+}
+
+void TemplateManagerFormView::preferences()
+{
+    m_grid->finishEdit();
+    m_session.reloadKnownFolders();
+    TemplatePreferencesDialog dialog(m_session.info().preferences, m_session.folder(), m_inputs.path, &m_frame);
+    if (dialog.ShowModal() != acceptId || !m_session.settleEdits())
+        return;
+    const bool refillNeeded = m_session.acceptPreferences(dialog.preferences(), dialog.folder());
+    if (refillNeeded)
+        m_session.fill();
+    m_grid->applyLook();
+    m_grid->rebuildColumns();
+    m_grid->rowsRefilled();
+    updateButtons();
+}
+
+void TemplateManagerFormView::importTemplates()
+{
+    m_grid->finishEdit();
+    if (!m_session.settleEdits())
+        return;
+    if (m_session.importTemplates() == 0)
+        return;
+    m_session.fill();
+    m_grid->rowsRefilled();
+    updateButtons();
+}
+
+void TemplateManagerFormView::exportTemplates()
+{
+    m_grid->finishEdit();
+    std::vector<std::size_t> rows(m_session.rows().size());
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        rows[row] = row;
+    m_session.exportTemplates(rows);
+}
+
+void TemplateManagerFormView::find()
+{
+    m_grid->finishEdit();
+    const auto findNext = [this](const std::string& text) -> const std::vector<std::string>&
+    {
+        searchNext(text);
+        return m_grid->searchedTexts();
+    };
+    TemplateManagerFindDialog(findNext, m_grid->searchedTexts(), &m_frame).ShowModal();
+}
+
+void TemplateManagerFormView::findAgain()
+{
+    if (m_searched.empty())
+        find();
+    else
+        searchNext(m_searched);
+}
+
+void TemplateManagerFormView::searchNext(const std::string& text)
+{
+    m_searched = text;
+    if (m_grid->findNext(text) == TemplateFind::Result::notFound)
+        m_user.showError(templateNotFoundText);
+}
+
+} // namespace TessaronResources

@@ -1,0 +1,100 @@
+#ifndef TEMPLATES_TEMPLATEMANAGERFORMVIEW_H
+#define TEMPLATES_TEMPLATEMANAGERFORMVIEW_H
+
+#include "controls/ControlMover.h"
+#include "templates/TemplateManagerGrid.h"
+#include "templates/TemplateSession.h"
+#include "templates/TemplateWindowUser.h"
+
+#include <wx/panel.h>
+
+#include <functional>
+#include <string>
+
+class wxFrame;
+
+namespace TessaronResources
+{
+
+/// What an entry point hands to the form.
+struct TemplateManagerInputs
+{
+    bool saving = false; ///< save mode; load mode otherwise
+    int kind = 0;
+    int selector = 0;
+    std::string path;
+    const util::Parameterized* current = nullptr; ///< not owned; so are the next two
+    util::Parameterized* result = nullptr;
+    bool* loadSaved = nullptr; ///< save mode only
+    int theme = -1;            ///< the one that the host asks for
+};
+
+/// The form of the template manager: the grid, the name and theme fields, the buttons, and what the commands of the
+/// window do. It ends the window's modal loop by writing into the result slot.
+class TemplateManagerFormView : public wxPanel, private TemplateGridCommands
+{
+public:
+    TemplateManagerFormView(wxFrame& frame, const TemplateManagerInputs& inputs);
+
+    /// Loads folders and definitions and fills the grid. \returns false when there is no form.
+    bool setUp();
+
+    /// Where the result goes; holds -1 until the user is done. `finished` is called when it has been written.
+    void setResultSlot(int* slot, std::function<void()> finished);
+
+    /// Ends with a value unless one is there already. 0 ends with nothing chosen. Edits that are not stored are asked
+    /// for first; where they cannot be stored, the window stays.
+    void finish(int value);
+
+    /// Save mode: asks for the name, and finishes with 1 when the operation is stored.
+    void saveAs();
+
+    /// Answers a command of the window (TemplateManagerIds.h). \returns whether it is one.
+    bool onCommand(int command);
+
+    const util::TemplateInfo& info() const { return m_session.info(); }
+
+    /// The theme in force, a number of util::VisualTheme.
+    int theme() const;
+
+private:
+    // The user's commands in the grid
+    void deleteSelected() override;
+    void configureColumns() override;
+    void find() override;
+    void findAgain() override;
+    void columnsChanged() override;
+    void templateEdited() override;
+
+    bool makeControls();
+    void bindControls();
+    void keepLayout();
+    void refill();
+    void applyLook();
+    void apply();
+    void save();
+    void storeEdits();
+    void themeChosen(int theme);
+    void importTemplates();
+    void exportTemplates();
+    void sort();
+    void preferences();
+    void searchNext(const std::string& text);
+    void updateButtons();
+
+    wxFrame& m_frame;
+    TemplateManagerInputs m_inputs;
+    TemplateWindowUser m_user;
+    TemplateSession m_session;
+    ControlMover m_mover;
+    TemplateManagerGrid* m_grid = nullptr;
+    int* m_slot = nullptr;
+    std::function<void()> m_finished;
+    bool m_settingsChanged = false;
+    bool m_busy = false; ///< a finish is under way, perhaps with a question on the screen
+    std::string m_searched;
+};
+
+} // namespace TessaronResources
+
+#endif

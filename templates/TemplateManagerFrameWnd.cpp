@@ -1,0 +1,87 @@
+#include "templates/TemplateManagerFrameWnd.h"
+
+#include "frame/ModuleState.h"
+#include "frame/ResourceSet.h"
+#include "frame/VisualManager.h"
+#include "templates/TemplateManagerFormView.h"
+#include "templates/TemplateManagerRibbon.h"
+
+#include <wx/display.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+constexpr int iconId = 1001;
+constexpr int smallestWidth = 640;
+constexpr int smallestHeight = 400;
+
+} // namespace
+
+TemplateManagerFrameWnd::TemplateManagerFrameWnd(wxWindow* owner, const TemplateManagerInputs& inputs)
+    : wxFrame(owner, wxID_ANY, "Operation Template Manager", wxDefaultPosition, wxDefaultSize,
+              wxDEFAULT_FRAME_STYLE | (owner ? wxFRAME_FLOAT_ON_PARENT : 0)),
+      m_form(new TemplateManagerFormView(*this, inputs))
+{
+    SetIcons(currentResources().icon(iconId));
+    Bind(wxEVT_CLOSE_WINDOW, &TemplateManagerFrameWnd::onClose, this);
+    Bind(wxEVT_CHAR_HOOK, &TemplateManagerFrameWnd::onCharHook, this);
+    Bind(wxEVT_MENU,
+         [this](wxCommandEvent& event)
+         {
+             if (!m_form->onCommand(event.GetId()))
+                 event.Skip();
+         });
+}
+
+bool TemplateManagerFrameWnd::initialUpdate()
+{
+    m_ribbon = new TemplateManagerRibbon(this);
+    if (!m_form->setUp())
+        return false;
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(m_ribbon, 0, wxEXPAND);
+    sizer->Add(m_form, 1, wxEXPAND);
+    m_form->SetMinSize(wxSize(0, 0));
+    SetSizer(sizer);
+
+    const wxSize screen = wxDisplay(static_cast<wxWindow*>(this)).GetClientArea().GetSize();
+    SetMinSize(FromDIP(wxSize(smallestWidth, smallestHeight)));
+    SetSize(wxSize(std::clamp(m_form->info().windowWidth, GetMinSize().x, std::max(screen.x, GetMinSize().x)),
+                   std::clamp(m_form->info().windowHeight, GetMinSize().y, std::max(screen.y, GetMinSize().y))));
+    Layout();
+    Show();
+    Raise();
+    return true;
+}
+
+void TemplateManagerFrameWnd::applyLook()
+{
+    m_ribbon->applyLook();
+    VisualManager::current().apply(*this);
+    Layout();
+    Refresh();
+}
+
+void TemplateManagerFrameWnd::onClose(wxCloseEvent& event)
+{
+    // The entry point destroys the window once the result is there; until then it stays.
+    if (event.CanVeto())
+        event.Veto();
+    m_form->finish(0);
+}
+
+void TemplateManagerFrameWnd::onCharHook(wxKeyEvent& event)
+{
+    if (event.GetKeyCode() == 'F' && event.GetModifiers() == wxMOD_ALT)
+        m_ribbon->showApplicationMenu();
+    else
+        event.Skip();
+}
+
+} // namespace TessaronResources

@@ -1,0 +1,37 @@
+#ifndef TEMPLATES_TEMPLATEMANAGERFRAMEWND_H
+#define TEMPLATES_TEMPLATEMANAGERFRAMEWND_H
+
+#include <wx/frame.h>
+
+namespace TessaronResources
+{
+
+class TemplateManagerFormView;
+class TemplateManagerRibbon;
+struct TemplateManagerInputs;
+
+/// The window of the template manager: the ribbon above the form.
+class TemplateManagerFrameWnd : public wxFrame
+{
+public:
+    TemplateManagerFrameWnd(wxWindow* owner, const TemplateManagerInputs& inputs);
+
+    /// Sets up the form and shows the window. \returns false when there is no form.
+    bool initialUpdate();
+
+    /// Takes on the look in force.
+    void applyLook();
+
+    TemplateManagerFormView& form() { return *m_form; }
+
+private:
+    void onClose(wxCloseEvent& event);
+    void onCharHook(wxKeyEvent& event);
+
+    TemplateManagerFormView* m_form;
+    TemplateManagerRibbon* m_ribbon = nullptr;
+};
+
+} // namespace TessaronResources
+
+#endif

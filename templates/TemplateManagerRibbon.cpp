@@ -1,0 +1,160 @@
+#include "templates/TemplateManagerRibbon.h"
+
+#include "frame/ModuleState.h"
+#include "frame/NativeToolkit.h"
+#include "frame/ResourceSet.h"
+#include "frame/RibbonArt.h"
+#include "frame/VisualManager.h"
+#include "templates/TemplateManagerIds.h"
+
+#include <wx/menu.h>
+#include <wx/ribbon/art.h>
+#include <wx/ribbon/buttonbar.h>
+#include <wx/ribbon/page.h>
+#include <wx/ribbon/panel.h>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+constexpr int ribbonId = controlId(59398);
+
+// A picture that holds several images of one size side by side.
+struct ImageList
+{
+    int id;
+    int edge;
+    int count;
+};
+
+constexpr ImageList largeImages{1041, 32, 5};
+constexpr ImageList smallImages{1042, 16, 5};
+constexpr int preferencesImage = 3;
+constexpr int exitImage = 4;
+
+struct RibbonButton
+{
+    const char* panel;
+    int command;
+    const char* caption;
+    const ImageList& images;
+    int image;
+    const char* help;
+};
+
+const RibbonButton buttons[] = {
+    {"Sorting", templateCommand::sortAscending, "", smallImages, 1, "Sort by the current column, smallest first"},
+    {"Sorting", templateCommand::sortDescending, "", smallImages, 2, "Sort by the current column, largest first"},
+    {"Sorting", templateCommand::sort, "Sort", largeImages, 0, "Sort by several columns"},
+    {"Search", templateCommand::find, "&Find", largeImages, 2, "Find a text in the grid (Ctrl+F)"},
+    {"Sharing", templateCommand::importTemplates, "&Import", largeImages, 4, "Take templates in from files"},
+    {"Sharing", templateCommand::exportTemplates, "&Export", largeImages, 3, "Write these templates into a file"},
+};
+
+wxBitmap imageOf(const ImageList& list, int index, const wxWindow& window)
+{
+    const int edge = window.FromDIP(list.edge);
+    const wxBitmap all = currentResources().bitmap(list.id).GetBitmap(wxSize(edge * list.count, edge));
+    return all.IsOk() ? all.GetSubBitmap(wxRect(edge * index, 0, edge, edge)) : all;
+}
+
+} // namespace
+
+TemplateManagerRibbon::TemplateManagerRibbon(wxWindow* parent)
+    : wxRibbonBar(parent, ribbonId, wxDefaultPosition, wxDefaultSize,
+                  wxRIBBON_BAR_FLOW_HORIZONTAL | wxRIBBON_BAR_SHOW_PAGE_LABELS | wxRIBBON_BAR_ALWAYS_SHOW_TABS)
+{
+    addApplicationButton();
+    addHome();
+    SetTabCtrlMargins(0, FromDIP(20));
+    applyLook();
+    SetActivePage(1);
+    native::setAccessibleName(*this, "Ribbon");
+    Bind(wxEVT_RIBBONBAR_PAGE_CHANGING, &TemplateManagerRibbon::onPageChanging, this);
+}
+
+void TemplateManagerRibbon::addApplicationButton()
+{
+    new wxRibbonPage(this, applicationTabId, "File");
+}
+
+void TemplateManagerRibbon::addHome()
+{
+    auto* const home = new wxRibbonPage(this, wxID_ANY, "Home");
+    wxRibbonPanel* panel = nullptr;
+    wxRibbonButtonBar* bar = nullptr;
+    for (const RibbonButton& button : buttons)
+    {
+        if (!panel || panel->GetLabel() != button.panel)
+        {
+            panel = new wxRibbonPanel(home, wxID_ANY, button.panel, wxNullBitmap, wxDefaultPosition, wxDefaultSize,
+                                      wxRIBBON_PANEL_NO_AUTO_MINIMISE);
+            bar = new wxRibbonButtonBar(panel);
+        }
+        const bool isSmall = &button.images == &smallImages;
+        const wxBitmap image = imageOf(button.images, button.image, *this);
+        // The bar wants both sizes of every button, also of one that it only ever shows small.
+        const ImageList other{button.images.id, isSmall ? largeImages.edge : smallImages.edge, button.images.count};
+        const wxBitmap otherImage = imageOf(other, button.image, *this);
+        bar->AddButton(button.command, wxStripMenuCodes(button.caption), isSmall ? otherImage : image,
+                       isSmall ? image : otherImage, wxNullBitmap, wxNullBitmap, wxRIBBON_BUTTON_NORMAL, button.help);
+        if (isSmall)
+            bar->SetButtonMaxSizeClass(button.command, wxRIBBON_BUTTONBAR_BUTTON_SMALL);
+        bar->Bind(
+            wxEVT_RIBBONBUTTONBAR_CLICKED,
+            [this](wxRibbonButtonBarEvent& event)
+            {
+                wxCommandEvent command(wxEVT_MENU, event.GetId());
+                command.SetEventObject(this);
+                GetParent()->GetEventHandler()->AddPendingEvent(command);
+            },
+            button.command);
+    }
+}
+
+void TemplateManagerRibbon::applyLook()
+{
+    SetArtProvider(VisualManager::current().makeRibbonArt().release());
+    Realize();
+    Refresh();
+}
+
+void TemplateManagerRibbon::onPageChanging(wxRibbonBarEvent& event)
+{
+    if (event.GetPage()->GetId() != applicationTabId)
+    {
+        event.Skip();
+        return;
+    }
+    event.Veto();
+    CallAfter(&TemplateManagerRibbon::showApplicationMenu);
+}
+
+void TemplateManagerRibbon::showApplicationMenu()
+{
+    wxMenu menu;
+    const struct
+    {
+        int command;
+        const char* caption;
+        int image;
+    } entries[] = {{templateCommand::preferences, "Preferences", preferencesImage},
+                   {templateCommand::exit, "Exit", exitImage}};
+    for (const auto& entry : entries)
+    {
+        auto* const item = new wxMenuItem(&menu, entry.command, entry.caption);
+        item->SetBitmap(imageOf(smallImages, entry.image, *this));
+        menu.Append(item);
+    }
+    const int tabHeight = GetPage(1)->GetPosition().y;
+    const int chosen = GetPopupMenuSelectionFromUser(menu, wxPoint(0, tabHeight));
+    if (chosen == wxID_NONE)
+        return;
+    wxCommandEvent command(wxEVT_MENU, chosen);
+    command.SetEventObject(this);
+    GetParent()->GetEventHandler()->AddPendingEvent(command);
+}
+
+} // namespace TessaronResources

@@ -1,0 +1,116 @@
+#include "tests/templates/ManagerRun.h"
+
+using namespace testing_support;
+
+namespace
+{
+
+class LoadModeTest : public ManagerTest
+{
+};
+
+TEST_F(LoadModeTest, TheFirstStartMakesTheDefinitions)
+{
+    util::TemplateInfo info;
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp,
+              [&]
+              {
+                  EXPECT_EQ(util::loadTemplateDefs(folder(), "orrimant_template_info", &info), -1043);
+                  EXPECT_EQ(grid()->GetNumberCols(), 26);
+                  EXPECT_EQ(grid()->GetColLabelValue(6), "Tool Num Flutes");
+                  EXPECT_EQ(grid()->GetNumberRows(), 0);
+                  EXPECT_FALSE(m_owner->IsEnabled());
+                  savePicture(manager(), "template-manager-empty");
+                  clickManager(1150);
+              });
+    EXPECT_EQ(load(), 0);
+    EXPECT_TRUE(m_owner->IsEnabled());
+    EXPECT_TRUE(m_result.empty());
+}
+
+TEST_F(LoadModeTest, ApplyHandsOverTheTemplateWithoutTheThreeToolKeys)
+{
+    storeThree();
+    m_result.set("stale", 1);
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { clickCell(1, "Name"); });
+    user.when(
+        "the row is selected", [] { return isSelected(1); },
+        []
+        {
+            savePicture(manager(), "template-manager-selected");
+            clickManager(1);
+        });
+    EXPECT_EQ(load(), 1);
+    EXPECT_EQ(m_result.stringOr(util::keys::templateName, ""), "Beta");
+    EXPECT_EQ(m_result.numberOr(util::keys::feedrate, 0), 1000.0);
+    for (const util::Key& key : {util::keys::toolDiameter, util::keys::toolLengthOfCut, util::keys::toolStickOutLength})
+        EXPECT_FALSE(m_result.has(key)) << key.c_str();
+    EXPECT_FALSE(m_result.has("stale"));
+    EXPECT_TRUE(m_owner->IsEnabled());
+}
+
+TEST_F(LoadModeTest, WithNothingSelectedApplyEndsWithNothing)
+{
+    storeThree();
+    m_result.set("kept", 1);
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { clickManager(1); });
+    EXPECT_EQ(load(), 0);
+    EXPECT_TRUE(m_result.has("kept"));
+}
+
+TEST_F(LoadModeTest, AQuitMessageEndsTheCall)
+{
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { tessaronResourcesQuit(); });
+    EXPECT_EQ(load(), 0);
+    EXPECT_TRUE(m_owner->IsEnabled());
+}
+
+TEST_F(LoadModeTest, WithoutAnOwnerTheMainWindowIsTheOwner)
+{
+    wxTheApp->SetTopWindow(m_owner);
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp,
+              [&]
+              {
+                  EXPECT_EQ(manager()->GetParent(), m_owner);
+                  EXPECT_FALSE(m_owner->IsEnabled());
+                  manager()->Close();
+              });
+    EXPECT_EQ(TessaronResources::displayTemplateManagerDialogLoad(0, 0, folder(), m_current, &m_result, nullptr,
+                                                                  util::VisualTheme::nx8),
+              0);
+    EXPECT_TRUE(m_owner->IsEnabled());
+    wxTheApp->SetTopWindow(nullptr);
+}
+
+TEST_F(LoadModeTest, SixThemesRepaintTheOpenWindow)
+{
+    storeThree();
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { clickCell(0, "Name"); });
+    for (const int theme : {0, 2, 13, 21, 25, 26})
+    {
+        user.when(
+            "the window has come to rest", [n = 0]() mutable { return ++n > 60; },
+            [theme]
+            {
+                auto* const themes = dynamic_cast<wxChoice*>(child(manager(), 1147));
+                themes->SetSelection(theme);
+                wxCommandEvent event(wxEVT_CHOICE, 1147);
+                event.SetEventObject(themes);
+                event.SetInt(theme);
+                themes->GetEventHandler()->ProcessEvent(event);
+            });
+        user.when(
+            "the look is painted", [n = 0]() mutable { return ++n > 60; },
+            [theme] { savePicture(manager(), "template-manager-theme-" + std::to_string(theme)); });
+    }
+    user.then("close", [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
+} // namespace

@@ -1,0 +1,157 @@
+#ifndef TESTS_TEMPLATES_MANAGERRUN_H
+#define TESTS_TEMPLATES_MANAGERRUN_H
+
+#include "engine/TemplateStore.h"
+#include "frame/EntryPoints.h"
+#include "tests/support/WindowDriver.h"
+#include "util/Keys.h"
+#include "util/Parameterized.h"
+#include "util/VisualTheme.h"
+
+#include <wx/app.h>
+#include <wx/choice.h>
+#include <wx/frame.h>
+#include <wx/grid.h>
+#include <wx/uiaction.h>
+#include <wx/utils.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace testing_support
+{
+
+inline constexpr const char* managerTitle = "Operation Template Manager";
+
+/// A template folder that holds three templates, a host's window, and the manager over it.
+class ManagerTest : public testing::Test
+{
+protected:
+    ManagerTest()
+    {
+        m_folder =
+            std::filesystem::temp_directory_path() / ("manager-" + std::to_string(wxGetProcessId()) + "-" +
+                                                      testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::remove_all(m_folder);
+        m_current.set(util::keys::toolDiameter, 10.0);
+        m_current.set(util::keys::feedrate, 800.0);
+        m_owner = new wxFrame(nullptr, wxID_ANY, "owner");
+        m_owner->Show();
+    }
+
+    ~ManagerTest() override
+    {
+        m_owner->Destroy();
+        std::filesystem::remove_all(m_folder);
+    }
+
+    void store(const std::string& name, double diameter, double rating)
+    {
+        util::Parameterized set;
+        set.set(util::keys::templateName, name);
+        set.set(util::keys::toolDiameter, diameter);
+        set.set(util::keys::toolNumFlutes, 4);
+        set.set(util::keys::toolLengthOfCut, 22.0);
+        set.set(util::keys::toolStickOutLength, 35.0);
+        set.set(util::keys::feedrate, 100.0 * diameter);
+        set.set(util::keys::material, std::string("Aluminium 6061"));
+        set.set(util::keys::templateDescription, "Pocket roughing, D" + std::to_string(static_cast<int>(diameter)));
+        set.set(util::keys::templateRating, rating);
+        ASSERT_EQ(util::saveTemplateFile(util::templatePath(kindFolder(), name), true, &set), 0);
+    }
+
+    void storeThree()
+    {
+        store("Alpha", 6.0, 3.0);
+        store("Beta", 10.0, 5.0);
+        store("Gamma", 12.0, 0.0);
+    }
+
+    std::string folder() const { return m_folder.string(); }
+    std::string kindFolder() const { return util::templatePath(folder(), "tessaron"); }
+
+    std::vector<std::string> storedNames() const
+    {
+        std::vector<util::Parameterized> sets;
+        util::loadTemplateFiles(kindFolder(), 0, &sets);
+        std::vector<std::string> names;
+        for (const util::Parameterized& set : sets)
+            names.push_back(set.stringOr(util::keys::templateName, ""));
+        return names;
+    }
+
+    int load(int theme = 21)
+    {
+        return TessaronResources::displayTemplateManagerDialogLoad(0, 7, folder(), m_current, &m_result, m_owner,
+                                                                   util::VisualTheme(theme));
+    }
+
+    int save(int theme = 21)
+    {
+        return TessaronResources::displayTemplateManagerDialogSave(0, 7, folder(), m_current, &m_result, &m_loadSaved,
+                                                                   m_owner, util::VisualTheme(theme));
+    }
+
+    static wxTopLevelWindow* manager() { return windowTitled(managerTitle); }
+    static bool managerIsUp() { return manager() && manager()->IsShownOnScreen(); }
+    static wxGrid* grid() { return dynamic_cast<wxGrid*>(manager() ? manager()->FindWindow(1127) : nullptr); }
+    static void clickManager(int id) { click(child(manager(), id)); }
+
+    /// Clicks the middle of a cell, by the place of its row and the title of its column.
+    static void clickCell(int row, const wxString& title, double across = 0.5)
+    {
+        wxGrid* const cells = grid();
+        ASSERT_NE(cells, nullptr);
+        for (int col = 0; col < cells->GetNumberCols(); ++col)
+            if (cells->GetColLabelValue(col) == title)
+            {
+                cells->MakeCellVisible(row, col);
+                const wxRect rect = cells->CellToRect(row, col);
+                clickAt(cells->GetGridWindow(),
+                        cells->CalcScrolledPosition(
+                            wxPoint(rect.x + static_cast<int>(rect.width * across), rect.y + rect.height / 2)));
+                return;
+            }
+        ADD_FAILURE() << "No column " << title;
+    }
+
+    static void clickAt(wxWindow* window, wxPoint at)
+    {
+        wxUIActionSimulator user;
+        user.MouseMove(window->ClientToScreen(at));
+        user.MouseClick();
+    }
+
+    static bool isSelected(int row) { return grid() && grid()->IsInSelection(row, 0); }
+
+    static wxString cell(int row, const wxString& title)
+    {
+        for (int col = 0; col < grid()->GetNumberCols(); ++col)
+            if (grid()->GetColLabelValue(col) == title)
+                return grid()->GetCellValue(row, col);
+        return "no such column";
+    }
+
+    static void command(int id)
+    {
+        wxCommandEvent event(wxEVT_MENU, static_cast<std::int16_t>(static_cast<std::uint16_t>(id)));
+        manager()->GetEventHandler()->ProcessEvent(event);
+    }
+
+    static bool messageIsUp() { return windowTitled("Template Manager") != nullptr; }
+    static wxString message() { return child(windowTitled("Template Manager"), 10)->GetLabel(); }
+    static void answer(int id) { click(child(windowTitled("Template Manager"), id)); }
+
+    std::filesystem::path m_folder;
+    util::Parameterized m_current;
+    util::Parameterized m_result;
+    bool m_loadSaved = false;
+    wxFrame* m_owner;
+};
+
+} // namespace testing_support
+
+#endif
