@@ -11,31 +11,40 @@ namespace TessaronResources
 namespace
 {
 
-const Dl_info& libraryInfo()
+struct LibraryFile
 {
-    static const Dl_info info = []
+    HINSTANCE handle = nullptr;
+    std::string path;
+};
+
+// Found out when the library is loaded: a relative path means another file once the host has changed its folder.
+const LibraryFile& libraryFile()
+{
+    static const LibraryFile file = []
     {
-        Dl_info result{};
-        dladdr(reinterpret_cast<const void*>(&moduleHandle), &result);
+        LibraryFile result;
+        Dl_info info{};
+        if (dladdr(reinterpret_cast<const void*>(&moduleHandle), &info) == 0)
+            return result;
+        result.handle = info.dli_fbase;
+        char resolved[PATH_MAX];
+        if (info.dli_fname)
+            result.path = ::realpath(info.dli_fname, resolved) ? resolved : info.dli_fname;
         return result;
     }();
-    return info;
+    return file;
 }
 
 } // namespace
 
 HINSTANCE moduleHandle()
 {
-    return libraryInfo().dli_fbase;
+    return libraryFile().handle;
 }
 
 std::string moduleFilePath()
 {
-    const char* const name = libraryInfo().dli_fname;
-    if (!name)
-        return {};
-    char resolved[PATH_MAX];
-    return ::realpath(name, resolved) ? resolved : name;
+    return libraryFile().path;
 }
 
 } // namespace TessaronResources
