@@ -25,6 +25,7 @@ using jobs::JobRegistry;
 
 void failJob(Job& job, int status, const std::string& text, const std::string& field = std::string())
 {
+    JobRegistry::instance().noteEnd(job);
     job.fail(status, text.empty() ? statusText(status) : text, field);
 }
 
@@ -37,7 +38,9 @@ void drive(const std::shared_ptr<Job>& job, std::shared_ptr<const Tessaron2dInpu
     try
     {
         pocketing.start(registry.threads(), [&](int workers) { registry.addWorkers(*job, workers); });
-        job->finish(pocketing.compute());
+        auto toolpath = pocketing.compute();
+        registry.noteEnd(*job);
+        job->finish(std::move(toolpath));
     }
     catch (const jobs::Cancelled&)
     {
@@ -55,7 +58,6 @@ void drive(const std::shared_ptr<Job>& job, std::shared_ptr<const Tessaron2dInpu
     {
         failJob(*job, status::internalError, statusText(status::internalError) + " (" + error.what() + ")");
     }
-    registry.noteEnd(*job);
 }
 
 JobStart start(std::shared_ptr<const Tessaron2dInput> input, const std::string& source)

@@ -6,7 +6,6 @@
 #include "exchange/ToolpathRecords.h"
 
 #include <algorithm>
-#include <cstring>
 #include <exception>
 #include <limits>
 #include <string>
@@ -29,7 +28,7 @@ std::size_t copyText(std::string_view from, char* text, std::size_t size)
     if (length < from.size())
         while (length > 0 && (static_cast<unsigned char>(from[length]) & 0xC0) == 0x80)
             --length;
-    std::memcpy(text, from.data(), length);
+    from.copy(text, length);
     text[length] = '\0';
     return from.size();
 }

@@ -39,7 +39,8 @@ public:
     JobRef find(int id) const;
     /// Forgets a job; returns it, or nothing when the id is not that of a job.
     std::shared_ptr<Job> remove(int id);
-    /// Notes that a job has ended, and forgets the one that ended longest ago when too many are kept.
+    /// Notes that a job is about to end, and forgets the one that ended longest ago when too many are kept. Comes
+    /// before the end is told, so that whoever has seen jobs end knows which ones are kept.
     void noteEnd(const Job& job);
 
     ThreadKeeper& threads() { return m_threads; }

@@ -151,7 +151,8 @@ TEST(JobService, keepsTheLastEndedJobsOnly)
         ids.push_back(exchange::startJob(input).jobId);
         exchange::waitForJob(ids.back(), tests::longEnough);
     }
-    EXPECT_TRUE(tests::becomesTrue([first] { return exchange::jobInfo(first).state == JobState::unknown; }));
+    EXPECT_EQ(exchange::jobInfo(first).state, JobState::unknown);
+    EXPECT_EQ(exchange::jobInfo(ids.front()).state, JobState::failed);
     EXPECT_EQ(exchange::jobInfo(ids.back()).state, JobState::failed);
     for (const int id : ids)
         exchange::releaseJob(id);
