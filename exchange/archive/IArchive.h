@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <iterator>
 #include <map>
 #include <string>
 #include <type_traits>
@@ -207,8 +208,32 @@ private:
         const std::size_t count = m_reader.count();
         m_reader.itemVersion();
         items.clear();
-        for (std::size_t i = 0; i < count; ++i)
-            load("item", items.emplace_back());
+        while (items.size() < count)
+        {
+            // By the step, which is cheaper than one by one, and little enough to be made for nothing.
+            static constexpr std::size_t step = 1024;
+            const std::size_t start = items.size();
+            items.resize(start + std::min(count - start, step));
+            loadItems(items.begin() + static_cast<std::ptrdiff_t>(start), items.end());
+        }
+    }
+    template <class Iterator>
+    void loadItems(Iterator item, Iterator end)
+    {
+        using T = typename std::iterator_traits<Iterator>::value_type;
+        load("item", *item);
+        const Class entry = m_classes[ClassSlot<T>::value];
+        // What the first one told about its class holds for all.
+        if (entry.tracking)
+            while (++item != end)
+                load("item", *item);
+        else
+            while (++item != end)
+            {
+                m_reader.open("item");
+                loadContent(*item, entry.version);
+                m_reader.close("item");
+            }
     }
     template <class Key, class T, class Less>
     void loadContent(std::map<Key, T, Less>& items, unsigned version)
