@@ -13,8 +13,6 @@ using boost::archive::archive_exception;
 namespace
 {
 
-constexpr unsigned oldestVersion = 6;
-
 /// Whether the header starts as a 32-bit writer's does: the same signature behind a length of four bytes.
 bool isNarrowHeader(const char* bytes)
 {
@@ -29,7 +27,7 @@ BinaryReader::BinaryReader(std::istream& stream) : m_source(stream)
     m_source.need(sizeof(std::uint64_t));
     if (isNarrowHeader(m_source.cursor()))
         fail(archive_exception::incompatible_native_format, "size of size_t");
-    if (count() != signatureSize)
+    if (get<std::uint64_t>() != signatureSize)
         fail(archive_exception::invalid_signature);
     m_source.need(signatureSize);
     if (std::memcmp(m_source.cursor(), signature, signatureSize) != 0)
@@ -37,11 +35,12 @@ BinaryReader::BinaryReader(std::istream& stream) : m_source(stream)
     m_source.advanceTo(m_source.cursor() + signatureSize);
 
     m_version = get<unsigned char>();
-    // Version 7 came with one byte at first and with two later. The byte behind it is the size of int otherwise.
+    // Up to version 5 it is one byte. Version 7 came with one byte at first and with two later; the byte behind it is
+    // the size of int otherwise.
     m_source.need(1);
-    if (m_version != 7 || *m_source.cursor() == 0)
+    if (m_version > 5 && (m_version != 7 || *m_source.cursor() == 0))
         m_version += 256u * get<unsigned char>();
-    if (m_version < oldestVersion || m_version > libraryVersion)
+    if (m_version == 0 || m_version > libraryVersion)
         fail(archive_exception::unsupported_version);
 
     unsigned char marks[sizeof nativeMarks];
@@ -70,6 +69,9 @@ void BinaryReader::classInfo(bool& tracking, unsigned& version)
     case 6:
         version = get<std::uint16_t>();
         break;
+    case 3:
+    case 4:
+    case 5:
     case 7:
         version = get<std::uint8_t>();
         break;
@@ -78,9 +80,15 @@ void BinaryReader::classInfo(bool& tracking, unsigned& version)
     }
 }
 
+unsigned BinaryReader::itemVersion()
+{
+    // Versions up to 3 of the library did not store it.
+    return m_version <= 3 ? 0 : get<std::uint32_t>();
+}
+
 std::string_view BinaryReader::className()
 {
-    const std::size_t size = count();
+    const std::size_t size = get<std::uint64_t>();
     if (size > maxClassName)
         fail(archive_exception::invalid_class_name);
     m_className.resize(size);
@@ -90,7 +98,7 @@ std::string_view BinaryReader::className()
 
 void BinaryReader::content(std::string& value)
 {
-    std::size_t left = count();
+    std::size_t left = get<std::uint64_t>();
     if (left > m_source.remaining())
         failInput();
     // Where nobody knows how much is to come, memory grows with what has come.

@@ -42,11 +42,13 @@ public:
     void content(bool& value) { value = flag(); }
     void content(int& value) { value = get<std::int32_t>(); }
     void content(unsigned& value) { value = get<std::uint32_t>(); }
-    void content(std::size_t& value) { value = count(); }
+    void content(std::size_t& value) { value = get<std::uint64_t>(); }
     void content(double& value) { value = get<double>(); }
     void content(std::string& value);
-    std::size_t count() { return get<std::uint64_t>(); }
-    unsigned itemVersion() { return get<std::uint32_t>(); }
+    std::size_t count() { return hasNarrowCounts() ? get<std::uint32_t>() : get<std::uint64_t>(); }
+    unsigned itemVersion();
+    /// Whether a sequence of numbers has an item version between its count and the block of its numbers.
+    bool blocksHaveItemVersion() const { return m_version == 4 || m_version == 5; }
     void block(void* bytes, std::size_t size)
     {
         if (m_source.available() < size)
@@ -60,7 +62,7 @@ public:
     void numbers(T (&array)[N])
     {
         const std::uint64_t full = N;
-        if (m_source.available() >= sizeof full + sizeof array &&
+        if (m_source.available() >= sizeof full + sizeof array && !hasNarrowCounts() &&
             std::memcmp(m_source.cursor(), &full, sizeof full) == 0) [[likely]]
         {
             std::memcpy(array, m_source.cursor() + sizeof full, sizeof array);
@@ -90,6 +92,7 @@ private:
         return value;
     }
     bool flag();
+    bool hasNarrowCounts() const { return m_version <= 5; }
 
     ByteSource m_source;
     unsigned m_version = 0;

@@ -4,6 +4,7 @@
 #include "exchange/archive/BinaryFormat.h"
 #include "exchange/archive/ByteSource.h"
 #include "exchange/archive/ClassTable.h"
+#include "exchange/archive/CountedReference.h"
 #include "exchange/archive/Failure.h"
 #include "exchange/archive/PointerClasses.h"
 #include "util/ClassVersion.h"
@@ -170,7 +171,11 @@ private:
         const std::size_t count = m_reader.count();
         items.clear();
         if constexpr (Reader::blocks && std::is_arithmetic_v<T>)
+        {
+            if (m_reader.blocksHaveItemVersion())
+                m_reader.itemVersion();
             loadBlock(items, count);
+        }
         else
         {
             m_reader.itemVersion();
@@ -265,7 +270,31 @@ private:
     void loadContent(boost::shared_ptr<T>& pointer, unsigned version)
     {
         util::checkClassVersion<boost::shared_ptr<T>>(version, "boost::shared_ptr");
+        if (version == 0)
+            loadCounted(pointer);
+        else
+            loadPointer("px", pointer);
+    }
+    /// Class version 0; see CountedReference.h.
+    template <class T>
+    void loadCounted(boost::shared_ptr<T>& pointer)
+    {
+        // Writers gave it its id here, before they met the class of the object.
+        registered<CountedReference<T>>();
         loadPointer("px", pointer);
+        boost::shared_ptr<CountedReference<T>> counted;
+        m_reader.open("pn");
+        util::checkClassVersion<OwnerCounter>(describedVersion<OwnerCounter>(), "boost::detail::shared_count");
+        loadPointer("pi", counted);
+        m_reader.close("pn");
+        if (pointer != (counted ? counted->pointer : nullptr))
+            fail(boost::archive::archive_exception::pointer_conflict);
+    }
+    template <class T>
+    void loadContent(CountedReference<T>& reference, unsigned version)
+    {
+        util::checkClassVersion<CountedReference<T>>(version, "boost::detail::sp_counted_base_impl");
+        loadPointer("ptr", reference.pointer);
     }
 
     template <class Base>
