@@ -45,12 +45,12 @@ wxTopLevelWindow* dialog()
 
 bool dialogIsUp()
 {
-    return dialog() && dialog()->IsShownOnScreen() && dialog()->FindWindow(4057);
+    return dialog() && dialog()->IsActive() && dialog()->FindWindow(4057);
 }
 
 bool messageIsUp()
 {
-    return topWindow() && !topWindow()->FindWindow(4057);
+    return topWindow() && topWindow()->IsActive() && topWindow()->FindWindow(10);
 }
 
 wxTextCtrl* edit(int id)
@@ -78,11 +78,12 @@ void choose(WindowDriver& user, int index)
 {
     user.then("focus on the list", [] { list()->SetFocus(); });
     user.when("entry chosen",
-              [index]
+              [index, pressedAt = -1]() mutable
               {
                   const int at = list()->GetSelection();
-                  if (at != index)
+                  if (at != index && at != pressedAt) // one key at a time
                       pressKey(at < index ? WXK_DOWN : WXK_UP);
+                  pressedAt = at;
                   return at == index;
               });
 }
@@ -371,8 +372,9 @@ TEST(ChipControlDialog, GoesDownTheFormWithTab)
         user.when("on to " + std::to_string(id), [id] { return child(dialog(), id)->HasFocus(); });
     }
     press(user, WXK_TAB);
-    press(user, WXK_UP);
-    user.when("round to the list", [] { return list()->GetSelection() == 2; });
+    user.when(
+        "round to the list", [] { return !child(dialog(), 1065)->HasFocus(); }, [] { pressKey(WXK_UP); });
+    user.when("on the list", [] { return list()->GetSelection() == 2; });
     // Stepover is derived now.
     for (const int id : {1065, 2, 1, 3, 4005, 4002})
     {
@@ -473,6 +475,7 @@ TEST(ChipControlDialog, PlainEntryPointReturnsZeroWhenApplied)
     user.when("the dialog is up", dialogIsUp);
     enter(user, 4001, "8000");
     press(user, WXK_TAB);
+    user.when("left", [] { return !edit(4001)->HasFocus(); });
     enter(user, 1040, "30");
     user.then("apply", [] { click(child(dialog(), 1)); });
     EXPECT_EQ(displayChipControlDialogEx(0, 10, 4, 2, &spindleSpeed, &feedrate, &stepover, metric), 0);

@@ -18,7 +18,7 @@ using TessaronResources::GougeCheckData;
 
 bool dialogIsUp()
 {
-    return topWindow() && topWindow()->IsShownOnScreen() && topWindow()->FindWindow(2019);
+    return topWindow() && topWindow()->IsActive() && topWindow()->FindWindow(2019);
 }
 
 wxTextCtrl* edit(int id)
@@ -110,7 +110,7 @@ TEST_P(GougeCheckBadNumber, IsReportedWithTheFieldAndKeepsTheDialogOpen)
                   pressKey(WXK_RETURN);
               });
     user.when(
-        "the message is up", [] { return topWindow() && !dialogIsUp(); },
+        "the message is up", [] { return topWindow() && topWindow()->IsActive() && topWindow()->FindWindow(10); },
         []
         {
             EXPECT_NE(child(topWindow(), 10)->GetLabel().Find("Arbor clearance"), wxNOT_FOUND)

@@ -28,8 +28,7 @@ protected:
     {
         WindowDriver user;
         user.when(
-            "the dialog is up", [] { return topWindow() && topWindow()->IsShownOnScreen(); },
-            [] { pressKey(WXK_TAB); });
+            "the dialog is up", [] { return topWindow() && topWindow()->IsActive(); }, [] { pressKey(WXK_TAB); });
         user.then("picture",
                   [&]
                   {

@@ -19,8 +19,8 @@ using TessaronResources::SmartLinkData;
 
 bool dialogIsUp()
 {
-    const wxTopLevelWindow* const dialog = windowTitled("SmartLink Parameters");
-    return dialog && dialog->IsShownOnScreen();
+    wxTopLevelWindow* const dialog = windowTitled("SmartLink Parameters");
+    return dialog && dialog->IsActive();
 }
 
 bool chosen(int id)
@@ -46,11 +46,12 @@ void moveTo(WindowDriver& user, int position)
 {
     user.then("focus", [] { trackBar()->SetFocus(); });
     user.when("moved",
-              [position]
+              [position, pressedAt = -1]() mutable
               {
                   const int at = trackBar()->GetValue();
-                  if (at != position)
+                  if (at != position && at != pressedAt) // one key at a time
                       pressKey(at < position ? WXK_RIGHT : WXK_LEFT);
+                  pressedAt = at;
                   return at == position;
               });
 }
