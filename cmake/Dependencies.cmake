@@ -19,3 +19,4 @@ if(TESSARON_BUILD_TESTS OR TESSARON_BUILD_BENCH)
 endif()
 
 find_program(SQLITE3_PROGRAM sqlite3 REQUIRED)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)

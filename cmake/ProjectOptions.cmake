@@ -37,3 +37,9 @@ function(tessaron_library name)
   target_link_libraries(${name} PRIVATE ${name}Objects)
   set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
 endfunction()
+
+# tessaron_versions(LIBRARY FILE): gives the names that a library exports the versions of a linker script.
+function(tessaron_versions name file)
+  target_link_options(${name} PRIVATE "-Wl,--version-script=${file}")
+  set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS "${file}")
+endfunction()
