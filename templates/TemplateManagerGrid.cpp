@@ -81,8 +81,6 @@ TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSessi
     DisableHidingColumns();
     SetTabBehaviour(Tab_Leave);
     native::setAccessibleName(*this, "Templates");
-    m_hint = new wxStaticText(GetGridWindow(), wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
-                              wxALIGN_CENTRE_HORIZONTAL);
 
     Bind(wxEVT_GRID_CELL_LEFT_CLICK, &TemplateManagerGrid::onCellClick, this);
     Bind(wxEVT_GRID_CELL_RIGHT_CLICK, [this](wxGridEvent& event) { showMenu(event.GetRow()); });
@@ -179,10 +177,17 @@ void TemplateManagerGrid::applyLook()
     wxFont font = gridFont(m_session.info().preferences.font);
     SetDefaultCellFont(font);
     SetLabelFont(font);
-    m_hint->SetForegroundColour(GetDefaultCellTextColour());
-    m_hint->SetBackgroundColour(GetDefaultCellBackgroundColour());
+    colourHint();
     sizeRows();
     ForceRefresh();
+}
+
+void TemplateManagerGrid::colourHint()
+{
+    if (!m_hint)
+        return;
+    m_hint->SetForegroundColour(GetDefaultCellTextColour());
+    m_hint->SetBackgroundColour(GetDefaultCellBackgroundColour());
 }
 
 void TemplateManagerGrid::sizeColumns()
@@ -251,10 +256,21 @@ void TemplateManagerGrid::rowsRefilled()
 
 void TemplateManagerGrid::updateHint()
 {
-    const bool empty = m_session.rows().empty();
-    m_hint->Show(empty);
-    if (!empty)
+    // Not hidden but gone while there are rows: the toolkit moves hidden children too when the grid is scrolled, and
+    // GTK complains.
+    if (!m_session.rows().empty())
+    {
+        if (m_hint)
+            m_hint->Destroy();
+        m_hint = nullptr;
         return;
+    }
+    if (!m_hint)
+    {
+        m_hint = new wxStaticText(GetGridWindow(), wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+                                  wxALIGN_CENTRE_HORIZONTAL);
+        colourHint();
+    }
     const bool filtered = m_session.info().preferences.matchFilter != 0;
     m_hint->SetLabel(filtered ? "No template here matches the current tool.\n"
                                 "The preferences say which templates are displayed."
@@ -358,10 +374,23 @@ void TemplateManagerGrid::selectCurrentRowLater()
 
 void TemplateManagerGrid::onCellClick(wxGridEvent& event)
 {
-    event.Skip();
     if (event.ControlDown() || event.ShiftDown())
+    {
+        event.Skip();
         return;
-    selectCurrentRowLater();
+    }
+    // The first click into the current cell only selects its row; the toolkit would start to edit.
+    const bool isCurrent = event.GetRow() == GetGridCursorRow() && event.GetCol() == GetGridCursorCol();
+    if (isCurrent && !IsInSelection(event.GetRow(), 0))
+    {
+        GetGridWindow()->SetFocus();
+        SelectRow(event.GetRow());
+    }
+    else
+    {
+        event.Skip();
+        selectCurrentRowLater();
+    }
     if (m_table->column(event.GetCol()).definition().type != util::templateColumnType::rating)
         return;
     const wxPoint at = CalcUnscrolledPosition(GetGridWindow()->ScreenToClient(wxGetMousePosition()));

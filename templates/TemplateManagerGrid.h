@@ -73,6 +73,7 @@ private:
     void sizeColumns();
     void sizeRows();
     void updateHint();
+    void colourHint();
     void select(const std::vector<std::size_t>& rows);
 
     void selectCurrentRowLater();

@@ -101,7 +101,12 @@ void TemplateManagerRibbon::addHome()
         bar->AddButton(button.command, wxStripMenuCodes(button.caption), isSmall ? otherImage : image,
                        isSmall ? image : otherImage, wxNullBitmap, wxNullBitmap, wxRIBBON_BUTTON_NORMAL, button.help);
         if (isSmall)
-            bar->SetButtonMaxSizeClass(button.command, wxRIBBON_BUTTONBAR_BUTTON_SMALL);
+        {
+            // The toolkit's art draws a small picture with its caption beside it, which is empty here; of a button of
+            // its smallest size it draws nothing.
+            bar->SetButtonMaxSizeClass(button.command, wxRIBBON_BUTTONBAR_BUTTON_MEDIUM);
+            bar->SetButtonMinSizeClass(button.command, wxRIBBON_BUTTONBAR_BUTTON_MEDIUM);
+        }
         bar->Bind(
             wxEVT_RIBBONBUTTONBAR_CLICKED,
             [this](wxRibbonButtonBarEvent& event)

@@ -16,7 +16,7 @@ TEST_F(LoadModeTest, TheFirstStartMakesTheDefinitions)
     user.when("the manager is up", managerIsUp,
               [&]
               {
-                  EXPECT_EQ(util::loadTemplateDefs(folder(), "orrimant_template_info", &info), -1043);
+                  EXPECT_EQ(util::loadTemplateDefs(folder(), "tessaron_template_info", &info), 0);
                   EXPECT_EQ(grid()->GetNumberCols(), 26);
                   EXPECT_EQ(grid()->GetColLabelValue(6), "Tool Num Flutes");
                   EXPECT_EQ(grid()->GetNumberRows(), 0);

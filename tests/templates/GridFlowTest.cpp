@@ -1,0 +1,244 @@
+#include "templates/RatingStars.h"
+#include "tests/templates/ManagerRun.h"
+
+#include <wx/checklst.h>
+#include <wx/combobox.h>
+
+using namespace testing_support;
+
+namespace
+{
+
+class GridFlowTest : public ManagerTest
+{
+protected:
+    GridFlowTest() { storeThree(); }
+
+    static std::vector<wxString> names()
+    {
+        std::vector<wxString> found;
+        for (int row = 0; row < grid()->GetNumberRows(); ++row)
+            found.push_back(cell(row, "Name"));
+        return found;
+    }
+
+    // Types over a cell as a person does: go there, F2, text, Enter.
+    static void edit(int row, const wxString& title, const char* text)
+    {
+        for (int col = 0; col < grid()->GetNumberCols(); ++col)
+            if (grid()->GetColLabelValue(col) == title)
+                grid()->GoToCell(row, col);
+        grid()->SetFocus();
+        grid()->EnableCellEditControl();
+        pressKey('A', wxMOD_CONTROL);
+        if (*text)
+            type(text);
+        else
+            pressKey(WXK_DELETE);
+        pressKey(WXK_RETURN);
+    }
+
+    util::Parameterized stored(const std::string& name) const
+    {
+        util::Parameterized set;
+        std::vector<util::Parameterized> sets;
+        util::loadTemplateFiles(kindFolder(), 0, &sets);
+        for (const util::Parameterized& candidate : sets)
+            if (candidate.stringOr(util::keys::templateName, "") == name)
+                set = candidate;
+        return set;
+    }
+
+    // Picks a row, then others with the control key held.
+    static void pick(std::initializer_list<int> rows)
+    {
+        wxUIActionSimulator keys;
+        bool first = true;
+        for (const int row : rows)
+        {
+            if (!first)
+                keys.KeyDown(WXK_CONTROL);
+            clickCell(row, "Name");
+            if (!first)
+                keys.KeyUp(WXK_CONTROL);
+            first = false;
+        }
+    }
+};
+
+TEST_F(GridFlowTest, EditsAreStoredByTheSaveButtonAndReplaceOnlyWithConsent)
+{
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { edit(1, "Tool Diameter", "12.5abc"); });
+    user.when(
+        "the cell shows the number", [] { return cell(1, "Tool Diameter") == "12.5"; },
+        []
+        {
+            savePicture(manager(), "template-manager-edited");
+            clickManager(1125);
+        });
+    user.when("the question", messageIsUp,
+              []
+              {
+                  EXPECT_EQ(message(), "Beta already exists. Do you want to replace it?");
+                  answer(2);
+              });
+    user.when(
+        "the edit is still there", [] { return !messageIsUp() && manager()->IsEnabled(); },
+        [this]
+        {
+            EXPECT_EQ(stored("Beta").numberOr(util::keys::toolDiameter, 0), 10.0);
+            EXPECT_EQ(cell(1, "Tool Diameter"), "12.5");
+            clickManager(1125);
+        });
+    user.when("the question again", messageIsUp, [] { answer(1); });
+    user.when("it is stored", [this] { return stored("Beta").numberOr(util::keys::toolDiameter, 0) == 12.5; });
+    user.when(
+        "the window is back", [] { return !messageIsUp() && manager()->IsEnabled(); }, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
+TEST_F(GridFlowTest, ClosingAsksForEditsThatAreNotStored)
+{
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { edit(0, "Material", "Steel"); });
+    user.when(
+        "edited", [] { return cell(0, "Material") == "Steel"; }, [] { manager()->Close(); });
+    user.when("the question about edits", messageIsUp, [] { answer(1); });
+    user.when(
+        "the question about the file", [] { return messageIsUp() && message().StartsWith("Alpha already"); },
+        [] { answer(1); });
+    EXPECT_EQ(load(), 0);
+    EXPECT_EQ(stored("Alpha").stringOr(util::keys::material, ""), "Steel");
+    EXPECT_TRUE(m_owner->IsEnabled());
+}
+
+TEST_F(GridFlowTest, AStoreErrorKeepsTheEditsAndTheWindow)
+{
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { edit(0, "Name", ""); });
+    user.when(
+        "edited", [] { return cell(0, "Name") != "Alpha"; }, [] { clickManager(1125); });
+    user.when("the error", messageIsUp,
+              []
+              {
+                  EXPECT_EQ(message(), "Template file name is missing.");
+                  answer(1);
+              });
+    user.when(
+        "the edit is still there", [] { return !messageIsUp() && manager()->IsEnabled(); },
+        []
+        {
+            EXPECT_NE(cell(0, "Name"), "Alpha");
+            tessaronResourcesQuit();
+        });
+    EXPECT_EQ(load(), 0);
+    EXPECT_EQ(storedNames(), (std::vector<std::string>{"Alpha", "Beta", "Gamma"}));
+}
+
+TEST_F(GridFlowTest, AClickOnAStarRates)
+{
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { grid()->MakeCellVisible(2, 25); });
+    user.when(
+        "the rating is in view", [] { return grid()->IsVisible(2, 25); },
+        []
+        {
+            const wxRect rect = grid()->CellToRect(2, 25);
+            const auto stars = TessaronResources::starRow(0, 0, rect.width, rect.height, 18);
+            clickCell(2, "Rating", (stars.left + 3.5 * stars.edge) / rect.width);
+        });
+    user.when(
+        "four stars", [] { return cell(2, "Rating") == "4"; },
+        []
+        {
+            savePicture(manager(), "template-manager-rating");
+            tessaronResourcesQuit();
+        });
+    EXPECT_EQ(load(), 0);
+}
+
+TEST_F(GridFlowTest, DeletesTheSelectedTemplates)
+{
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { pick({0, 2}); });
+    user.when(
+        "two are selected", [] { return isSelected(0) && isSelected(2) && !isSelected(1); },
+        [] { clickManager(1124); });
+    user.when(
+        "one is left", [] { return grid()->GetNumberRows() == 1; }, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+    EXPECT_EQ(storedNames(), std::vector<std::string>{"Beta"});
+}
+
+TEST_F(GridFlowTest, AQuickSortKeepsTheSelection)
+{
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { pick({0}); });
+    user.when(
+        "Alpha is selected", [] { return isSelected(0); }, [] { clickCell(0, "Tool Diameter"); });
+    user.when(
+        "the diameter is the current column", [] { return grid()->GetGridCursorCol() == 4; }, [] { command(32803); });
+    user.when(
+        "largest first",
+        [] {
+            return names() == std::vector<wxString>{"Gamma", "Beta", "Alpha"};
+        },
+        []
+        {
+            EXPECT_TRUE(isSelected(2));
+            EXPECT_FALSE(isSelected(0));
+            savePicture(manager(), "template-manager-sorted");
+            command(32802);
+        });
+    user.when(
+        "smallest first",
+        [] {
+            return names() == std::vector<wxString>{"Alpha", "Beta", "Gamma"};
+        },
+        []
+        {
+            EXPECT_TRUE(isSelected(0));
+            clickManager(1150);
+        });
+    EXPECT_EQ(load(), 0);
+}
+
+TEST_F(GridFlowTest, TheTwoUnsentCommandsOnlyTell)
+{
+    WindowDriver user;
+    for (const auto& [id, text] : {std::pair(32787, "Sorting A-Z is not implemented yet."),
+                                   std::pair(32788, "Sorting Z-A is not implemented yet.")})
+    {
+        user.when(
+            "the manager is at rest", [] { return managerIsUp() && !messageIsUp() && manager()->IsEnabled(); },
+            [number = id] { manager()->CallAfter([number] { command(number); }); });
+        user.when("the message", messageIsUp,
+                  [expected = text]
+                  {
+                      EXPECT_EQ(message(), expected);
+                      answer(1);
+                  });
+    }
+    user.when(
+        "unsorted", [] { return !messageIsUp() && manager()->IsEnabled(); },
+        []
+        {
+            EXPECT_EQ(names(), (std::vector<wxString>{"Alpha", "Beta", "Gamma"}));
+            clickManager(1150);
+        });
+    EXPECT_EQ(load(), 0);
+}
+
+TEST_F(GridFlowTest, TypingOnTheNameColumnGoesToTheName)
+{
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { clickCell(0, "Name"); });
+    user.when(
+        "Alpha is selected", [] { return isSelected(0); }, [] { type("ga"); });
+    user.when(
+        "Gamma is selected", [] { return isSelected(2) && !isSelected(0); }, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
+} // namespace
