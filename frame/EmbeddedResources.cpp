@@ -60,8 +60,21 @@ wxBitmapBundle loadPicture(const EmbeddedFile& file)
     return wxBitmapBundle::FromSVG(file.data, file.size, size);
 }
 
+// Makes the classes that a template names. In a host that ran the toolkit before it loaded this library, the resource
+// library has no such factory of its own, and takes for granted that it has.
+class ClassFactory : public wxXmlSubclassFactory
+{
+public:
+    wxObject* Create(const wxString& className) override
+    {
+        const wxClassInfo* const info = wxClassInfo::FindClass(className);
+        return info ? info->CreateObject() : nullptr;
+    }
+};
+
 void addHandlers(wxXmlResource& templates)
 {
+    wxXmlResource::AddSubclassFactory(new ClassFactory);
     for (wxXmlResourceHandler* const handler : std::initializer_list<wxXmlResourceHandler*>{
              new wxDialogXmlHandler, new wxButtonXmlHandler, new wxBitmapButtonXmlHandler, new wxCheckBoxXmlHandler,
              new wxCheckListBoxXmlHandler, new wxChoiceXmlHandler, new wxComboBoxXmlHandler, new wxGaugeXmlHandler,
