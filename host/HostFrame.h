@@ -1,0 +1,100 @@
+#ifndef HOST_HOSTFRAME_H
+#define HOST_HOSTFRAME_H
+
+#include "host/JobRunner.h"
+#include "host/ModuleLibrary.h"
+#include "host/ParameterDialogs.h"
+#include "host/Part.h"
+
+#include "host/ToolpathModel.h"
+
+#include <wx/frame.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+class wxInfoBar;
+
+namespace host
+{
+
+class PartView;
+class SidePanel;
+
+/// The windows of the module that a job can be watched with.
+enum class ProgressLook
+{
+    milling,
+    turning,
+    millingThreads,
+    turningThreads,
+};
+
+/// The host's main window.
+class HostFrame : public wxFrame
+{
+public:
+    /// \param samples the folder that the open dialog starts in
+    HostFrame(const Module& module, const std::string& samples);
+
+    // What the menus do. Failures are told in the bar above the drawing; the calls return whether it went well.
+    bool openPart(const std::string& path);
+    bool saveToolpath(const std::string& path);
+    bool openToolpath(const std::string& path);
+    /// Runs the toolpath job; returns when it has ended.
+    JobOutcome generate();
+    void setProgressLook(ProgressLook look) { m_look = look; }
+    void showFromAbove(bool fromAbove);
+    void showLevel(int level);
+
+    const Part* part() const { return m_part.get(); }
+    const ToolpathModel* toolpath() const { return m_model.get(); }
+    const JobRunner& runner() const { return m_runner; }
+    /// The failure that the bar shows; empty when it shows none.
+    const std::string& failure() const { return m_failure; }
+    PartView& view() { return *m_view; }
+
+private:
+    void buildMenus();
+    void buildTools();
+    /// Binds a command to what it does and when it can be done.
+    void command(int id, std::function<void()> action, std::function<bool()> possible = {});
+
+    void askForPart();
+    void askForToolpath();
+    void askWhereToSave();
+    void changeParameters(bool (*change)(HostFrame& frame, util::Parameterized& parameters));
+    void onClose(wxCloseEvent& event);
+
+    int showProgress(int jobId);
+    void takeToolpath(boost::shared_ptr<const exchange::ToolpathRecords> records, double seconds);
+    void refresh();
+    void tell(const JobOutcome& outcome);
+    void fail(const std::string& text);
+    void clearFailure();
+
+    const Module& m_module;
+    ParameterDialogs m_dialogs;
+    std::string m_samples;
+    JobRunner m_runner;
+    ProgressLook m_look = ProgressLook::milling;
+
+    std::shared_ptr<Part> m_part;
+    boost::shared_ptr<const exchange::ToolpathRecords> m_records;
+    std::shared_ptr<const ToolpathModel> m_model;
+    double m_seconds = 0;
+    bool m_outdated = false;
+    bool m_showRapids = true;
+    int m_level = -1;
+    bool m_closeAfterJob = false;
+    std::string m_failure;
+
+    wxInfoBar* m_bar = nullptr;
+    PartView* m_view = nullptr;
+    SidePanel* m_panel = nullptr;
+};
+
+} // namespace host
+
+#endif

@@ -1,0 +1,61 @@
+#ifndef HOST_TOUR_H
+#define HOST_TOUR_H
+
+#include "host/JobRunner.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class wxTopLevelWindow;
+class wxWindow;
+
+namespace host
+{
+
+class HostFrame;
+
+/// Shows what the host can do, without a person: opens parts, generates their toolpaths, cancels, saves, meets bad
+/// files. Takes pictures of the windows and prints what happened. The last part should keep the engine busy for a
+/// second or more: it is the one whose progress is shown and cancelled.
+class Tour
+{
+public:
+    /// \param pictures the folder for the pictures; made when it is missing
+    Tour(HostFrame& frame, std::vector<std::string> parts, std::string pictures);
+
+    /// Runs inside the event loop. \returns whether everything went as it should
+    bool run();
+
+private:
+    void showPart(const std::string& path);
+    void showLevels();
+    void cancelJob();
+    void watchThreads();
+    void saveAndReadBack();
+    void meetBadFiles();
+    void meetBadFile(const std::string& path, const std::string& expected);
+
+    JobOutcome generate(const std::string& caption);
+    /// Generates, and meanwhile calls `act` with the module's progress window when `ready` says so, once.
+    JobOutcome generateWatched(const std::function<bool()>& ready, const std::function<void(wxTopLevelWindow&)>& act);
+    wxTopLevelWindow* progressWindow() const;
+    void click(wxWindow* window);
+    /// Lets the windows show what they have to.
+    void settle(int milliseconds = 150);
+
+    void picture(const std::string& name);
+    void say(const std::string& text);
+    /// Notes a failure unless the condition holds.
+    void expect(bool condition, const std::string& failure);
+
+    HostFrame& m_frame;
+    std::vector<std::string> m_parts;
+    std::string m_pictures;
+    int m_pictureCount = 0;
+    bool m_good = true;
+};
+
+} // namespace host
+
+#endif
