@@ -72,7 +72,8 @@ public:
         const std::size_t stored = count();
         if (stored > N)
             fail(boost::archive::archive_exception::array_size_too_short);
-        block(array, stored * sizeof(T));
+        if (stored != 0)
+            block(array, stored * sizeof(T));
     }
 
     /// See ByteSource::remaining().

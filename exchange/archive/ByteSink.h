@@ -25,8 +25,11 @@ public:
     }
     void advanceTo(char* cursor) { m_cursor = cursor; }
 
+    /// `bytes` may be null when there are none.
     void append(const void* bytes, std::size_t size)
     {
+        if (size == 0)
+            return;
         if (static_cast<std::size_t>(m_end - m_cursor) < size) [[unlikely]]
             return appendLarge(bytes, size);
         std::memcpy(m_cursor, bytes, size);
