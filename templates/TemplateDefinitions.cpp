@@ -104,7 +104,7 @@ std::string templateKindFolder(const std::string& templateFolder, int kind)
 std::string templateDefinitionsName(int kind)
 {
     if (kind == operationKind::milling)
-        return std::string(keys::folderTessaron) + "_template_info";
+        return std::string(keys::folderTessaron).append("_template_info");
     return keys::orrimantTemplateInfo;
 }
 
