@@ -51,7 +51,8 @@ frame > border { border-color: @border@; }
 separator { background-color: @border@; }
 treeview.view, .view { background-color: @field@; background-image: none; color: @fieldText@; }
 treeview.view:selected, .view:selected { background-color: @accent@; color: @accentText@; }
-treeview.view check { background-color: @field@; }
+treeview.view check { background-color: @field@; border-color: @border@; }
+treeview.view check:checked { background-color: @accent@; border-color: @accentText@; color: @accentText@; }
 scrollbar { background-color: @dialog@; background-image: none; border-color: @border@; }
 scrollbar slider { background-color: @slider@; border-color: @dialog@; }
 scale trough, progressbar trough { background-color: @button@; background-image: none; border-color: @border@; }

@@ -2,6 +2,7 @@
 
 #include "frame/VisualManager.h"
 #include "templates/GridPlace.h"
+#include "templates/TemplateGridRenderers.h"
 
 #include <algorithm>
 
@@ -43,6 +44,8 @@ TemplateSortGrid::TemplateSortGrid(wxWindow* parent, int id, TemplateSortLevels&
     SetDefaultRowSize(FromDIP(26));
     SetColLabelSize(FromDIP(26));
     SetDefaultCellAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
+    SetLabelFont(GetFont());
+    SetDefaultRenderer(new TemplateCellRenderer);
     colourGrid(*this);
     Bind(wxEVT_GRID_CELL_CHANGED, &TemplateSortGrid::onChanged, this);
     Bind(wxEVT_GRID_CELL_LEFT_CLICK, &TemplateSortGrid::onClick, this);
