@@ -6,7 +6,9 @@ JOBS ?= $(shell nproc)
 SUDO = $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 PACKAGES = $(shell sed 's/\#.*//' packages.txt)
 
-.PHONY: all run test bench check format setup clean
+PREFIX ?= /usr/local
+
+.PHONY: all run test bench check format docs install package setup clean
 
 all: $(BUILD)/build.ninja
 	cmake --build $(BUILD) -j $(JOBS)
@@ -37,6 +39,18 @@ check: setup $(BUILD)/build.ninja
 
 format: setup
 	git ls-files '*.h' '*.cpp' '*.c' | xargs clang-format -i
+
+# The reference of the public headers and the pages of docs/, in build/docs/html. Any warning is an error.
+docs: PACKAGES = doxygen
+docs: setup
+	tools/make-docs build/docs
+
+# DESTDIR is honoured.
+install: setup all
+	cmake --install $(BUILD) --prefix $(PREFIX)
+
+package: setup all
+	cpack --config $(BUILD)/CPackConfig.cmake -B $(BUILD)
 
 clean:
 	rm -rf build

@@ -100,6 +100,7 @@ TESSARON_ENGINES_API JobStart startJobFromArchive(std::string_view archive, cons
 TESSARON_ENGINES_API JobInfo jobInfo(int jobId);
 
 /// Waits until a job has ended.
+/// \param jobId a job or worker job
 /// \param milliseconds how long to wait; 0 only looks, a negative value waits without limit
 /// \return the state at the end of the wait: JobState::running after a time-out, JobState::unknown for an unknown id
 TESSARON_ENGINES_API JobState waitForJob(int jobId, int milliseconds);

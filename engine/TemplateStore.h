@@ -82,7 +82,7 @@ TESSARON_ENGINES_API int loadTemplateArrayFile(const std::string& path, std::vec
 /// splitTemplatePath() says; where the path names the template otherwise than "Template Name" does, the path holds, and
 /// "Template Name" follows it. On success `set` is what was stored: name, guid, version and dates are brought up
 /// to date. It is not changed by a failed save.
-/// \param failIfExists a template of that name is left alone, and the result is templateNameDuplicated. Of several
+/// With `failIfExists` a template of that name is left alone, and the result is templateNameDuplicated. Of several
 /// processes that save one new name so at one time, exactly one succeeds.
 /// \return templateWriteError, templateNameMissing, templateNameDuplicated.
 TESSARON_ENGINES_API int saveTemplateFile(const std::string& path, bool failIfExists, Parameterized* set);

@@ -110,10 +110,10 @@ TESSARON_RESOURCES_API int displayTemplateManagerDialogLoad(int kind, int select
                                                             util::Parameterized* result, CWnd* parent,
                                                             util::VisualTheme theme);
 
-/// Shows the template manager to store the current operation as a template.
-/// \param result     receives the stored template
-/// \param loadSaved  receives whether the user asked to load the saved template back
-/// \returns 1 saved; 0 cancelled, failed, or quit. Other arguments as for loading.
+/// Shows the template manager to store the current operation as a template. `result` receives the stored
+/// template, and `loadSaved` whether the user asked to load the saved template back; the other arguments are those of
+/// loading.
+/// \returns 1 saved; 0 cancelled, failed, or quit
 TESSARON_RESOURCES_API int displayTemplateManagerDialogSave(int kind, int selector, const std::string& path,
                                                             const util::Parameterized& current,
                                                             util::Parameterized* result, bool* loadSaved, CWnd* parent,
