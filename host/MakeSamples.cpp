@@ -99,23 +99,6 @@ void addEllipse(CurveList& curves, const Point& center, double width, double hei
     curves.push_back(boost::make_shared<geom::RationalBSplineCurveImpl<2>>(points, knots, weights));
 }
 
-// A closed shape with waves, of a cubic spline that meets itself in the middle of a straight piece.
-void addWavyPost(CurveList& curves, const Point& center, double radius, int waves)
-{
-    Points points;
-    const int count = 4 * waves;
-    for (int i = 0; i < count; ++i)
-    {
-        const double reach = radius * (1 + 0.22 * std::cos(turn * i / 4));
-        points.emplace_back(center[0] + reach * std::cos(turn * i / count),
-                            center[1] + reach * std::sin(turn * i / count));
-    }
-    const Point seam((points.back()[0] + points.front()[0]) / 2, (points.back()[1] + points.front()[1]) / 2);
-    points.insert(points.begin(), seam);
-    points.push_back(seam);
-    addSpline(curves, points);
-}
-
 struct Cutting
 {
     double diameter;
@@ -194,38 +177,26 @@ exchange::Tessaron2dInput openShape()
     return input;
 }
 
+// A cooling plate with three thousand pins: it keeps one core busy for about twenty seconds.
 exchange::Tessaron2dInput largePlate()
 {
     exchange::Tessaron2dInput input;
     const double width = 640;
     const double height = 400;
+    const double wall = 16;
     addRectangle(input.boundaries.materialBoundaries, 0, 0, width, height);
-    addRectangle(input.boundaries.partBoundaries, 0, 0, width, height);
     CurveList& part = input.boundaries.partBoundaries;
-    addRoundedRectangle(part, 16, 16, width - 16, height - 16, 24);
-    const int columns = 12;
-    const int rows = 7;
+    addRectangle(part, 0, 0, width, height);
+    addRoundedRectangle(part, wall, wall, width - wall, height - wall, 24);
+    const int columns = 72;
+    const int rows = 42;
+    const double edge = 30;
+    const double across = (width - 2 * edge) / columns;
+    const double along = (height - 2 * edge) / rows;
     for (int row = 0; row < rows; ++row)
         for (int column = 0; column < columns; ++column)
-        {
-            const Point center(62 + column * 46.0 + (row % 2) * 10, 50 + row * 50.0);
-            switch ((column + 2 * row) % 4)
-            {
-            case 0:
-                addCircle(part, center, 10);
-                break;
-            case 1:
-                addHexagon(part, center, 11);
-                break;
-            case 2:
-                addWavyPost(part, center, 10, 5);
-                break;
-            default:
-                addRoundedRectangle(part, center[0] - 10, center[1] - 8, center[0] + 10, center[1] + 8, 4);
-                break;
-            }
-        }
-    input.parameters = parametersOf({6, 3, 0.6, 1.5, 18, 0.1, 2400, 16000});
+            addCircle(part, {edge + across * (column + (row % 2 == 0 ? 0.25 : 0.75)), edge + along * (row + 0.5)}, 2.5);
+    input.parameters = parametersOf({2, 2, 0.4, 1.5, 1.5, 0.05, 1200, 24000});
     return input;
 }
 

@@ -187,6 +187,7 @@ void Tour::showPart(const std::string& path)
     m_frame.showFromAbove(false);
     settle();
     picture(stem + "-levels");
+    saveAndReadBack();
 }
 
 void Tour::showLevels()
@@ -252,7 +253,7 @@ void Tour::saveAndReadBack()
                before.rapidLength == after.rapidLength,
            "the toolpath that was read is not the one that was saved");
     std::error_code error;
-    say(format("Saved the toolpath and read it back: %zu records, %ju bytes", after.records,
+    say(format("  saved the toolpath and read it back: %zu records, %ju bytes", after.records,
                static_cast<std::uintmax_t>(std::filesystem::file_size(path, error))));
 }
 
@@ -299,7 +300,6 @@ bool Tour::run()
         watchThreads();
         picture("large-toolpath");
         showLevels();
-        saveAndReadBack();
         meetBadFiles();
     }
     say(format("%d pictures in %s", m_pictureCount, m_pictures.c_str()));
