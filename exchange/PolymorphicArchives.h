@@ -2,6 +2,7 @@
 #define EXCHANGE_POLYMORPHICARCHIVES_H
 
 #include "exchange/Archives.h"
+#include "exchange/archive/PolymorphicPointer.h"
 #include "exchange/archive/PolymorphicVector.h"
 
 #include <boost/archive/polymorphic_iarchive.hpp>

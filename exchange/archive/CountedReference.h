@@ -1,8 +1,6 @@
 #ifndef EXCHANGE_ARCHIVE_COUNTEDREFERENCE_H
 #define EXCHANGE_ARCHIVE_COUNTEDREFERENCE_H
 
-#include "exchange/archive/PointerClasses.h"
-
 #include <boost/shared_ptr.hpp>
 
 namespace exchange::archive
@@ -22,12 +20,6 @@ template <class T>
 struct CountedReference
 {
     boost::shared_ptr<T> pointer;
-};
-
-template <class T>
-struct PointerClassesOf<CountedReference<T>>
-{
-    using type = TypeList<CountedReference<T>>;
 };
 
 } // namespace exchange::archive

@@ -1,6 +1,7 @@
 #ifndef EXCHANGE_ARCHIVE_POINTERCLASSES_H
 #define EXCHANGE_ARCHIVE_POINTERCLASSES_H
 
+#include "exchange/archive/CountedReference.h"
 #include "exchange/geom/CurveSerialization.h"
 #include "exchange/mesh/TriMeshFacets.h"
 
@@ -48,6 +49,11 @@ template <>
 struct PointerClassesOf<topo::mesh::TriMesh>
 {
     using type = TypeList<topo::mesh::TriMesh>;
+};
+template <class T>
+struct PointerClassesOf<CountedReference<T>>
+{
+    using type = TypeList<CountedReference<T>>;
 };
 template <class Base>
 using PointerClasses = typename PointerClassesOf<Base>::type;

@@ -1,3 +1,4 @@
+#include "exchange/archive/PolymorphicPointer.h"
 #include "exchange/archive/PolymorphicVector.h"
 
 #include <boost/archive/polymorphic_oarchive.hpp>

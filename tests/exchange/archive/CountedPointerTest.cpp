@@ -4,6 +4,9 @@
 
 #include "ArchiveText.h"
 
+#include "exchange/PolymorphicArchives.h"
+#include "exchange/geom/CurveSerialization.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -89,6 +92,59 @@ TEST(CountedPointer, EveryBinaryVersionHoldsTheSame)
     }
 }
 
+exchange::CurveList polymorphicList(const std::string& archive)
+{
+    std::istringstream stream(archive);
+    exchange::PolymorphicReader reader(stream);
+    exchange::CurveList curves;
+    reader.archive() >> BOOST_SERIALIZATION_NVP(curves);
+    reader.finish();
+    return curves;
+}
+
+std::string polymorphicListError(const std::string& archive)
+{
+    try
+    {
+        polymorphicList(archive);
+    }
+    catch (const boost::archive::archive_exception& error)
+    {
+        return error.what();
+    }
+    return "";
+}
+
+TEST(CountedPointer, PolymorphicReadersTakeThemToo)
+{
+    for (const char* file : {"curvelist_shared_v3.xml", "curvelist_shared_v9.xml", "curvelist_shared_v9.bin"})
+    {
+        SCOPED_TRACE(file);
+        const std::string whole = counted(file);
+        const exchange::CurveList curves = polymorphicList(whole);
+        ASSERT_EQ(curves.size(), 3u);
+        ASSERT_TRUE(curves[0]);
+        EXPECT_EQ(curves[1], curves[0]);
+        EXPECT_EQ(curves[0].use_count(), 2);
+        EXPECT_FALSE(curves[2]);
+        std::ostringstream out;
+        exchange::writeArchive(out, curves);
+        EXPECT_EQ(out.str(), golden("curvelist_shared.xml"));
+
+        const std::size_t end = whole.back() == '\n' ? whole.size() - 2 : whole.size();
+        for (std::size_t size = 0; size < end; ++size)
+            ASSERT_NE(polymorphicListError(whole.substr(0, size)), "") << "cut at " << size;
+        std::mt19937 random(4);
+        for (int round = 0; round < 2000; ++round)
+        {
+            std::string changed = whole;
+            const std::size_t at = random() % changed.size();
+            changed[at] = static_cast<char>(changed[at] ^ (1 << random() % 8));
+            ASSERT_NO_THROW(polymorphicListError(changed)) << "round " << round;
+        }
+    }
+}
+
 struct Edit
 {
     const char* file;
@@ -111,6 +167,10 @@ TEST_P(EditedCountedXml, IsRefused)
     const Edit& edit = GetParam();
     const std::string archive = replaced(counted(edit.file), edit.from, edit.to);
     EXPECT_EQ(readError(recordOfGolden(edit.file), archive), edit.error);
+    if (recordOfGolden(edit.file).read == recordOfGolden("curvelist").read)
+    {
+        EXPECT_NE(polymorphicListError(archive), "");
+    }
 }
 
 const char list[] = "curvelist_shared_v3.xml";
