@@ -145,11 +145,11 @@ TEST_F(TemplateListing, ListingsAndSavesOfManyThreadsAgree)
     for (int i = 0; i < 100; ++i)
         save("t" + std::to_string(i), i);
     std::atomic<bool> done = false;
-    std::vector<std::jthread> readers;
     std::atomic<int> wrong = 0;
+    std::vector<std::jthread> readers;
     for (int r = 0; r < 3; ++r)
         readers.emplace_back(
-            [&]
+            [&, r]
             {
                 while (!done)
                 {
