@@ -63,6 +63,6 @@ set(CPACK_DEBIAN_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-# What the headers need; hosts in C need none of it.
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libwxgtk3.2-dev, libboost1.81-dev, libboost-serialization1.81-dev, libboost-thread1.81-dev, xchm | okular-extra-backends")
+# What hosts need to be built, and what opens the help files.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libwxgtk3.2-dev, libboost1.81-dev, libboost-serialization1.81-dev, libboost-thread1.81-dev, xdg-utils, xchm | okular-extra-backends")
 include(CPack)

@@ -83,7 +83,7 @@ std::string getConfigFilePath(const char* subfolder, int productCode, bool creat
 
     const std::string below = nativeSubfolder(subfolder);
     const std::string userFolder = makerFolder(userConfigurationFolder(), below);
-    const std::string userPath = userFolder + separator + product->configurationFile;
+    std::string userPath = userFolder + separator + product->configurationFile;
     const bool userHasFile = canBeRead(userPath);
     if (!create)
         return userHasFile ? userPath : shippedFile(*product);

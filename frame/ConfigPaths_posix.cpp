@@ -48,7 +48,7 @@ const char separator = '/';
 
 std::string userConfigurationFolder()
 {
-    const std::string folder = absoluteFolder(std::getenv("XDG_CONFIG_HOME"));
+    std::string folder = absoluteFolder(std::getenv("XDG_CONFIG_HOME"));
     if (!folder.empty())
         return folder;
     const std::string home = homeFolder();

@@ -54,7 +54,7 @@ protected:
         ::setenv("XDG_CONFIG_HOME", (m_root / "config").c_str(), 1);
         ::setenv("XDG_DATA_DIRS", (m_root / "data").c_str(), 1);
     }
-    ~ConfigPaths() override { fs::remove_all(m_root); }
+    void TearDown() override { fs::remove_all(m_root); }
 
     fs::path config() const { return m_root / "config/Halvorsund Technologies"; }
     fs::path shared() const { return m_root / "data/Halvorsund Technologies"; }
