@@ -20,6 +20,7 @@ def main(reader: str, file: str, units: str) -> None:
         assert "host developers" not in page and "**" not in page and "|" not in page
         assert 'value="Using it"' in contents and 'id="using-it"' in page
         assert b"index.html\0" in system and b"contents.hhc\0" in system
+        assert page.count("<img") == page.count(f"-{units.lower()}.png") > 0
         for part in page.split('<img src="')[1:]:
             assert (root / part.split('"')[0]).stat().st_size > 0
 
