@@ -22,6 +22,24 @@ double toleranceOf(const Part& part)
     return std::isfinite(tolerance) && tolerance > 0 ? tolerance : drawingTolerance;
 }
 
+// What an error of an archive means for a person who opens a part.
+const char* explanation(boost::archive::archive_exception::exception_code code)
+{
+    using Error = boost::archive::archive_exception;
+    switch (code)
+    {
+    case Error::invalid_signature:
+        return "This is no archive.";
+    case Error::input_stream_error:
+        return "The file is incomplete or damaged, or does not hold a part.";
+    case Error::unsupported_version:
+    case Error::unsupported_class_version:
+        return "It was written by a newer program.";
+    default:
+        return "The file does not hold a part.";
+    }
+}
+
 [[noreturn]] void refuse(const std::string& path, const std::string& complaint)
 {
     throw PartError("\"" + path + "\" cannot be opened: " + complaint);
@@ -65,7 +83,9 @@ Part loadPart(const std::string& path)
     }
     catch (const exchange::ArchiveFileError& error)
     {
-        throw PartError(error.what());
+        // The message says it all when there is no file to look into.
+        const std::string text = error.what();
+        throw PartError(std::filesystem::exists(path) ? text + ". " + explanation(error.code) : text);
     }
     const exchange::JobInputProblem problem = exchange::checkJobInput(part.input);
     if (!problem.field.empty())

@@ -98,8 +98,11 @@ void PartPainter::drawWalls()
     }
     for (int i = 0; i < shades; ++i)
     {
-        m_context.SetBrush(wxBrush(palette::shaded(palette::partFill, 0.74 + 0.24 * i / (shades - 1))));
-        m_context.FillPath(paths[static_cast<std::size_t>(i)], wxWINDING_RULE);
+        const wxColour colour = palette::shaded(palette::partFill, 0.74 + 0.24 * i / (shades - 1));
+        // The line covers the seams that smooth edges leave between the pieces of a wall.
+        m_context.SetPen(m_context.CreatePen(wxGraphicsPenInfo(colour, 0.8)));
+        m_context.SetBrush(wxBrush(colour));
+        m_context.DrawPath(paths[static_cast<std::size_t>(i)], wxWINDING_RULE);
     }
 }
 

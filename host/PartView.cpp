@@ -9,6 +9,7 @@
 #include <wx/dcmemory.h>
 #include <wx/graphics.h>
 #include <wx/settings.h>
+#include <wx/utils.h>
 
 #include <cmath>
 #include <memory>
@@ -26,6 +27,9 @@ constexpr double wheelFactor = 1.2;
 constexpr double keyPixels = 40;
 constexpr double radiansPerPixel = 0.008;
 constexpr Camera::Margins margins{28, 28, 28, 48};
+// In a window of some width the legend has a place of its own.
+constexpr double legendWidth = 160;
+constexpr double widthForLegend = 620;
 
 } // namespace
 
@@ -54,8 +58,13 @@ PartView::PartView(wxWindow* parent) : wxPanel(parent, wxID_ANY, wxDefaultPositi
         Bind(type, &PartView::onMouse, this);
     Bind(wxEVT_MOUSEWHEEL, &PartView::onWheel, this);
     Bind(wxEVT_KEY_DOWN, &PartView::onKey, this);
-    Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent&) { Refresh(); });
-    Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent&) { Refresh(); });
+    const auto onFocus = [this](wxFocusEvent&)
+    {
+        m_showFocus = HasFocus() && wxGetKeyState(WXK_TAB);
+        Refresh();
+    };
+    Bind(wxEVT_SET_FOCUS, onFocus);
+    Bind(wxEVT_KILL_FOCUS, onFocus);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, [](wxMouseCaptureLostEvent&) {});
     m_rest.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { redraw(false); });
 }
@@ -78,9 +87,17 @@ void PartView::redraw(bool coarse)
 
 void PartView::zoomToFit()
 {
-    m_camera.fit(m_scene.box(), margins);
+    fitScene();
     m_fitted = true;
     redraw(false);
+}
+
+void PartView::fitScene()
+{
+    Camera::Margins room = margins;
+    if (m_scene.showLegend && m_camera.width() > widthForLegend)
+        room.left += legendWidth;
+    m_camera.fit(m_scene.box(), room);
 }
 
 void PartView::zoom(double factor)
@@ -106,7 +123,7 @@ void PartView::onSize(wxSizeEvent& event)
 {
     m_camera.setViewport(event.GetSize().x, event.GetSize().y);
     if (m_fitted)
-        m_camera.fit(m_scene.box(), margins);
+        fitScene();
     redraw(false);
 }
 
@@ -146,7 +163,7 @@ void PartView::onPaint(wxPaintEvent&)
     if (m_stale || !m_picture.IsOk() || m_picture.GetDIPSize() != ToDIP(size))
         render();
     dc.DrawBitmap(m_picture, 0, 0);
-    if (HasFocus())
+    if (m_showFocus)
     {
         dc.SetBrush(*wxTRANSPARENT_BRUSH);
         dc.SetPen(wxPen(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), 2));
@@ -174,6 +191,7 @@ void PartView::onMouse(wxMouseEvent& event)
 {
     if (event.ButtonDown())
     {
+        m_showFocus = false;
         SetFocus();
         m_dragged = event.GetPosition();
         if (!HasCapture())

@@ -48,6 +48,7 @@ private:
     /// Draws anew: fast and coarse at first, and in full when the view has come to rest.
     void redraw(bool coarse);
     void render();
+    void fitScene();
 
     Scene m_scene;
     Camera m_camera;
@@ -56,6 +57,8 @@ private:
     bool m_stale = true;
     bool m_coarse = false;
     wxTimer m_rest;
+    /// The focus came by the keyboard and is shown.
+    bool m_showFocus = false;
     wxPoint m_dragged;
 };
 

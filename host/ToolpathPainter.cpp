@@ -1,6 +1,7 @@
 #include "host/ToolpathPainter.h"
 
 #include "host/Palette.h"
+#include "util/Keys.h"
 
 #include <cmath>
 
@@ -16,6 +17,11 @@ constexpr double cutWidth = 1.3;
 constexpr double thinCutWidth = 0.7;
 constexpr double rapidWidth = 1.0;
 constexpr double plungeWidth = 1.8;
+// From above the levels lie over one another: each is drawn wider than the one below it, by at most this.
+constexpr double widestStep = 1.3;
+// So many rapid moves would hide the cuts if they were drawn in full colour.
+constexpr std::size_t manyRapids = 3000;
+constexpr unsigned char faint = 60;
 
 } // namespace
 
@@ -66,6 +72,10 @@ void ToolpathPainter::drawCuts()
     const std::size_t count = m_toolpath.levels().size();
     // Passes that lie closer than their lines are wide would run into one area.
     const double width = m_toolpath.points().size() > 100000 ? thinCutWidth : cutWidth;
+    const double room = m_scene.part->number(util::keys::stepover) * m_camera.scale() * 0.5;
+    const double step = m_camera.fromAbove() && m_scene.level == Scene::allLevels
+                            ? std::min(widestStep, room / static_cast<double>(std::max<std::size_t>(1, count)))
+                            : 0.0;
     std::vector<std::vector<const Run*>> levels(count);
     for (const Run& run : m_toolpath.runs())
         if (run.kind == MoveKind::cut && wanted(run))
@@ -73,8 +83,9 @@ void ToolpathPainter::drawCuts()
     for (std::size_t i = 0; i < count; ++i)
     {
         const std::size_t level = m_camera.fromAbove() ? i : count - 1 - i;
+        const double above = step * static_cast<double>(count - 1 - level);
         m_context.SetPen(
-            m_context.CreatePen(wxGraphicsPenInfo(palette::level(level, count), width).Join(wxJOIN_ROUND)));
+            m_context.CreatePen(wxGraphicsPenInfo(palette::level(level, count), width + above).Join(wxJOIN_ROUND)));
         for (const Run* run : levels[level])
             drawRun(*run);
     }
@@ -84,12 +95,15 @@ void ToolpathPainter::drawRapids()
 {
     if (!m_scene.showRapids)
         return;
+    const bool many = m_toolpath.statistics().rapidMoves > manyRapids;
+    const auto colour = [many](const wxColour& full)
+    { return many ? wxColour(full.Red(), full.Green(), full.Blue(), faint) : full; };
     const struct
     {
         MoveKind kind;
         wxGraphicsPenInfo pen;
-    } kinds[] = {{MoveKind::rapid, wxGraphicsPenInfo(palette::rapid, rapidWidth, wxPENSTYLE_SHORT_DASH)},
-                 {MoveKind::plunge, wxGraphicsPenInfo(palette::plunge, plungeWidth)}};
+    } kinds[] = {{MoveKind::rapid, wxGraphicsPenInfo(colour(palette::rapid), rapidWidth, wxPENSTYLE_SHORT_DASH)},
+                 {MoveKind::plunge, wxGraphicsPenInfo(colour(palette::plunge), plungeWidth)}};
     for (const auto& kind : kinds)
     {
         m_context.SetPen(m_context.CreatePen(kind.pen));

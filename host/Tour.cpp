@@ -11,7 +11,9 @@
 #include <wx/checkbox.h>
 #include <wx/evtloop.h>
 #include <wx/filename.h>
+#include <wx/menu.h>
 #include <wx/stopwatch.h>
+#include <wx/textctrl.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 
@@ -27,10 +29,15 @@ namespace
 {
 
 constexpr int tickMilliseconds = 10;
-// What the cancel button and the check box of the module's progress windows go by.
+// What the controls of the module's windows go by.
 constexpr int cancelId = 2;
 constexpr int detailsId = 1042;
-constexpr double pictureAtPercent = 35;
+constexpr int okId = 1;
+constexpr int chipPercentId = 1040;
+constexpr int chipCalculateId = 3;
+constexpr int gougeHolderId = 2019;
+constexpr int smartLinkTrackId = 1027;
+constexpr double pictureAtPercent = 20;
 
 // A folder that is gone when the tour is over.
 class ScratchFolder
@@ -116,11 +123,11 @@ void Tour::picture(const std::string& name)
     expect(saveScreenshot(area, path), "the picture " + path + " could not be written");
 }
 
-wxTopLevelWindow* Tour::progressWindow() const
+wxTopLevelWindow* Tour::moduleWindow(int controlId) const
 {
     for (auto node = wxTopLevelWindows.GetLast(); node; node = node->GetPrevious())
         if (auto* const window = dynamic_cast<wxTopLevelWindow*>(node->GetData());
-            window && window != &m_frame && window->IsShown() && window->FindWindow(cancelId))
+            window && window != &m_frame && window->IsShown() && window->FindWindow(controlId))
             return window;
     return nullptr;
 }
@@ -156,7 +163,7 @@ JobOutcome Tour::generateWatched(const std::function<bool()>& ready, const std::
     watch.Bind(wxEVT_TIMER,
                [&](wxTimerEvent&)
                {
-                   wxTopLevelWindow* const window = progressWindow();
+                   wxTopLevelWindow* const window = moduleWindow(cancelId);
                    if (acted || !window || !ready())
                        return;
                    acted = true;
@@ -187,19 +194,18 @@ void Tour::showPart(const std::string& path)
     m_frame.showFromAbove(false);
     settle();
     picture(stem + "-levels");
+    if (m_frame.toolpath() && m_frame.toolpath()->levels().size() > 1)
+        showOneLevel(stem);
     saveAndReadBack();
 }
 
-void Tour::showLevels()
+void Tour::showOneLevel(const std::string& stem)
 {
-    if (!m_frame.toolpath() || m_frame.toolpath()->levels().empty())
-        return;
     m_frame.showFromAbove(true);
     m_frame.showLevel(0);
     settle();
-    picture("one-level");
-    m_frame.showLevel(-1);
-    settle();
+    picture(stem + "-one-level");
+    m_frame.showLevel(Scene::allLevels);
 }
 
 void Tour::cancelJob()
@@ -257,6 +263,86 @@ void Tour::saveAndReadBack()
                static_cast<std::uintmax_t>(std::filesystem::file_size(path, error))));
 }
 
+void Tour::useDialog(const wxString& entry, int controlId, const std::function<void(wxTopLevelWindow&)>& act)
+{
+    wxMenuBar* const menus = m_frame.GetMenuBar();
+    const int id = menus->FindMenuItem("Machining", entry + L"\u2026");
+    m_frame.UpdateWindowUI();
+    menus->UpdateMenus();
+    if (id == wxNOT_FOUND || !menus->IsEnabled(id))
+    {
+        expect(false, "the menu has no \"" + entry.utf8_string() + "\"");
+        return;
+    }
+    wxTimer watch;
+    bool acted = false;
+    watch.Bind(wxEVT_TIMER,
+               [&](wxTimerEvent&)
+               {
+                   wxTopLevelWindow* const window = moduleWindow(controlId);
+                   if (acted || !window)
+                       return;
+                   acted = true;
+                   window->CentreOnScreen();
+                   settle(300);
+                   act(*window);
+               });
+    watch.Start(tickMilliseconds);
+    wxCommandEvent chosen(wxEVT_MENU, id);
+    m_frame.ProcessWindowEvent(chosen);
+    watch.Stop();
+    settle();
+    expect(acted, "the window of \"" + entry.utf8_string() + "\" was not seen");
+}
+
+// The dialogs of the module change what the next toolpath is like.
+void Tour::changeParameters()
+{
+    say("Change the parameters of " + m_parts.front());
+    m_frame.setProgressLook(ProgressLook::milling);
+    m_frame.showFromAbove(true);
+    if (!m_frame.openPart(m_parts.front()))
+        return;
+    generate(m_parts.front());
+    const std::size_t before = m_frame.toolpath() ? m_frame.toolpath()->statistics().records : 0;
+    const double stepover = m_frame.part()->number(util::keys::stepover);
+    useDialog("Chip thickness", chipPercentId,
+              [this](wxTopLevelWindow& window)
+              {
+                  auto* const percent = dynamic_cast<wxTextCtrl*>(window.FindWindow(chipPercentId));
+                  expect(percent, "the chip thickness dialog has no field for the stepover in percent");
+                  if (percent)
+                  {
+                      percent->SetFocus();
+                      settle();
+                      percent->SetValue("20");
+                  }
+                  click(window.FindWindow(chipCalculateId));
+                  settle(300);
+                  picture("chip-thickness");
+                  click(window.FindWindow(okId));
+              });
+    const double applied = m_frame.part()->number(util::keys::stepover);
+    generate(m_parts.front());
+    const std::size_t after = m_frame.toolpath() ? m_frame.toolpath()->statistics().records : 0;
+    say(format("  the stepover went from %g to %g mm, the toolpath from %zu to %zu records", stepover, applied, before,
+               after));
+    expect(applied < stepover && after > before, "the applied stepover did not change the toolpath");
+    picture("applied-stepover");
+    useDialog("Gouge check", gougeHolderId,
+              [this](wxTopLevelWindow& window)
+              {
+                  picture("gouge-check");
+                  click(window.FindWindow(okId));
+              });
+    useDialog("SmartLink", smartLinkTrackId,
+              [this](wxTopLevelWindow& window)
+              {
+                  picture("smartlink");
+                  click(window.FindWindow(okId));
+              });
+}
+
 void Tour::meetBadFile(const std::string& path, const std::string& expected)
 {
     const Part* const before = m_frame.part();
@@ -299,7 +385,10 @@ bool Tour::run()
         cancelJob();
         watchThreads();
         picture("large-toolpath");
-        showLevels();
+        m_frame.view().zoom(6);
+        settle(600);
+        picture("large-toolpath-near");
+        changeParameters();
         meetBadFiles();
     }
     say(format("%d pictures in %s", m_pictureCount, m_pictures.c_str()));

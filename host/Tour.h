@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+class wxString;
 class wxTopLevelWindow;
 class wxWindow;
 
@@ -29,17 +30,20 @@ public:
 
 private:
     void showPart(const std::string& path);
-    void showLevels();
+    void showOneLevel(const std::string& stem);
     void cancelJob();
     void watchThreads();
     void saveAndReadBack();
+    void changeParameters();
     void meetBadFiles();
     void meetBadFile(const std::string& path, const std::string& expected);
 
     JobOutcome generate(const std::string& caption);
     /// Generates, and meanwhile calls `act` with the module's progress window when `ready` says so, once.
     JobOutcome generateWatched(const std::function<bool()>& ready, const std::function<void(wxTopLevelWindow&)>& act);
-    wxTopLevelWindow* progressWindow() const;
+    /// Chooses an entry of the Machining menu and calls `act` when the module's window with that control has come up.
+    void useDialog(const wxString& entry, int controlId, const std::function<void(wxTopLevelWindow&)>& act);
+    wxTopLevelWindow* moduleWindow(int controlId) const;
     void click(wxWindow* window);
     /// Lets the windows show what they have to.
     void settle(int milliseconds = 150);
