@@ -169,7 +169,7 @@ void TemplateManagerFormView::updateButtons()
 
 // The end
 
-void TemplateManagerFormView::finish(int value)
+void TemplateManagerFormView::finish(int value, const std::function<void()>& handOver)
 {
     if (!m_slot || *m_slot != -1 || m_busy)
         return;
@@ -183,6 +183,8 @@ void TemplateManagerFormView::finish(int value)
         updateButtons();
         return;
     }
+    if (handOver)
+        handOver();
     keepLayout();
     *m_slot = value;
     if (m_finished)
@@ -204,9 +206,15 @@ void TemplateManagerFormView::apply()
 {
     m_grid->finishEdit();
     const std::vector<std::size_t> selected = m_grid->selectedRows();
-    if (!selected.empty() && m_inputs.result)
-        m_session.applyTemplate(selected.front(), *m_inputs.result);
-    finish(selected.empty() ? 0 : 1);
+    if (selected.empty())
+        finish(0);
+    else
+        finish(1,
+               [this, row = selected.front()]
+               {
+                   if (m_inputs.result)
+                       m_session.applyTemplate(row, *m_inputs.result);
+               });
 }
 
 void TemplateManagerFormView::save()
@@ -298,6 +306,14 @@ void TemplateManagerFormView::deleteSelected()
     m_session.fill();
     m_grid->rowsRefilled();
     updateButtons();
+}
+
+void TemplateManagerFormView::deleteByKey()
+{
+    const std::size_t count = m_grid->selectedRows().size();
+    if (count > 0 && m_user.askOkCancel(count == 1 ? "Delete the selected template?"
+                                                   : "Delete the " + std::to_string(count) + " selected templates?"))
+        deleteSelected();
 }
 
 void TemplateManagerFormView::themeChosen(int theme)

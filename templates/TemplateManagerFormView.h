@@ -43,8 +43,9 @@ public:
     void setResultSlot(int* slot, std::function<void()> finished);
 
     /// Ends with a value unless one is there already. 0 ends with nothing chosen. Edits that are not stored are asked
-    /// for first; where they cannot be stored, the window stays.
-    void finish(int value);
+    /// for first; where they cannot be stored, the window stays. `handOver` gives the host its result, once it is
+    /// certain that the window ends.
+    void finish(int value, const std::function<void()>& handOver = nullptr);
 
     /// Save mode: asks for the name, and finishes with 1 when the operation is stored.
     void saveAs();
@@ -60,6 +61,7 @@ public:
 private:
     // The user's commands in the grid
     void deleteSelected() override;
+    void deleteByKey() override;
     void configureColumns() override;
     void find() override;
     void findAgain() override;

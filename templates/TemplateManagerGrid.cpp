@@ -418,8 +418,11 @@ void TemplateManagerGrid::onColumnMoved()
 void TemplateManagerGrid::onKeyDown(wxKeyEvent& event)
 {
     const bool onlyControl = event.GetModifiers() == wxMOD_CONTROL;
-    if (event.GetKeyCode() == WXK_DELETE && event.GetModifiers() == wxMOD_NONE)
-        m_commands.deleteSelected();
+    // While a cell is edited, keys are for its text, also those that come before its editor has the focus.
+    if (IsCellEditControlEnabled())
+        event.Skip();
+    else if (event.GetKeyCode() == WXK_DELETE && event.GetModifiers() == wxMOD_NONE)
+        m_commands.deleteByKey();
     else if (event.GetKeyCode() == 'A' && onlyControl)
         SelectAll();
     else if (event.GetKeyCode() == 'F' && onlyControl)
@@ -437,7 +440,7 @@ void TemplateManagerGrid::onKeyDown(wxKeyEvent& event)
 void TemplateManagerGrid::onChar(wxKeyEvent& event)
 {
     const int col = GetGridCursorCol();
-    if (col < 0 || GetGridCursorRow() < 0 || !isTyping(event))
+    if (col < 0 || GetGridCursorRow() < 0 || !isTyping(event) || IsCellEditControlEnabled())
     {
         event.Skip();
         return;

@@ -24,6 +24,8 @@ public:
     virtual ~TemplateGridCommands() = default;
 
     virtual void deleteSelected() = 0;
+    /// As deleteSelected(), but asks first: a key is easily hit.
+    virtual void deleteByKey() = 0;
     virtual void configureColumns() = 0;
     virtual void find() = 0;
     virtual void findAgain() = 0;

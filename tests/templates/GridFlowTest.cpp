@@ -1,8 +1,7 @@
 #include "templates/RatingStars.h"
 #include "tests/templates/ManagerRun.h"
 
-#include <wx/checklst.h>
-#include <wx/combobox.h>
+#include <wx/textctrl.h>
 
 using namespace testing_support;
 
@@ -22,20 +21,28 @@ protected:
         return found;
     }
 
-    // Types over a cell as a person does: go there, F2, text, Enter.
-    static void edit(int row, const wxString& title, const char* text)
+    // Types over a cell as a person does: opens its editor, types, Enter.
+    static void edit(WindowDriver& user, int row, const wxString& title, const char* text)
     {
-        for (int col = 0; col < grid()->GetNumberCols(); ++col)
-            if (grid()->GetColLabelValue(col) == title)
-                grid()->GoToCell(row, col);
-        grid()->SetFocus();
-        grid()->EnableCellEditControl();
-        pressKey('A', wxMOD_CONTROL);
-        if (*text)
-            type(text);
-        else
-            pressKey(WXK_DELETE);
-        pressKey(WXK_RETURN);
+        user.when("the manager is up", managerIsUp,
+                  [row, title]
+                  {
+                      for (int col = 0; col < grid()->GetNumberCols(); ++col)
+                          if (grid()->GetColLabelValue(col) == title)
+                              grid()->GoToCell(row, col);
+                      grid()->SetFocus();
+                      grid()->EnableCellEditControl();
+                  });
+        const auto editor = [] { return dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus()); };
+        user.when("the editor has the focus", editor,
+                  [editor, text]
+                  {
+                      editor()->Clear();
+                      type(text);
+                  });
+        user.when(
+            "the text is there", [editor, text] { return editor() && editor()->GetValue() == text; },
+            [] { pressKey(WXK_RETURN); });
     }
 
     util::Parameterized stored(const std::string& name) const
@@ -69,7 +76,7 @@ protected:
 TEST_F(GridFlowTest, EditsAreStoredByTheSaveButtonAndReplaceOnlyWithConsent)
 {
     WindowDriver user;
-    user.when("the manager is up", managerIsUp, [] { edit(1, "Tool Diameter", "12.5abc"); });
+    edit(user, 1, "Tool Diameter", "12.5abc");
     user.when(
         "the cell shows the number", [] { return cell(1, "Tool Diameter") == "12.5"; },
         []
@@ -101,7 +108,7 @@ TEST_F(GridFlowTest, EditsAreStoredByTheSaveButtonAndReplaceOnlyWithConsent)
 TEST_F(GridFlowTest, ClosingAsksForEditsThatAreNotStored)
 {
     WindowDriver user;
-    user.when("the manager is up", managerIsUp, [] { edit(0, "Material", "Steel"); });
+    edit(user, 0, "Material", "Steel");
     user.when(
         "edited", [] { return cell(0, "Material") == "Steel"; }, [] { manager()->Close(); });
     user.when("the question about edits", messageIsUp, [] { answer(1); });
@@ -116,7 +123,7 @@ TEST_F(GridFlowTest, ClosingAsksForEditsThatAreNotStored)
 TEST_F(GridFlowTest, AStoreErrorKeepsTheEditsAndTheWindow)
 {
     WindowDriver user;
-    user.when("the manager is up", managerIsUp, [] { edit(0, "Name", ""); });
+    edit(user, 0, "Name", "");
     user.when(
         "edited", [] { return cell(0, "Name") != "Alpha"; }, [] { clickManager(1125); });
     user.when("the error", messageIsUp,
@@ -169,6 +176,19 @@ TEST_F(GridFlowTest, DeletesTheSelectedTemplates)
         "one is left", [] { return grid()->GetNumberRows() == 1; }, [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
     EXPECT_EQ(storedNames(), std::vector<std::string>{"Beta"});
+}
+
+TEST_F(GridFlowTest, TheDeleteKeyAsksFirst)
+{
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { clickCell(0, "Name"); });
+    user.when(
+        "selected", [] { return isSelected(0); }, [] { pressKey(WXK_DELETE); });
+    user.when("the question", messageIsUp, [] { answer(2); });
+    user.when(
+        "back", [] { return !messageIsUp() && manager()->IsEnabled(); }, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+    EXPECT_EQ(storedNames().size(), 3U);
 }
 
 TEST_F(GridFlowTest, AQuickSortKeepsTheSelection)
