@@ -1,5 +1,6 @@
 #include "tests/engine/CutChecker.h"
 
+#include "exchange/geom/Line.h"
 #include "util/Constants.h"
 #include "util/Keys.h"
 
@@ -33,16 +34,27 @@ Limits limitsOf(const exchange::Tessaron2dInput& input)
             input.parameters.numberOr(keys::cutTolerance, diameter / 1000)};
 }
 
-/// Whether an upward ray from a point meets the segments an odd number of times.
+/// Where vertical lines cross closed boundaries. The segments are kept in columns of unit width.
 class Inside
 {
 public:
-    explicit Inside(std::vector<Segment> segments) : m_segments(std::move(segments)) {}
-    /// For many points of one x: the heights at which the boundary is crossed there.
+    explicit Inside(const std::vector<Segment>& segments)
+    {
+        for (const Segment& s : segments)
+        {
+            const auto [left, right] = std::minmax({column(s.start[0]), column(s.end[0])});
+            for (long long x = left; x <= right; ++x)
+                m_columns[x].push_back(s);
+        }
+    }
+    /// The heights at which the boundary is crossed at x, in order.
     std::vector<double> crossings(double x) const
     {
         std::vector<double> heights;
-        for (const Segment& s : m_segments)
+        const auto found = m_columns.find(column(x));
+        if (found == m_columns.end())
+            return heights;
+        for (const Segment& s : found->second)
             if ((s.start[0] <= x) != (s.end[0] <= x))
                 heights.push_back(s.start[1] + (x - s.start[0]) / (s.end[0] - s.start[0]) * (s.end[1] - s.start[1]));
         std::sort(heights.begin(), heights.end());
@@ -50,7 +62,9 @@ public:
     }
 
 private:
-    std::vector<Segment> m_segments;
+    static long long column(double x) { return static_cast<long long>(std::floor(x)); }
+
+    std::unordered_map<long long, std::vector<Segment>> m_columns;
 };
 
 bool isInside(const std::vector<double>& crossings, double y)
@@ -140,8 +154,8 @@ void SegmentCells::add(const Segment& segment)
     for (int i = 0; i < pieces; ++i)
     {
         const Segment piece{at(i), at(i + 1)};
-        const auto [left, right] = std::minmax(index(piece.start[0]), index(piece.end[0]));
-        const auto [bottom, top] = std::minmax(index(piece.start[1]), index(piece.end[1]));
+        const auto [left, right] = std::minmax({index(piece.start[0]), index(piece.end[0])});
+        const auto [bottom, top] = std::minmax({index(piece.start[1]), index(piece.end[1])});
         for (long long x = left; x <= right; ++x)
             for (long long y = bottom; y <= top; ++y)
                 m_cells[cell(x, y)].push_back(piece);
@@ -174,6 +188,27 @@ Levels levelsOf(const exchange::ToolpathRecords& toolpath, const util::Parameter
     return levels;
 }
 
+namespace
+{
+
+/// How many pieces of a curve are about a tenth of a millimetre long.
+int piecesFor(const geom::ParametricCurve<2>& curve)
+{
+    constexpr int probes = 32;
+    const double from = curve.startParam();
+    const double step = (curve.endParam() - from) / probes;
+    double length = 0;
+    for (int i = 0; i < probes; ++i)
+    {
+        const Point a = curve.pointAt(from + step * i);
+        const Point b = curve.pointAt(from + step * (i + 1));
+        length += std::hypot(b[0] - a[0], b[1] - a[1]);
+    }
+    return std::clamp(static_cast<int>(length * 10), 40, 2000);
+}
+
+} // namespace
+
 std::vector<Segment> samples(const exchange::CurveList& curves)
 {
     std::vector<Segment> segments;
@@ -182,7 +217,8 @@ std::vector<Segment> samples(const exchange::CurveList& curves)
         // Vertices of polylines lie at whole parameter values, so a multiple of the range meets them all.
         const double from = curve->startParam();
         const double range = curve->endParam() - from;
-        const int pieces = static_cast<int>(std::ceil(range)) * (range > 20 ? 1 : 400);
+        const bool straight = dynamic_cast<const geom::Line<2>*>(curve.get()) || range > 20;
+        const int pieces = static_cast<int>(std::ceil(range)) * (straight ? 1 : piecesFor(*curve));
         Point last = curve->pointAt(from);
         for (int i = 1; i <= pieces; ++i)
         {
@@ -198,7 +234,7 @@ void checkNoGouge(const exchange::Tessaron2dInput& input, const Levels& levels)
 {
     const Limits limits = limitsOf(input);
     SegmentCells walls(limits.clearance + 1);
-    std::vector<Segment> all = samples(input.boundaries.partBoundaries);
+    const std::vector<Segment> all = samples(input.boundaries.partBoundaries);
     const Inside part(all);
     const Inside stock(samples(input.boundaries.materialBoundaries));
     for (const Segment& segment : all)

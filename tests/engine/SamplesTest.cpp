@@ -1,0 +1,61 @@
+#include "engine/JobService.h"
+#include "exchange/Archives.h"
+#include "tests/engine/CutChecker.h"
+#include "tests/engine/RunningJob.h"
+
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <string>
+
+// The parts that come with the program: their toolpaths never gouge and clear all that the tool can reach.
+
+namespace
+{
+
+struct Sample
+{
+    const char* name;
+    /// The width of the grid on which coverage is tried.
+    double pitch;
+};
+
+std::ostream& operator<<(std::ostream& stream, const Sample& sample)
+{
+    return stream << sample.name;
+}
+
+class Samples : public testing::TestWithParam<Sample>
+{
+};
+
+std::string sampleName(const testing::TestParamInfo<Sample>& sample)
+{
+    std::string name = sample.param.name;
+    std::erase(name, '-');
+    return name;
+}
+
+} // namespace
+
+TEST_P(Samples, neverGougeAndClearAllReachable)
+{
+    const std::string path = std::string(TESSARON_SAMPLES) + "/" + GetParam().name + ".xml";
+    exchange::Tessaron2dInput input;
+    ASSERT_NO_THROW(exchange::readArchiveFile(path, input)) << path;
+    const tests::RunningJob job(input);
+    ASSERT_EQ(job.wait(), exchange::JobState::finished) << job.info().text;
+    cuts::Levels levels = cuts::levelsOf(*exchange::jobToolpath(job.id()), input.parameters);
+    ASSERT_FALSE(levels.empty());
+    // Every level is cut along the same paths; the lowest stands for all.
+    for (const auto& [z, segments] : levels)
+        EXPECT_EQ(segments.size(), levels.begin()->second.size()) << z;
+    levels.erase(std::next(levels.begin()), levels.end());
+    cuts::checkNoGouge(input, levels);
+    cuts::checkCoverage(input, levels, GetParam().pitch);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Samples,
+                         testing::Values(Sample{"square-pocket", 1}, Sample{"pocket-with-islands", 1},
+                                         Sample{"open-shape", 1}, Sample{"large-plate", 5}),
+                         sampleName);
