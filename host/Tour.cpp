@@ -212,17 +212,21 @@ void Tour::cancelJob()
 {
     say("Cancel " + m_parts.back());
     m_frame.setProgressLook(ProgressLook::milling);
-    wxStopWatch sinceClick;
-    const JobOutcome outcome =
-        generateWatched([this] { return exchange::jobInfo(m_frame.runner().jobId()).percent >= pictureAtPercent; },
-                        [&](wxTopLevelWindow& window)
-                        {
-                            window.CentreOnScreen();
-                            settle();
-                            picture("progress");
-                            sinceClick.Start();
-                            click(window.FindWindow(cancelId));
-                        });
+    const JobOutcome outcome = generateWatched(
+        [this] { return exchange::jobInfo(m_frame.runner().jobId()).percent >= pictureAtPercent; },
+        [this](wxTopLevelWindow& window)
+        {
+            window.CentreOnScreen();
+            settle();
+            picture("progress");
+            // Without a window manager a window may still be on its way to where it was put.
+            const int jobId = m_frame.runner().jobId();
+            for (int tries = 0; tries < 20 && exchange::jobInfo(jobId).state == exchange::JobState::running; ++tries)
+            {
+                click(window.FindWindow(cancelId));
+                settle(50);
+            }
+        });
     say(format("  cancelled, the call returned %d", outcome.progressResult));
     expect(outcome.state == exchange::JobState::cancelled && outcome.progressResult == 2,
            "the cancelled job ended otherwise: " + outcome.text);
