@@ -17,6 +17,8 @@ set(TESSARON_PUBLIC_HEADERS
   exchange/Tessaron5xInput.h
   exchange/TessaronDrillHoles.h
   exchange/ToolpathRecords.h
+  exchange/archive/CountedReference.h
+  exchange/archive/PolymorphicPointer.h
   exchange/archive/PolymorphicVector.h
   exchange/archive/Records.h
   exchange/geom/Arc.h

@@ -25,8 +25,9 @@ private:
     std::unique_ptr<State> m_state;
 };
 
-/// Connects to the display unless the process is connected already; prints nothing. \returns false when there is none.
-bool openDisplay();
+/// Whether there is a display to connect to, as far as can be told without connecting. The toolkit connects by itself,
+/// and complains when that was done before it.
+bool displayIsNamed();
 
 bool displayIsOpen();
 

@@ -11,6 +11,7 @@
 #include <array>
 #include <chrono>
 #include <clocale>
+#include <cstdlib>
 #include <string>
 #include <thread>
 #include <vector>
@@ -101,12 +102,14 @@ bool displayIsOpen()
     return gdk_display_get_default() != nullptr;
 }
 
-bool openDisplay()
+bool displayIsNamed()
 {
-    if (displayIsOpen())
-        return true;
-    gtk_disable_setlocale();
-    return gtk_init_check(nullptr, nullptr);
+    const auto named = [](const char* variable)
+    {
+        const char* const name = std::getenv(variable);
+        return name && *name;
+    };
+    return displayIsOpen() || named("DISPLAY") || named("WAYLAND_DISPLAY");
 }
 
 bool insideNativeLoop()

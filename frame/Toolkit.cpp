@@ -38,7 +38,7 @@ public:
 bool startOwnToolkit()
 {
     const native::ProcessStateKeeper keeper;
-    if (!native::openDisplay())
+    if (!native::displayIsNamed())
         return false;
     wxSetAssertHandler(ignoreAssertion);
     delete wxLog::SetActiveTarget(new SilentLog);
@@ -46,7 +46,10 @@ bool startOwnToolkit()
     int argc = 1;
     char name[] = "TessaronResources";
     char* argv[] = {name, nullptr};
-    return wxEntryStart(argc, argv) && wxTheApp->CallOnInit();
+    if (wxEntryStart(argc, argv) && wxTheApp->CallOnInit())
+        return true;
+    wxApp::SetInstance(nullptr);
+    return false;
 }
 
 } // namespace

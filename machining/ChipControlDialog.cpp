@@ -205,7 +205,7 @@ void ChipControlDialog::OnCancel()
 int displayChipControlDialog(int kind, util::Parameterized* params, bool metric)
 {
     const EntryScope scope(staticModuleState());
-    return ChipControlDialog(kind, params, metric).ShowModal();
+    return toolkitRunning() ? ChipControlDialog(kind, params, metric).ShowModal() : 2;
 }
 
 } // namespace TessaronResources

@@ -73,7 +73,7 @@ void GougeCheckDialog::OnOK()
 int displayGougeCheckDialog(GougeCheckData* data)
 {
     const EntryScope scope(staticModuleState());
-    return GougeCheckDialog(data).ShowModal();
+    return toolkitRunning() ? GougeCheckDialog(data).ShowModal() : 2;
 }
 
 } // namespace TessaronResources

@@ -86,7 +86,7 @@ void SmartLinkDialog::OnOK()
 int displaySmartLinkDialog(SmartLinkData* data)
 {
     const EntryScope scope(staticModuleState());
-    return SmartLinkDialog(data).ShowModal();
+    return toolkitRunning() ? SmartLinkDialog(data).ShowModal() : 2;
 }
 
 } // namespace TessaronResources

@@ -4,6 +4,7 @@
 #include "progress/MultiProgressDialog.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressDialog.h"
+#include "progress/ProgressLoop.h"
 #include "progress/ProgressPoll.h"
 
 #include <boost/make_shared.hpp>
@@ -23,10 +24,21 @@ struct DestroyDialog
     void operator()(DialogBase* dialog) const { dialog->DestroyWindow(); }
 };
 
+// Without a display there is nobody who could cancel.
+int runWithoutWindow(exchange::ProgressData& progress)
+{
+    const bool cancelled = false;
+    ProgressControls nowhere(nullptr, nullptr);
+    runProgressLoop(cancelled, [&] { return pollProgress(progress, nowhere, StageScope::job, currentString); });
+    return finished;
+}
+
 template <class Dialog, class... Arguments>
-int runProgressDialog(AFX_MODULE_STATE* state, Arguments... arguments)
+int runProgressDialog(AFX_MODULE_STATE* state, exchange::ProgressData& progress, Arguments... arguments)
 {
     const EntryScope scope(state);
+    if (!toolkitRunning())
+        return runWithoutWindow(progress);
     const auto cancelled = boost::make_shared<bool>(false);
     {
         const std::unique_ptr<Dialog, DestroyDialog> dialog(new Dialog(arguments..., cancelled, nullptr));
@@ -40,22 +52,26 @@ int runProgressDialog(AFX_MODULE_STATE* state, Arguments... arguments)
 
 int displayProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress, const char* caption)
 {
-    return runProgressDialog<ProgressDialog>(storedModuleState(), progressTemplates::milling, caption, progress);
+    return runProgressDialog<ProgressDialog>(storedModuleState(), *progress, progressTemplates::milling, caption,
+                                             progress);
 }
 
 int displayOrrimantProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress, const char* caption)
 {
-    return runProgressDialog<ProgressDialog>(storedModuleState(), progressTemplates::turning, caption, progress);
+    return runProgressDialog<ProgressDialog>(storedModuleState(), *progress, progressTemplates::turning, caption,
+                                             progress);
 }
 
 int displayMultiProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress)
 {
-    return runProgressDialog<MultiProgressDialog>(staticModuleState(), progressTemplates::multiMilling, progress);
+    return runProgressDialog<MultiProgressDialog>(staticModuleState(), *progress, progressTemplates::multiMilling,
+                                                  progress);
 }
 
 int displayOrrimantMultiProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress)
 {
-    return runProgressDialog<MultiProgressDialog>(staticModuleState(), progressTemplates::multiTurning, progress);
+    return runProgressDialog<MultiProgressDialog>(staticModuleState(), *progress, progressTemplates::multiTurning,
+                                                  progress);
 }
 
 } // namespace TessaronResources
