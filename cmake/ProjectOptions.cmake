@@ -3,6 +3,8 @@
 option(TESSARON_BUILD_TESTS "Build the tests" ON)
 option(TESSARON_BUILD_BENCH "Build the benchmarks" ON)
 option(TESSARON_FUZZ "Build the libFuzzer targets (clang only)" OFF)
+# Off for whoever only builds: what a compiler at its highest level of inlining warns about changes with every version.
+option(TESSARON_WERROR "Treat warnings as errors" OFF)
 set(TESSARON_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined or thread")
 
 set(CMAKE_CXX_STANDARD 20)
@@ -18,7 +20,8 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 
 add_library(tessaron_options INTERFACE)
 target_compile_options(tessaron_options INTERFACE
-  -Wall -Wextra -Wpedantic -Werror -Wshadow $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual>)
+  -Wall -Wextra -Wpedantic -Wshadow $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual>
+  $<$<BOOL:${TESSARON_WERROR}>:-Werror>)
 target_include_directories(tessaron_options INTERFACE "${PROJECT_SOURCE_DIR}")
 if(TESSARON_SANITIZE)
   target_compile_options(tessaron_options INTERFACE -fsanitize=${TESSARON_SANITIZE} -fno-omit-frame-pointer
