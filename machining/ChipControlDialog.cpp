@@ -205,7 +205,11 @@ void ChipControlDialog::OnCancel()
 int displayChipControlDialog(int kind, util::Parameterized* params, bool metric)
 {
     const EntryScope scope(staticModuleState());
-    return toolkitRunning() ? ChipControlDialog(kind, params, metric).ShowModal() : 2;
+    if (toolkitRunning())
+        return ChipControlDialog(kind, params, metric).ShowModal();
+    // A parameter that is missing is missing without a display, too.
+    const ChipControlRules checked(kind, params, metric);
+    return 2;
 }
 
 } // namespace TessaronResources
