@@ -8,7 +8,7 @@ PACKAGES = $(shell sed 's/\#.*//' packages.txt)
 
 PREFIX ?= /usr/local
 
-.PHONY: all run test bench check format docs install package setup clean
+.PHONY: all run test bench check check-format format docs install package setup clean
 
 all: $(BUILD)/build.ninja
 	cmake --build $(BUILD) -j $(JOBS)
@@ -36,6 +36,9 @@ bench: setup all
 
 check: setup $(BUILD)/build.ninja
 	tools/check $(BUILD)
+
+check-format: setup
+	git ls-files '*.h' '*.cpp' '*.c' | xargs clang-format --dry-run -Werror
 
 format: setup
 	git ls-files '*.h' '*.cpp' '*.c' | xargs clang-format -i
