@@ -55,6 +55,8 @@ bool DialogBase::create(int templateId, wxWindow* parent)
         return false;
     // The template's number is not the window's: controls have numbers of their own, which may be the same.
     SetId(wxID_ANY);
+    // The toolkit would make a drawing context for a background event that nobody handles, at every repaint.
+    SetBackgroundStyle(wxBG_STYLE_SYSTEM);
     native::makeCompact(*this);
     initialise();
     return true;

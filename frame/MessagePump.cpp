@@ -22,6 +22,8 @@ constexpr std::chrono::milliseconds longestDrain{25};
 
 std::atomic<bool> ownQuit{false};
 int pumps = 0;
+// Idle work follows messages; without any since the last time there is none to do.
+bool idleWorkDue = true;
 
 // The toolkit does not publish whether a loop was told to end.
 struct LoopState : wxEventLoopBase
@@ -71,6 +73,7 @@ bool MessagePump::pump()
         {
             // What Dispatch tells means something only while the native loop that it asks about is running.
             const bool running = loop->Dispatch();
+            idleWorkDue = true;
             m_quit = (!running && native::insideNativeLoop()) || quitPosted();
             if (std::chrono::steady_clock::now() > deadline)
                 break;
@@ -90,11 +93,11 @@ void MessagePump::repostQuit()
 
 void MessagePump::processToolkitIdle()
 {
-    if (!toolkitRunning())
+    if (!toolkitRunning() || !(idleWorkDue || wxTheApp->HasPendingEvents()))
         return;
     wxTheApp->ProcessPendingEvents();
-    if (wxEventLoopBase* const loop = wxEventLoopBase::GetActive())
-        loop->ProcessIdle();
+    wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
+    idleWorkDue = loop && loop->ProcessIdle();
 }
 
 void MessagePump::waitForMessage(int milliseconds)

@@ -29,7 +29,8 @@ public:
     /// Hands the quit message on: to the calls around this one, and to the host's loop.
     void repostQuit();
 
-    /// The toolkit's own idle work: pending events, deferred deletions, idle events.
+    /// The toolkit's own idle work, when messages came in since the last time: pending events, deferred deletions, idle
+    /// events.
     static void processToolkitIdle();
 
     /// Suspends the thread until a message comes in or the time is over.

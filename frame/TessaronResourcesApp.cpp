@@ -13,7 +13,7 @@ namespace
 {
 
 // How long one idle turn may wait for a message. Short against the 50 ms between two polls of a progress window.
-constexpr int idleWaitMilliseconds = 10;
+constexpr int idleWaitMilliseconds = 20;
 
 CWinApp* applicationObject = nullptr;
 AFX_MODULE_STATE* moduleStateSlot = nullptr;

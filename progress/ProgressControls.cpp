@@ -42,7 +42,12 @@ void ProgressControls::showStage(const std::string& text)
     if (m_line && m_line->GetLabel() != shown)
     {
         m_line->SetLabel(shown);
-        m_line->SetToolTip(shown);
+        const wxWindow* const window = m_line->GetParent();
+        const bool cutOff = window && m_line->GetRect().GetRight() >= window->GetClientSize().x;
+        if (cutOff)
+            m_line->SetToolTip(shown);
+        else if (m_line->GetToolTip())
+            m_line->UnsetToolTip();
     }
 }
 
