@@ -21,7 +21,8 @@ namespace
 constexpr std::chrono::milliseconds longestDrain{25};
 
 std::atomic<bool> ownQuit{false};
-int pumps = 0;
+int scopes = 0;
+bool quitSeen = false;
 // Idle work follows messages; without any since the last time there is none to do.
 bool idleWorkDue = true;
 
@@ -38,9 +39,21 @@ bool shouldExit(const wxEventLoopBase* loop)
 
 } // namespace
 
+QuitScope::QuitScope()
+{
+    ++scopes;
+}
+
+QuitScope::~QuitScope()
+{
+    if (--scopes > 0 || !quitSeen)
+        return;
+    ownQuit = false;
+    quitSeen = false;
+}
+
 MessagePump::MessagePump()
 {
-    ++pumps;
     if (toolkitRunning() && !wxEventLoopBase::GetActive())
     {
         m_ownLoop = std::make_unique<wxGUIEventLoop>();
@@ -52,9 +65,6 @@ MessagePump::~MessagePump()
 {
     if (m_ownLoop)
         wxEventLoopBase::SetActive(nullptr);
-    // The calls around this one have to see the quit message too; with the outermost call it is used up.
-    if (--pumps == 0 && m_quit)
-        ownQuit = false;
 }
 
 bool MessagePump::quitPosted() const
@@ -80,6 +90,7 @@ bool MessagePump::pump()
         }
     }
     m_quit = m_quit || quitPosted();
+    quitSeen = quitSeen || m_quit;
     return m_quit;
 }
 
@@ -87,7 +98,7 @@ void MessagePump::repostQuit()
 {
     // A loop of the host's that was told to end remembers it by itself. Around us may be calls that run on a loop of
     // ours.
-    if (pumps > 1)
+    if (scopes > 1)
         ownQuit = true;
 }
 

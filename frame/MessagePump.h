@@ -8,6 +8,17 @@ class wxEventLoopBase;
 namespace TessaronResources
 {
 
+/// As long as one lives, a quit message that was seen stays posted, so that the loops and calls around the one that saw
+/// it end, too. The outermost one uses it up.
+class QuitScope
+{
+public:
+    QuitScope();
+    ~QuitScope();
+    QuitScope(const QuitScope&) = delete;
+    QuitScope& operator=(const QuitScope&) = delete;
+};
+
 /// The message queue of the user-interface thread, as the loops of the module's windows see it. Works on the event loop
 /// that the host runs, or on one of its own where the host runs none of the toolkit's. Make one for each run of a
 /// window.
@@ -42,6 +53,7 @@ public:
 private:
     bool quitPosted() const;
 
+    QuitScope m_quitScope;
     std::unique_ptr<wxEventLoopBase> m_ownLoop;
     bool m_quit = false;
 };

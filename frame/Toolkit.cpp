@@ -1,6 +1,5 @@
 #include "frame/Toolkit.h"
 
-#include "frame/MessagePump.h"
 #include "frame/NativeToolkit.h"
 
 #include <wx/app.h>

@@ -1,6 +1,7 @@
 #ifndef FRAME_TOOLKIT_H
 #define FRAME_TOOLKIT_H
 
+#include "frame/MessagePump.h"
 #include "frame/ModuleState.h"
 
 #include <wx/debug.h>
@@ -27,6 +28,7 @@ public:
 
 private:
     ModuleStateGuard m_moduleState;
+    QuitScope m_quitScope;
     wxAssertHandler_t m_assertHandler = nullptr;
     bool m_toolkit = false;
     bool m_exitOnFrameDelete = false;
