@@ -3,6 +3,7 @@
 
 #include "util/Export.h"
 
+#include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <boost/variant.hpp>
 
 #include <cstddef>
@@ -17,8 +18,11 @@ namespace util
 /// A parameter set: a bag of named values that describes a machining operation, a template or the stages of a job.
 ///
 /// Keys are compared byte by byte and kept in ascending byte order; each occurs at most once. The key texts in use are
-/// the constants of util/Keys.h. A copy is deep. Instances are not synchronised: share one between threads only under a
-/// lock of your own.
+/// the constants of util/Keys.h. Instances are not synchronised: share one between threads only under a lock of your
+/// own.
+///
+/// A copy is deep: what is done to one set never shows in another. Copying is cheap nevertheless, as copies keep their
+/// values in common until one of them changes; copies may be used and changed in different threads.
 class TESSARON_EXCHANGE_API Parameterized
 {
 public:
@@ -38,10 +42,11 @@ public:
     /// Removes a key; does nothing when it is absent.
     virtual void erase(const std::string& key);
 
-    /// The value under a key, or null when the key is absent. The pointer is valid until the key is erased.
+    /// The value under a key, or null when the key is absent. The pointer is valid until the set changes.
     const Value* find(std::string_view key) const;
     /// The value of that kind under a key, or null when the key is absent or holds another kind. The pointers lead
-    /// straight into the stored value and are valid until the key is erased or set to another kind.
+    /// straight into the stored value. Those to constants are valid until the set changes; the others until the set is
+    /// assigned to or the key is erased or set to another kind.
     const int* findInt(std::string_view key) const;
     int* findInt(std::string_view key);
     const double* findDouble(std::string_view key) const;
@@ -58,19 +63,21 @@ public:
 
     /// The value under a key that must be there.
     /// \throws util::AssertionError when it is absent.
+    /// The reference is valid until the set changes.
     const Value& at(std::string_view key) const;
-    /// The value of that kind under a key that must be there, in place.
+    /// The value of that kind under a key that must be there, in place. The reference is valid until the set is
+    /// assigned to or the key is erased or set to another kind.
     /// \throws util::AssertionError when it is absent, boost::bad_get when it holds another kind.
     int& intAt(std::string_view key);
     double& doubleAt(std::string_view key);
 
-    bool empty() const { return m_params.empty(); }
-    std::size_t size() const { return m_params.size(); }
-    void clear() { m_params.clear(); }
-    /// All entries in key order.
-    const Params& params() const { return m_params; }
+    bool empty() const { return params().empty(); }
+    std::size_t size() const { return params().size(); }
+    void clear();
+    /// All entries in key order. The reference is valid until the set changes.
+    const Params& params() const;
 
-    bool operator==(const Parameterized& other) const { return m_params == other.m_params; }
+    bool operator==(const Parameterized& other) const { return params() == other.params(); }
     bool operator!=(const Parameterized& other) const { return !(*this == other); }
 
     /// Reads or writes the set as the element "params" of an archive (see exchange/Archives.h).
@@ -78,7 +85,16 @@ public:
     void serialize(Archive& archive, unsigned int version);
 
 private:
-    Params m_params;
+    struct Values;
+    typedef boost::intrusive_ptr<Values> ValuesPtr;
+
+    /// Entries that no other set has; `before` keeps those alive that were shared up to now.
+    Params& ownParams(ValuesPtr& before);
+    /// Entries that no other set has nor will have, as they can be changed from outside.
+    Params& openParams();
+    void replaceParams(Params&& entries);
+
+    ValuesPtr m_values; ///< null: no entries
 };
 
 } // namespace util

@@ -9,6 +9,8 @@
 #include <boost/serialization/nvp.hpp>
 #include <boost/serialization/string.hpp>
 
+#include <utility>
+
 namespace boost
 {
 namespace serialization
@@ -31,7 +33,16 @@ template <class Archive>
 void Parameterized::serialize(Archive& archive, unsigned int version)
 {
     checkClassVersion<Parameterized>(version, "util::Parameterized");
-    archive& boost::serialization::make_nvp("params", m_params);
+    if constexpr (Archive::is_saving::value)
+    {
+        archive << boost::serialization::make_nvp("params", params());
+    }
+    else
+    {
+        Params read;
+        archive >> boost::serialization::make_nvp("params", read);
+        replaceParams(std::move(read));
+    }
 }
 
 } // namespace util

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -143,6 +144,77 @@ TEST(Parameterized, CopiesAreDeepAndMovesLeaveNothingBehind)
     EXPECT_EQ(set, moved);
     set = Parameterized();
     EXPECT_TRUE(set.empty());
+}
+
+TEST(Parameterized, WritingThroughAPointerChangesNoCopy)
+{
+    Parameterized set;
+    set.set("Stepover", 1.0);
+    set.set("Coolant", 1);
+    const Parameterized before(set);
+    double* const stepover = set.findDouble("Stepover");
+    int& coolant = set.intAt("Coolant");
+    const Parameterized after(set);
+    Parameterized assigned;
+    assigned = set;
+
+    set.set("Comment", "the pointers stay");
+    *stepover = 2.0;
+    coolant = 2;
+    EXPECT_EQ(set.numberOr("Stepover", 0), 2.0);
+    EXPECT_EQ(set.intOr("Coolant", 0), 2);
+    for (const Parameterized* const copy : {&before, &after, &std::as_const(assigned)})
+    {
+        EXPECT_EQ(copy->numberOr("Stepover", 0), 1.0);
+        EXPECT_EQ(copy->intOr("Coolant", 0), 1);
+    }
+    EXPECT_EQ(Parameterized(set), set);
+}
+
+TEST(Parameterized, TakesItsOwnKeysAndValuesAsArguments)
+{
+    Parameterized set;
+    set.set("Comment", "a text that is too long to lie in the string itself");
+    for (const bool shared : {false, true})
+    {
+        const Parameterized copy = shared ? set : Parameterized();
+        set.set("Copy", set.at("Comment"));
+        EXPECT_EQ(set.stringOr("Copy", ""), set.stringOr("Comment", "-"));
+        const Parameterized whole = shared ? set : Parameterized();
+        set.erase(set.params().rbegin()->first);
+        EXPECT_FALSE(set.has("Copy"));
+    }
+}
+
+TEST(Parameterized, CopiesChangeInManyThreadsAtOnce)
+{
+    Parameterized original;
+    for (int i = 0; i < 100; ++i)
+        original.set("key " + std::to_string(i), i);
+    std::vector<Parameterized> copies(8, original);
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < copies.size(); ++i)
+        threads.emplace_back(
+            [&copy = copies[i], i]
+            {
+                for (int round = 0; round < 200; ++round)
+                {
+                    const Parameterized kept = copy;
+                    copy.set("key 0", static_cast<int>(i) * 1000 + round);
+                    copy.intAt("key 1") += copy.intOr("key 0", -1) - kept.intOr("key 0", -1);
+                    copy = Parameterized(copy);
+                }
+            });
+    original.clear();
+    for (std::thread& thread : threads)
+        thread.join();
+    for (std::size_t i = 0; i < copies.size(); ++i)
+    {
+        const int last = static_cast<int>(i) * 1000 + 199;
+        EXPECT_EQ(copies[i].intOr("key 0", -1), last);
+        EXPECT_EQ(copies[i].intOr("key 1", -1), 1 + last);
+        EXPECT_EQ(copies[i].intOr("key 99", -1), 99);
+    }
 }
 
 TEST(Parameterized, CallsThroughTheBaseReachADerivedClass)
