@@ -9,6 +9,7 @@
 #include "engine/templates/TemplateFolder.h"
 #include "engine/templates/TemplateListing.h"
 #include "exchange/StatusTable.h"
+#include "util/FolderLock.h"
 #include "util/Keys.h"
 
 #include <algorithm>
@@ -81,7 +82,7 @@ int writeSetsFile(const std::string& folderPath, const std::string& fileName, co
     const store::Folder folder(folderPath);
     if (folder.state() != store::FileState::ok)
         return status::templateWriteError;
-    const store::FolderLock lock(folder, store::FolderLock::Kind::exclusive);
+    const FolderLock lock(folderPath, FolderLock::Kind::exclusive);
     return !lock.isBusy() && folder.replace(fileName, bytes) ? status::ok : status::templateWriteError;
 }
 

@@ -47,24 +47,6 @@ bool canBeRead(const std::string& path);
 /// Makes a folder and those above it that are missing. A failure is not reported.
 void makeFolders(const std::string& path);
 
-/// A claim on a folder that holds between processes and between threads for the lifetime of the object. It leaves
-/// nothing in the folder and ends with the process, however that ends.
-class FolderClaim
-{
-public:
-    /// Waits for the claim, for ten seconds at most.
-    explicit FolderClaim(const std::string& folder);
-    ~FolderClaim();
-    FolderClaim(const FolderClaim&) = delete;
-    FolderClaim& operator=(const FolderClaim&) = delete;
-
-    bool isHeld() const { return m_held; }
-
-private:
-    int m_handle = -1;
-    bool m_held = false;
-};
-
 } // namespace TessaronResources::configPaths
 
 #endif

@@ -1,14 +1,11 @@
 #include "frame/ConfigPaths.h"
 
+#include <algorithm>
 #include <array>
-#include <cerrno>
-#include <chrono>
 #include <cstdlib>
-#include <thread>
 
 #include <fcntl.h>
 #include <pwd.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,9 +14,6 @@ namespace TessaronResources::configPaths
 
 namespace
 {
-
-constexpr std::chrono::seconds patience(10);
-constexpr std::chrono::milliseconds pause(1);
 
 // The XDG variables name absolute paths; anything else in them counts as not set.
 std::string absoluteFolder(const char* text)
@@ -90,25 +84,6 @@ void makeFolders(const std::string& path)
     for (std::size_t end = path.find('/', 1); end != std::string::npos; end = path.find('/', end + 1))
         ::mkdir(path.substr(0, end).c_str(), userOnly);
     ::mkdir(path.c_str(), userOnly);
-}
-
-FolderClaim::FolderClaim(const std::string& folder)
-    : m_handle(::open(folder.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY))
-{
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (m_handle >= 0 && !m_held)
-    {
-        m_held = ::flock(m_handle, LOCK_EX | LOCK_NB) == 0;
-        if (m_held || (errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= end)
-            return;
-        std::this_thread::sleep_for(pause);
-    }
-}
-
-FolderClaim::~FolderClaim()
-{
-    if (m_handle >= 0)
-        ::close(m_handle);
 }
 
 } // namespace TessaronResources::configPaths

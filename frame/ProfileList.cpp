@@ -2,6 +2,7 @@
 
 #include "frame/ConfigPaths.h"
 #include "util/AtomicFile.h"
+#include "util/FolderLock.h"
 
 #include <charconv>
 #include <cstdint>
@@ -170,8 +171,8 @@ std::optional<std::string> withProfile(const std::string& text, const std::strin
 
 void addProfile(const std::string& folder, const std::string& listFile, const std::string& path)
 {
-    const configPaths::FolderClaim claim(folder);
-    if (!claim.isHeld())
+    const util::FolderLock lock(folder, util::FolderLock::Kind::exclusive);
+    if (lock.isBusy())
         return;
     const std::string list = folder + configPaths::separator + listFile;
     const std::optional<std::string> before = readList(list);

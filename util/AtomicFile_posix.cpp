@@ -1,5 +1,7 @@
 #include "util/AtomicFile.h"
 
+#include "util/Descriptor_posix.h"
+
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -17,43 +19,6 @@ namespace util
 
 namespace
 {
-
-class Descriptor
-{
-public:
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor()
-    {
-        if (m_number >= 0)
-            ::close(m_number);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int number() const { return m_number; }
-    /// Closes early, for the error that closing may report.
-    bool close()
-    {
-        const int number = m_number;
-        m_number = -1;
-        return ::close(number) == 0;
-    }
-
-private:
-    int m_number;
-};
-
-/// Repeats a system call that a signal interrupts.
-template <class Call>
-auto uninterrupted(Call call)
-{
-    for (;;)
-    {
-        const auto result = call();
-        if (result != -1 || errno != EINTR)
-            return result;
-    }
-}
 
 /// A buffered output to a file descriptor that remembers the first error.
 class DescriptorBuffer : public std::streambuf

@@ -69,38 +69,9 @@ public:
     bool remove(const std::string& name) const;
 
 private:
-    friend class FolderLock;
     int m_handle = -1;
     FileState m_state = FileState::failed;
     std::string m_path;
-};
-
-/// A claim on a folder that holds between processes as well as between threads, for the lifetime of the object. It
-/// leaves nothing in the folder, needs no right to write there, and ends with the process however that ends.
-class FolderLock
-{
-public:
-    enum class Kind
-    {
-        shared,   ///< excludes exclusive claims
-        exclusive ///< excludes all other claims
-    };
-
-    /// Waits for the claim for `patience` milliseconds at most.
-    FolderLock(const Folder& folder, Kind kind, int patience = 10000);
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-    ~FolderLock();
-
-    /// The claim holds.
-    bool isHeld() const { return m_held; }
-    /// Somebody else holds on to the folder. Neither held nor busy: the file system has no such claims.
-    bool isBusy() const { return m_busy; }
-
-private:
-    int m_handle = -1;
-    bool m_held = false;
-    bool m_busy = false;
 };
 
 /// Reads a file by its path, as Folder::read().

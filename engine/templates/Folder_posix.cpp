@@ -1,16 +1,15 @@
 #include "engine/templates/Folder.h"
 
+#include "util/Descriptor_posix.h"
+
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <filesystem>
 #include <string>
 #include <system_error>
-#include <thread>
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,32 +18,6 @@ namespace util::store
 
 namespace
 {
-
-template <class Call>
-auto uninterrupted(Call call)
-{
-    auto result = call();
-    while (result == -1 && errno == EINTR)
-        result = call();
-    return result;
-}
-
-class Descriptor
-{
-public:
-    explicit Descriptor(int handle) : m_handle(handle) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor()
-    {
-        if (m_handle >= 0)
-            ::close(m_handle);
-    }
-    int get() const { return m_handle; }
-
-private:
-    int m_handle;
-};
 
 std::int64_t nanoseconds(const timespec& time)
 {
@@ -87,7 +60,7 @@ FileContents readAt(int folder, const char* name, std::size_t limit)
     struct stat data
     {
     };
-    if (file.get() < 0 || ::fstat(file.get(), &data) != 0)
+    if (file.number() < 0 || ::fstat(file.number(), &data) != 0)
     {
         contents.state = stateOfError(errno);
         return contents;
@@ -111,7 +84,7 @@ FileContents readAt(int folder, const char* name, std::size_t limit)
         }
         contents.bytes.resize(length + expected);
         const ssize_t count =
-            uninterrupted([&] { return ::read(file.get(), contents.bytes.data() + length, expected); });
+            uninterrupted([&] { return ::read(file.number(), contents.bytes.data() + length, expected); });
         if (count < 0)
         {
             contents.bytes = {};
@@ -200,31 +173,6 @@ bool Folder::remove(const std::string& name) const
         return false;
     ::fsync(m_handle);
     return true;
-}
-
-FolderLock::FolderLock(const Folder& folder, Kind kind, int patience) : m_handle(openAgain(folder.m_handle))
-{
-    if (m_handle < 0)
-        return;
-    const int operation = (kind == Kind::exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB;
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(patience);
-    for (auto pause = std::chrono::microseconds(100);;)
-    {
-        m_held = uninterrupted([&] { return ::flock(m_handle, operation); }) == 0;
-        m_busy = !m_held && errno == EWOULDBLOCK;
-        if (m_held || !m_busy || std::chrono::steady_clock::now() >= end)
-            return;
-        std::this_thread::sleep_for(pause);
-        pause = std::min(2 * pause, std::chrono::microseconds(3200));
-    }
-}
-
-FolderLock::~FolderLock()
-{
-    if (m_held)
-        ::flock(m_handle, LOCK_UN);
-    if (m_handle >= 0)
-        ::close(m_handle);
 }
 
 FileContents readFile(const std::string& path, std::size_t limit)

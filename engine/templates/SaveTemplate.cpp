@@ -3,6 +3,7 @@
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateFolder.h"
 #include "exchange/StatusTable.h"
+#include "util/FolderLock.h"
 #include "util/Keys.h"
 
 #include <boost/uuid/random_generator.hpp>
@@ -63,7 +64,7 @@ void stampTemplate(Parameterized& set, const Parameterized* stored, long long ti
 int saveTemplate(const Folder& folder, const std::string& name, bool failIfExists, Parameterized& set)
 {
     // From here on nobody else changes the folder: the place found stays free, and the guid read stays the stored one.
-    const FolderLock lock(folder, FolderLock::Kind::exclusive);
+    const FolderLock lock(folder.path(), FolderLock::Kind::exclusive);
     if (lock.isBusy())
         return status::templateWriteError;
     const TemplatePlace place = findTemplate(folder, name);
@@ -90,7 +91,7 @@ int saveTemplate(const Folder& folder, const std::string& name, bool failIfExist
 
 int deleteTemplate(const Folder& folder, const std::string& name, const Parameterized& set)
 {
-    const FolderLock lock(folder, FolderLock::Kind::exclusive);
+    const FolderLock lock(folder.path(), FolderLock::Kind::exclusive);
     if (lock.isBusy())
         return status::templateWriteError;
     const TemplatePlace place = findTemplate(folder, name);

@@ -4,6 +4,7 @@
 #include "engine/templates/Parallel.h"
 #include "engine/templates/TemplateFolder.h"
 #include "exchange/StatusTable.h"
+#include "util/FolderLock.h"
 
 #include <algorithm>
 #include <atomic>
@@ -127,7 +128,7 @@ void removeLeftovers(const Folder& folder, const std::vector<std::string>& names
 /// from one place of the folder to another, and could be missed.
 bool templateFileNames(const Folder& folder, std::vector<std::string>& names)
 {
-    const FolderLock lock(folder, FolderLock::Kind::shared);
+    const FolderLock lock(folder.path(), FolderLock::Kind::shared);
     if (!folder.entries(names))
         return false;
     if (lock.isHeld())

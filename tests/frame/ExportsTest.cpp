@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <memory>
+#include <regex>
 #include <set>
 #include <string>
 
@@ -78,6 +81,32 @@ TEST(Exports, OnlyPublishedNamesLeaveTheLibrary)
     ASSERT_FALSE(exported.empty());
     for (const std::string& name : exported)
         EXPECT_TRUE(publishedNames.count(withoutSignature(name)) || belongsToPublishedClass(name)) << name;
+}
+
+/// The functions that a header declares for hosts.
+std::set<std::string> declaredNames(const std::string& header, const std::string& scope)
+{
+    std::ifstream file(TESSARON_SOURCES "/" + header);
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    const std::regex declaration("TESSARON_RESOURCES_API [^;(]*?(\\w+)\\(");
+    std::set<std::string> names;
+    for (std::sregex_iterator match(text.begin(), text.end(), declaration), end; match != end; ++match)
+        names.insert(scope + (*match)[1].str());
+    return names;
+}
+
+TEST(Exports, EveryPublishedNameIsDeclaredAndLeavesTheLibrary)
+{
+    std::set<std::string> declared = declaredNames("frame/PlainEntryPoints.h", "");
+    declared.merge(declaredNames("frame/EntryPoints.h", "TessaronResources::"));
+    declared.merge(declaredNames("frame/ModuleState.h", "TessaronResources::"));
+    EXPECT_EQ(declared, publishedNames);
+
+    std::set<std::string> exported;
+    for (const std::string& name : exportedNames())
+        exported.insert(withoutSignature(name));
+    for (const std::string& name : publishedNames)
+        EXPECT_TRUE(exported.count(name)) << name;
 }
 
 TEST(Exports, WhatAHostNeedsToDriveAWindowIsThere)

@@ -3,7 +3,7 @@
 #include "engine/TemplateStore.h"
 #include "exchange/StatusTable.h"
 #include "templates/TemplateMatch.h"
-#include "tests/engine/templates/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "util/Keys.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "engine/templates/ExpertDatabase.h"
 #include "exchange/StatusTable.h"
-#include "tests/engine/templates/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

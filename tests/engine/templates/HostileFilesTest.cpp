@@ -1,7 +1,7 @@
 #include "engine/TemplateStore.h"
 #include "engine/templates/FileNames.h"
 #include "exchange/StatusTable.h"
-#include "tests/engine/templates/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "util/Keys.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "engine/templates/InfoFile.h"
 #include "engine/TemplateStore.h"
 #include "exchange/StatusTable.h"
-#include "tests/engine/templates/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

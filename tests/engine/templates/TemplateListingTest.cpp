@@ -3,7 +3,7 @@
 #include "engine/templates/Folder.h"
 #include "engine/templates/Parallel.h"
 #include "exchange/StatusTable.h"
-#include "tests/engine/templates/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "util/Keys.h"
 
 #include <gtest/gtest.h>
@@ -163,25 +163,6 @@ TEST_F(TemplateListing, ListingsAndSavesOfManyThreadsAgree)
     done = true;
     readers.clear();
     EXPECT_EQ(wrong, 0);
-}
-
-TEST(FolderLock, ExcludesOthersForAsLongAsItLives)
-{
-    using store::FolderLock;
-    const TemporaryFolder path;
-    const store::Folder folder(path.path());
-    const store::Folder sameFolder(path.path());
-    {
-        const FolderLock reader(folder, FolderLock::Kind::shared);
-        EXPECT_TRUE(reader.isHeld());
-        EXPECT_TRUE(FolderLock(sameFolder, FolderLock::Kind::shared, 0).isHeld());
-        const FolderLock writer(sameFolder, FolderLock::Kind::exclusive, 20);
-        EXPECT_FALSE(writer.isHeld());
-        EXPECT_TRUE(writer.isBusy());
-    }
-    const FolderLock writer(folder, FolderLock::Kind::exclusive, 0);
-    EXPECT_TRUE(writer.isHeld());
-    EXPECT_TRUE(FolderLock(sameFolder, FolderLock::Kind::shared, 0).isBusy());
 }
 
 TEST(Parallel, CoversEveryPlaceOnceAndPassesFailuresOn)

@@ -2,7 +2,7 @@
 
 #include "engine/TemplateStore.h"
 #include "exchange/StatusTable.h"
-#include "tests/engine/templates/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "util/Keys.h"
 
 #include <gtest/gtest.h>

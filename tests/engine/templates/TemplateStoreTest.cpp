@@ -1,7 +1,7 @@
 #include "engine/TemplateStore.h"
 #include "engine/templates/TemplateListing.h"
 #include "exchange/StatusTable.h"
-#include "tests/engine/templates/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "util/Keys.h"
 
 #include <gmock/gmock.h>

@@ -3,6 +3,7 @@
 #include "ArchiveText.h"
 
 #include "exchange/geom/Curves.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -65,29 +66,10 @@ private:
     std::streamsize m_room;
 };
 
-class TemporaryFolder
+std::ptrdiff_t fileCount(const TemporaryFolder& folder)
 {
-public:
-    TemporaryFolder()
-    {
-        std::string name = (std::filesystem::temp_directory_path() / "tessaron-test-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr)
-            throw std::runtime_error("no temporary folder");
-        m_path = name;
-    }
-    ~TemporaryFolder() { std::filesystem::remove_all(m_path); }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::string operator/(const char* name) const { return (m_path / name).string(); }
-    std::size_t fileCount() const
-    {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_path), {}));
-    }
-
-private:
-    std::filesystem::path m_path;
-};
+    return std::distance(std::filesystem::directory_iterator(folder.path()), {});
+}
 
 template <class Record>
 std::string written(const Record& record, ArchiveFormat format)
@@ -317,7 +299,7 @@ TEST(ArchiveFile, IsWrittenAndReadUnderItsName)
     exchange::writeArchiveFile(folder / "b.bin", record, ArchiveFormat::binary);
     EXPECT_EQ(fileBytes(folder / "Größe 1.xml"), golden("t2dinput.xml"));
     EXPECT_EQ(fileBytes(folder / "b.bin"), golden("t2dinput.bin"));
-    EXPECT_EQ(folder.fileCount(), 2u);
+    EXPECT_EQ(fileCount(folder), 2);
     exchange::Tessaron2dInput read;
     exchange::readArchiveFile(folder / "b.bin", read);
     EXPECT_EQ(written(read, ArchiveFormat::xml), golden("t2dinput.xml"));
@@ -365,7 +347,7 @@ TEST(ArchiveFile, FailedWriteLeavesTheOldFileAndNothingElse)
     curves.push_back(boost::make_shared<Foreign>());
     EXPECT_THROW(exchange::writeArchiveFile(path, curves), exchange::ArchiveFileError);
     EXPECT_EQ(fileBytes(path), before);
-    EXPECT_EQ(folder.fileCount(), 1u);
+    EXPECT_EQ(fileCount(folder), 1);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-#ifndef TESTS_ENGINE_TEMPLATES_TEMPORARYFOLDER_H
-#define TESTS_ENGINE_TEMPLATES_TEMPORARYFOLDER_H
+#ifndef TESTS_SUPPORT_TEMPORARYFOLDER_H
+#define TESTS_SUPPORT_TEMPORARYFOLDER_H
 
 #include <cstdlib>
 #include <filesystem>
@@ -14,7 +14,7 @@ class TemporaryFolder
 public:
     TemporaryFolder()
     {
-        std::string pattern = (std::filesystem::temp_directory_path() / "tessaron-templates-XXXXXX").string();
+        std::string pattern = (std::filesystem::temp_directory_path() / "tessaron-test-XXXXXX").string();
         if (!::mkdtemp(pattern.data()))
             throw std::runtime_error("no temporary folder");
         m_path = pattern;
