@@ -56,7 +56,7 @@ void twoThreads(benchmark::State& state, exchange::Tessaron2dInput (*input)(int)
 {
     double one = 0;
     double two = 0;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
     {
         one += run(state, input(1));
         two += run(state, input(2));
@@ -74,7 +74,7 @@ void cancelLatency(benchmark::State& state)
     double worst = 0;
     double sum = 0;
     std::int64_t count = 0;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
         for (int moment = 0; moment < 20; ++moment)
         {
             const exchange::JobStart job = exchange::startJob(input);
