@@ -101,7 +101,7 @@ void VisualManager::install(const wxClassInfo& managerClass)
     auto* const manager = wxDynamicCast(object.get(), VisualManager);
     if (!manager)
         return;
-    object.release();
+    static_cast<void>(object.release());
     installed.reset(manager);
     installed->refreshSystemColours();
 }

@@ -45,8 +45,9 @@ Rgb tinted(Rgb background, Rgb toward, double share, Rgb text)
 // A colour made readable on a background by mixing in what is readable there.
 Rgb readable(Rgb colour, Rgb background)
 {
-    for (double share = 0.0; share < 1.0; share += 0.05)
-        if (const Rgb result = mixed(colour, readableOn(background), share);
+    constexpr int steps = 20;
+    for (int step = 0; step < steps; ++step)
+        if (const Rgb result = mixed(colour, readableOn(background), static_cast<double>(step) / steps);
             contrastRatio(result, background) >= enough)
             return result;
     return readableOn(background);

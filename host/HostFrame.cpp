@@ -116,7 +116,7 @@ HostFrame::HostFrame(const Module& module, const std::string& samples)
     m_view->SetFocus();
 }
 
-void HostFrame::command(int id, std::function<void()> action, std::function<bool()> possible)
+void HostFrame::command(int id, const std::function<void()>& action, const std::function<bool()>& possible)
 {
     Bind(
         wxEVT_MENU, [action](wxCommandEvent&) { action(); }, id);
@@ -323,7 +323,7 @@ JobOutcome HostFrame::generate()
         return {};
     clearFailure();
     SetStatusText(L"Generating the toolpath\u2026");
-    const JobOutcome outcome = m_runner.run(m_part->input, [this](int jobId) { return showProgress(jobId); });
+    JobOutcome outcome = m_runner.run(m_part->input, [this](int jobId) { return showProgress(jobId); });
     if (outcome.toolpath)
     {
         const wxBusyCursor busy;

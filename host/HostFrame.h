@@ -59,7 +59,7 @@ private:
     void buildMenus();
     void buildTools();
     /// Binds a command to what it does and when it can be done.
-    void command(int id, std::function<void()> action, std::function<bool()> possible = {});
+    void command(int id, const std::function<void()>& action, const std::function<bool()>& possible = {});
 
     void askForPart();
     void askForToolpath();

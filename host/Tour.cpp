@@ -143,7 +143,7 @@ void Tour::click(wxWindow* window)
 
 JobOutcome Tour::generate(const std::string& caption)
 {
-    const JobOutcome outcome = m_frame.generate();
+    JobOutcome outcome = m_frame.generate();
     settle();
     expect(outcome.state == exchange::JobState::finished, caption + ": " + outcome.text);
     if (outcome.state == exchange::JobState::finished)
@@ -170,7 +170,7 @@ JobOutcome Tour::generateWatched(const std::function<bool()>& ready, const std::
                    act(*window);
                });
     watch.Start(tickMilliseconds);
-    const JobOutcome outcome = m_frame.generate();
+    JobOutcome outcome = m_frame.generate();
     watch.Stop();
     settle();
     expect(acted, "the progress window was not seen");
@@ -212,7 +212,7 @@ void Tour::cancelJob()
 {
     say("Cancel " + m_parts.back());
     m_frame.setProgressLook(ProgressLook::milling);
-    const JobOutcome outcome = generateWatched(
+    JobOutcome outcome = generateWatched(
         [this] { return exchange::jobInfo(m_frame.runner().jobId()).percent >= pictureAtPercent; },
         [this](wxTopLevelWindow& window)
         {
@@ -237,7 +237,7 @@ void Tour::watchThreads()
 {
     say("Watch the threads of " + m_parts.back());
     m_frame.setProgressLook(ProgressLook::millingThreads);
-    const JobOutcome outcome =
+    JobOutcome outcome =
         generateWatched([this] { return exchange::jobInfo(m_frame.runner().jobId()).percent >= pictureAtPercent; },
                         [this](wxTopLevelWindow& window)
                         {

@@ -35,7 +35,7 @@ bool pollProgress(exchange::ProgressData& progress, ProgressView& view, StageSco
 
 boost::shared_ptr<exchange::ProgressData> progressOfJob(int jobId)
 {
-    const boost::shared_ptr<exchange::ProgressData> progress = exchange::createLocallyLinkedProgressData();
+    boost::shared_ptr<exchange::ProgressData> progress = exchange::createLocallyLinkedProgressData();
     const boost::unique_lock<boost::mutex> lock(progress->mutex);
     progress->jobId = jobId;
     return progress;

@@ -181,6 +181,7 @@ std::vector<Area> shrink(const Area& area, double distance, const OffsetToleranc
     }
     // Nothing else comes near these islands: each is a hole of the area it lies in.
     std::vector<Box> boxes;
+    boxes.reserve(areas.size());
     for (const Area& candidate : areas)
         boxes.push_back(boxOf(candidate.front()));
     for (Path& island : islands)

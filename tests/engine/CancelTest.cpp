@@ -91,8 +91,10 @@ TEST(Cancel, ofAFinishedJobLeavesItFinished)
 
 TEST(Cancel, manyJobsStartedWatchedAndCancelledFromManyThreads)
 {
+    constexpr int manyUsers = 4;
     std::vector<std::thread> users;
-    for (int user = 0; user < 4; ++user)
+    users.reserve(manyUsers);
+    for (int user = 0; user < manyUsers; ++user)
         users.emplace_back(
             [user]
             {

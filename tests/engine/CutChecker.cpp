@@ -307,12 +307,16 @@ void checkCoverage(const exchange::Tessaron2dInput& input, const Levels& levels,
     int failures = 0;
     // An odd start keeps the places off the vertices, where curves of a chain meet only nearly.
     const double offset = pitch * 0.3719;
-    for (double x = low[0] + offset; x <= high[0]; x += pitch)
+    const auto places = [&](int axis)
+    { return static_cast<int>(std::ceil((high[axis] - low[axis] - offset) / pitch)); };
+    for (int column = 0; column < places(0); ++column)
     {
+        const double x = low[0] + offset + column * pitch;
         const std::vector<double> partCrossings = part.crossings(x);
         const std::vector<double> stockCrossings = stock.crossings(x);
-        for (double y = low[1] + offset; y <= high[1]; y += pitch)
+        for (int row = 0; row < places(1); ++row)
         {
+            const double y = low[1] + offset + row * pitch;
             if (!isInside(stockCrossings, y) || isInside(partCrossings, y) ||
                 walls.distanceTo(Point(x, y)) < limits.clearance + limits.tolerance)
                 continue;

@@ -184,6 +184,7 @@ TEST(RingOrder, insideFirstAndNearestFirst)
     IntPoint from(900, 0);
     const std::vector<Pass> passes = orderRings(outer, from, cancel);
     std::vector<const Path*> order;
+    order.reserve(passes.size());
     for (const Pass& pass : passes)
         order.push_back(pass.path);
     EXPECT_EQ(order, (std::vector<const Path*>{&inRight.contours[0], &right.leftovers[0], &right.contours[0],

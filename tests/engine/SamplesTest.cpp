@@ -42,6 +42,7 @@ std::string sampleName(const testing::TestParamInfo<Sample>& sample)
 std::vector<std::array<double, 4>> sorted(const std::vector<cuts::Segment>& segments)
 {
     std::vector<std::array<double, 4>> ends;
+    ends.reserve(segments.size());
     for (const cuts::Segment& segment : segments)
         ends.push_back({segment.start[0], segment.start[1], segment.end[0], segment.end[1]});
     std::sort(ends.begin(), ends.end());

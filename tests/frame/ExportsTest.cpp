@@ -121,7 +121,7 @@ TEST(Exports, WhatAHostNeedsToDriveAWindowIsThere)
              {own, "~" + own, std::string("makeWindow"), std::string("doProgressLoop"), std::string("OnInitDialog"),
               std::string("DoDataExchange"), std::string("OnCancel"), std::string("PostNcDestroy"),
               std::string("ms_classInfo"), std::string("sm_eventTable")})
-            EXPECT_TRUE(exported.count(cls + "::" + member)) << cls << "::" << member;
+            EXPECT_TRUE(exported.count(std::string(cls).append("::").append(member))) << cls << "::" << member;
         EXPECT_TRUE(exported.count("vtable for " + cls));
     }
     EXPECT_TRUE(exported.count("TessaronResources::MultiProgressDialog::getTextLines"));

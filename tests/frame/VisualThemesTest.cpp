@@ -75,7 +75,7 @@ TEST_P(VisualThemeTest, InstallsItsManagerWithItsStyle)
     EXPECT_TRUE(GetParam().installed());
     if (!GetParam().setStyle)
         return;
-    const PaletteSeed asTheme = VisualManager::current().palette();
+    const VisualPalette asTheme = VisualManager::current().palette();
     GetParam().setStyle(GetParam().style);
     VisualManager::install(*VisualManager::current().GetClassInfo());
     EXPECT_EQ(VisualManager::current().palette().dialog, asTheme.dialog);
