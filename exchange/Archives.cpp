@@ -54,19 +54,17 @@ ArchiveFormat detectFormat(std::istream& stream)
 
 void write(std::ostream& stream, RecordKind kind, const void* record, ArchiveFormat format)
 {
-    const RecordEntry& entry = recordEntry(kind);
-    (format == ArchiveFormat::xml ? entry.writeXml : entry.writeBinary)(stream, record);
+    const RecordWriter writer = format == ArchiveFormat::xml ? xmlRecordWriter(kind) : binaryRecordWriter(kind);
+    writer(stream, recordName(kind), record);
 }
 
 void read(std::istream& stream, RecordKind kind, void* record)
 {
-    const RecordEntry& entry = recordEntry(kind);
-    if (detectFormat(stream) == ArchiveFormat::xml)
-        entry.readXml(stream, record);
-    else if (entry.readBinary != nullptr)
-        entry.readBinary(stream, record);
-    else
+    const bool isXml = detectFormat(stream) == ArchiveFormat::xml;
+    const RecordReader reader = isXml ? xmlRecordReader(kind) : binaryRecordReader(kind);
+    if (reader == nullptr)
         failSyntax();
+    reader(stream, record);
 }
 
 void writeFile(const std::string& path, RecordKind kind, const void* record, ArchiveFormat format)

@@ -91,7 +91,7 @@ namespace
 template <class Record>
 void writeAs(PolymorphicWriter& writer, RecordKind kind, const void* record)
 {
-    writer.archive() << boost::serialization::make_nvp(recordEntry(kind).name, *static_cast<const Record*>(record));
+    writer.archive() << boost::serialization::make_nvp(recordName(kind), *static_cast<const Record*>(record));
     writer.finish();
 }
 
@@ -101,7 +101,7 @@ void readAs(std::istream& stream, RecordKind kind, void* record)
     Record fresh{};
     {
         PolymorphicReader reader(stream);
-        reader.archive() >> boost::serialization::make_nvp(recordEntry(kind).name, fresh);
+        reader.archive() >> boost::serialization::make_nvp(recordName(kind), fresh);
         reader.finish();
     }
     *static_cast<Record*>(record) = std::move(fresh);

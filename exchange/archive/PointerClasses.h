@@ -2,6 +2,7 @@
 #define EXCHANGE_ARCHIVE_POINTERCLASSES_H
 
 #include "exchange/archive/CountedReference.h"
+#include "exchange/archive/TypeList.h"
 #include "exchange/geom/CurveSerialization.h"
 #include "exchange/mesh/TriMeshFacets.h"
 
@@ -13,16 +14,6 @@
 
 namespace exchange::archive
 {
-
-template <class... Classes>
-struct TypeList
-{
-};
-
-template <class T, class List>
-inline constexpr bool isOneOf = false;
-template <class T, class... Classes>
-inline constexpr bool isOneOf<T, TypeList<Classes...>> = (std::is_same_v<T, Classes> || ...);
 
 using PlaneCurveClasses = TypeList<geom::LineImpl<2>, geom::PolylineImpl<2>, geom::BSplineCurveImpl<2>,
                                    geom::RationalBSplineCurveImpl<2>, geom::Arc2Impl>;

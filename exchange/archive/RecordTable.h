@@ -8,18 +8,18 @@
 namespace exchange::archive
 {
 
-/// What can be done with a kind of record. The functions for binary archives are null where there are none.
-struct RecordEntry
-{
-    /// The outermost element.
-    const char* name;
-    void (*writeXml)(std::ostream& stream, const void* record);
-    void (*readXml)(std::istream& stream, void* record);
-    void (*writeBinary)(std::ostream& stream, const void* record);
-    void (*readBinary)(std::istream& stream, void* record);
-};
+/// The name of the outermost element.
+const char* recordName(RecordKind kind);
 
-const RecordEntry& recordEntry(RecordKind kind);
+typedef void (*RecordReader)(std::istream& stream, void* record);
+typedef void (*RecordWriter)(std::ostream& stream, const char* name, const void* record);
+
+// What is done with a kind of record. Each function has a source file to itself: their templates are what takes long to
+// compile, and the four have none in common. Those for binary archives give null where there are none.
+RecordReader xmlRecordReader(RecordKind kind);
+RecordWriter xmlRecordWriter(RecordKind kind);
+RecordReader binaryRecordReader(RecordKind kind);
+RecordWriter binaryRecordWriter(RecordKind kind);
 
 } // namespace exchange::archive
 
