@@ -6,7 +6,7 @@
 #include "engine/templates/Folder.h"
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateListing.h"
-#include "tests/engine/templates/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <benchmark/benchmark.h>
 
