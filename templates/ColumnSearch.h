@@ -3,9 +3,10 @@
 
 #include "templates/GridColumnInfo.h"
 
+#include <boost/unordered/unordered_flat_map.hpp>
+
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 
 namespace TessaronResources
 {
@@ -34,7 +35,7 @@ private:
     bool m_possible = true;
     bool m_asItIs = false;   ///< a text cell shows its value unchanged, and the wanted text is plain ASCII
     bool m_remember = false; ///< numbers and codes: values come again
-    std::unordered_map<std::uint64_t, bool> m_known;
+    boost::unordered_flat_map<std::uint64_t, bool> m_known;
 };
 
 } // namespace TessaronResources

@@ -1,7 +1,6 @@
 #include "templates/TemplateFind.h"
 
 #include "templates/ColumnSearch.h"
-#include "templates/ColumnValues.h"
 #include "templates/FoldCase.h"
 
 #include <algorithm>
@@ -26,23 +25,25 @@ TemplateCell findCell(const TemplateRows& rows, const std::vector<GridColumnPtr>
                       TemplateCell after)
 {
     const std::string wanted = foldCase(text);
-    std::vector<ColumnSearch> searches;
     std::vector<std::string> keys;
     for (const GridColumnPtr& column : columns)
-        if (column->definition().shown)
-            if (ColumnSearch search(*column, wanted); search.isPossible())
-            {
-                searches.push_back(std::move(search));
-                keys.push_back(column->definition().key);
-            }
+        keys.push_back(column->definition().key);
+    const std::vector<std::size_t> places = rows.valuePlaces(keys);
 
-    ColumnValues values(keys);
+    std::vector<std::pair<ColumnSearch, std::size_t>> searches; // with the places of their values
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        if (columns[i]->definition().shown)
+            if (ColumnSearch search(*columns[i], wanted); search.isPossible())
+                searches.emplace_back(std::move(search), places[i]);
+    if (searches.empty())
+        return {};
+
     for (int row = std::max(after.row, 0); row < static_cast<int>(rows.size()); ++row)
     {
-        const auto& found = values.of(rows.at(static_cast<std::size_t>(row)));
-        for (std::size_t i = 0; i < searches.size(); ++i)
-            if ((row > after.row || searches[i].place() > after.column) && found[i] && searches[i].matches(*found[i]))
-                return {searches[i].place(), row};
+        const ColumnValues::Values& values = rows.valuesAt(static_cast<std::size_t>(row));
+        for (auto& [search, place] : searches)
+            if ((row > after.row || search.place() > after.column) && values[place] && search.matches(*values[place]))
+                return {search.place(), row};
     }
     return {};
 }

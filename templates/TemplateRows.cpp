@@ -15,13 +15,34 @@ void TemplateRows::fill(std::vector<util::Parameterized> listed, int filter, con
     m_rows.reserve(listed.size());
     for (util::Parameterized& set : listed)
         if (matchesFilter(filter, set, current))
-            m_rows.push_back({std::move(set), nullptr});
+            m_rows.push_back({std::move(set), nullptr, {}});
 }
 
 const util::Parameterized& TemplateRows::storedAt(std::size_t row) const
 {
     const Row& found = m_rows[row];
     return found.stored ? *found.stored : found.set;
+}
+
+std::vector<std::size_t> TemplateRows::valuePlaces(const std::vector<std::string>& keys) const
+{
+    std::vector<std::size_t> places;
+    places.reserve(keys.size());
+    for (const std::string& key : keys)
+    {
+        places.push_back(m_values.placeOf(key));
+        if (places.back() == m_values.size())
+            m_values.add(key);
+    }
+    return places;
+}
+
+const ColumnValues::Values& TemplateRows::valuesAt(std::size_t row) const
+{
+    const Row& asked = m_rows[row];
+    if (asked.values.size() < m_values.size())
+        asked.values = m_values.of(asked.set);
+    return asked.values;
 }
 
 bool TemplateRows::edit(std::size_t row, const GridColumnInfo& column, const std::string& text)
@@ -37,6 +58,7 @@ bool TemplateRows::edit(std::size_t row, const GridColumnInfo& column, const std
     if (!edited.stored)
         edited.stored = std::make_unique<util::Parameterized>(std::move(edited.set));
     edited.set = std::move(set);
+    edited.values.clear();
     if (edited.set == *edited.stored)
         edited.stored.reset();
     return true;
@@ -59,6 +81,7 @@ std::vector<std::size_t> TemplateRows::editedRows() const
 void TemplateRows::markStored(std::size_t row, util::Parameterized set)
 {
     m_rows[row].set = std::move(set);
+    m_rows[row].values.clear();
     m_rows[row].stored.reset();
 }
 

@@ -1,6 +1,7 @@
 #ifndef TEMPLATES_TEMPLATEROWS_H
 #define TEMPLATES_TEMPLATEROWS_H
 
+#include "templates/ColumnValues.h"
 #include "templates/GridColumnInfo.h"
 #include "util/Parameterized.h"
 
@@ -26,6 +27,13 @@ public:
     /// The template as it is stored.
     const util::Parameterized& storedAt(std::size_t row) const;
 
+    /// The places in valuesAt() of the values under these keys.
+    std::vector<std::size_t> valuePlaces(const std::vector<std::string>& keys) const;
+    /// The values of a row's template under the keys that valuePlaces() has been asked for; null where it lacks one.
+    /// Remembered until the row changes, so that searching and sorting again is fast. Valid until the row changes or
+    /// valuePlaces() is asked for a new key.
+    const ColumnValues::Values& valuesAt(std::size_t row) const;
+
     /// Takes what the user typed into a cell. \return whether the template has changed by it. A text equal to what the
     /// cell shows changes nothing.
     bool edit(std::size_t row, const GridColumnInfo& column, const std::string& text);
@@ -49,8 +57,10 @@ private:
     {
         util::Parameterized set;
         std::unique_ptr<util::Parameterized> stored; ///< only while it differs from `set`
+        mutable ColumnValues::Values values;         ///< of `set`; too few: not read since the last change
     };
     std::vector<Row> m_rows;
+    mutable ColumnValues m_values;
 };
 
 } // namespace TessaronResources

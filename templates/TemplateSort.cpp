@@ -1,6 +1,5 @@
 #include "templates/TemplateSort.h"
 
-#include "templates/ColumnValues.h"
 #include "templates/FoldCase.h"
 
 #include <algorithm>
@@ -172,13 +171,13 @@ std::vector<std::size_t> sortedOrder(const TemplateRows& rows, const std::vector
 
     // Row by row, so that a comparison finds all it needs in one place.
     std::vector<SortValue> values(rows.size() * sorts.size());
-    ColumnValues found(keys);
+    const std::vector<std::size_t> places = rows.valuePlaces(keys);
     for (std::size_t row = 0; row < rows.size(); ++row)
     {
-        const auto& ofRow = found.of(rows.at(row));
+        const ColumnValues::Values& ofRow = rows.valuesAt(row);
         for (std::size_t i = 0; i < sorts.size(); ++i)
-            if (ofRow[i])
-                values[row * sorts.size() + i] = sorts[i].makeValue(*ofRow[i]);
+            if (const util::Parameterized::Value* const value = ofRow[places[i]])
+                values[row * sorts.size() + i] = sorts[i].makeValue(*value);
     }
 
     std::vector<std::size_t> order(rows.size());

@@ -88,4 +88,34 @@ TEST_F(TemplateRowsTest, EditsMoveWithTheirRows)
     EXPECT_EQ(rows.editedRows(), (std::vector<std::size_t>{1}));
 }
 
+TEST_F(TemplateRowsTest, RememberedValuesFollowEveryChange)
+{
+    const auto check = [this](const char* when)
+    {
+        const std::vector<std::string> keys = {keys::toolDiameter, "absent", keys::templateName, keys::toolDiameter};
+        const std::vector<std::size_t> places = rows.valuePlaces(keys);
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            for (std::size_t i = 0; i < keys.size(); ++i)
+                EXPECT_EQ(rows.valuesAt(row)[places[i]], rows.at(row).find(keys[i])) << when << ", row " << row;
+    };
+    check("filled");
+    rows.edit(0, *name, "x");
+    rows.edit(1, *diameter, "7.5");
+    check("edited");
+    rows.reorder({2, 0, 1});
+    check("sorted");
+    rows.markStored(1, set("stored", 9.0));
+    rows.revert(2);
+    check("stored and taken back");
+    // Rows that have other keys than those before them, as many or fewer.
+    util::Parameterized noDiameter;
+    noDiameter.set(keys::templateName, "no diameter");
+    util::Parameterized others = noDiameter;
+    others.set("Zero", 0);
+    util::Parameterized absent = noDiameter;
+    absent.set("absent", 1);
+    rows.fill({set("d", 1.0), set("e", 2.0), others, absent, {}, noDiameter, {}, set("f", 3.0)}, matchFilter::all, {});
+    check("filled again");
+}
+
 } // namespace
