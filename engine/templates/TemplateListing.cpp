@@ -65,8 +65,9 @@ public:
         const std::lock_guard lock(m_mutex);
         m_folders.remove_if([folder](const auto& entry) { return entry.first == folder; });
         m_folders.emplace_front(folder, std::move(snapshot));
-        std::uint64_t bytes = 0;
-        for (auto it = m_folders.begin(); it != m_folders.end();)
+        // The newest one stays however large it is: its caller holds the same sets, so that it costs little more.
+        std::uint64_t bytes = m_folders.front().second->bytes;
+        for (auto it = std::next(m_folders.begin()); it != m_folders.end();)
         {
             bytes += it->second->bytes;
             it = bytes > mostBytes ? m_folders.erase(it) : std::next(it);
