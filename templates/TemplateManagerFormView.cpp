@@ -160,7 +160,7 @@ void TemplateManagerFormView::refill()
 
 void TemplateManagerFormView::updateButtons()
 {
-    const bool selected = !m_grid->GetSelectedRowBlocks().empty();
+    const bool selected = m_grid->IsSelection();
     if (wxWindow* const remove = FindWindow(deleteId))
         remove->Enable(selected);
     if (wxWindow* const store = FindWindow(saveEditsId))

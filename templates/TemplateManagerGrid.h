@@ -1,7 +1,9 @@
 #ifndef TEMPLATES_TEMPLATEMANAGERGRID_H
 #define TEMPLATES_TEMPLATEMANAGERGRID_H
 
+#include "templates/EmptyGridHint.h"
 #include "templates/TemplateFind.h"
+#include "templates/TemplateGridInput.h"
 #include "templates/TemplateGridRenderers.h"
 #include "templates/TemplateSession.h"
 
@@ -9,8 +11,6 @@
 
 #include <string>
 #include <vector>
-
-class wxStaticText;
 
 namespace TessaronResources
 {
@@ -74,27 +74,22 @@ private:
     void setUpColumn(const GridColumnInfo& column);
     void sizeColumns();
     void sizeRows();
+    void setRowHeights(const std::vector<int>& heights);
     void updateHint();
-    void colourHint();
-    void select(const std::vector<std::size_t>& rows);
-
-    void selectCurrentRowLater();
-    void onCellClick(wxGridEvent& event);
+    /// One flag for each row.
+    void select(const std::vector<bool>& selected);
+    /// Selected rows, the current cell and heights go with their templates.
+    void reorderRows(const std::vector<std::size_t>& order);
     void onColumnMoved();
-    void onKeyDown(wxKeyEvent& event);
-    void onChar(wxKeyEvent& event);
-    void showMenu(int row);
-    void typeAhead(wxUniChar typed);
-    bool rate(int rating);
+    void onEdited();
 
     TemplateSession& m_session;
     TemplateGridCommands& m_commands;
     HeadingState m_headings;
     TemplateGridTable* m_table;
     TemplateFind m_find;
-    wxStaticText* m_hint = nullptr;
-    std::string m_typed;
-    wxLongLong m_lastTyped;
+    EmptyGridHint m_hint;
+    TemplateGridInput m_input;
 };
 
 } // namespace TessaronResources

@@ -224,6 +224,49 @@ TEST_F(GridFlowTest, AQuickSortKeepsTheSelection)
     EXPECT_EQ(load(), 0);
 }
 
+TEST_F(GridFlowTest, SelectionsAndHeightsGoWithTheirRows)
+{
+    util::Parameterized tall = stored("Alpha");
+    tall.set(util::keys::templateComments, std::string("one\ntwo\nthree"));
+    ASSERT_EQ(util::saveTemplateFile(util::templatePath(kindFolder(), "Alpha"), false, &tall), 0);
+    store("Delta", 14.0, 1.0);
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp,
+              []
+              {
+                  EXPECT_GT(grid()->GetRowHeight(0), grid()->GetRowHeight(1));
+                  pick({0, 1, 3});
+              });
+    const auto selection = []
+    {
+        std::string rows;
+        for (int row = 0; row < grid()->GetNumberRows(); ++row)
+            rows += isSelected(row) ? 'x' : '-';
+        return rows;
+    };
+    user.when(
+        "three are selected", [selection] { return selection() == "xx-x"; },
+        []
+        {
+            wxGridEvent heading(grid()->GetId(), wxEVT_GRID_COL_SORT, grid(), -1, 0);
+            grid()->GetEventHandler()->ProcessEvent(heading);
+            grid()->GetEventHandler()->ProcessEvent(heading);
+        });
+    user.when(
+        "backwards", [] { return cell(0, "Name") == "Gamma"; },
+        [selection]
+        {
+            EXPECT_EQ(names(), (std::vector<wxString>{"Gamma", "Delta", "Beta", "Alpha"}));
+            EXPECT_EQ(cell(3, "Comments"), "one\ntwo\nthree");
+            EXPECT_GT(grid()->GetRowHeight(3), grid()->GetRowHeight(0));
+            EXPECT_EQ(grid()->GetRowHeight(0), grid()->GetRowHeight(2));
+            // Alpha, Beta and Gamma: the list began as Alpha, Beta, Delta, Gamma.
+            EXPECT_EQ(selection(), "x-xx");
+            clickManager(1150);
+        });
+    EXPECT_EQ(load(), 0);
+}
+
 TEST_F(GridFlowTest, TheTwoUnsentCommandsOnlyTell)
 {
     WindowDriver user;
