@@ -193,6 +193,7 @@ void TemplateManagerGrid::setRowHeights(const std::vector<int>& heights)
 void TemplateManagerGrid::onColumnMoved()
 {
     std::vector<util::TemplateColumn> columns;
+    columns.reserve(m_session.info().columns.size());
     for (int position = 0; position < GetNumberCols(); ++position)
         columns.push_back(m_table->column(GetColAt(position)).definition());
     for (const util::TemplateColumn& column : m_session.info().columns)

@@ -65,7 +65,8 @@ public:
         {
             wxKeyEvent event(type);
             event.m_keyCode = key;
-            event.m_uniChar = key;
+            // A key that moves types no character.
+            event.m_uniChar = key < WXK_START ? key : WXK_NONE;
             event.m_controlDown = control;
             grid().GetEventHandler()->ProcessEvent(event);
         }
