@@ -63,6 +63,20 @@ int readStoreFile(const std::string& path, std::size_t limit, int codeOfMissing,
     return codeOfState(contents.state);
 }
 
+/// Calls `list` with a folder open for reading; one that is not there holds nothing.
+template <class List>
+int withFolder(const std::string& path, List list)
+{
+    return guarded(status::templateReadError,
+                   [&]
+                   {
+                       const store::Folder folder(store::nativePath(path));
+                       if (folder.state() == store::FileState::ok)
+                           return list(folder);
+                       return folder.state() == store::FileState::missing ? status::ok : status::templateReadError;
+                   });
+}
+
 bool lacksGuid(const Parameterized& set)
 {
     return set.stringOr(keys::templateGuid, "").empty();
@@ -172,16 +186,23 @@ int loadTemplateFiles(const std::string& folder, int /*selector*/, std::vector<P
     if (!templates)
         return status::internalError;
     templates->clear();
-    return guarded(status::templateReadError,
-                   [&]
-                   {
-                       const store::Folder opened(store::nativePath(folder));
-                       if (opened.state() == store::FileState::missing)
-                           return status::ok;
-                       if (opened.state() != store::FileState::ok)
-                           return status::templateReadError;
-                       return store::listTemplates(opened, *templates);
-                   });
+    return withFolder(folder, [&](const store::Folder& opened) { return store::listTemplates(opened, *templates); });
+}
+
+int findFaultyTemplateFiles(const std::string& folder, std::vector<FaultyTemplateFile>* faulty)
+{
+    if (!faulty)
+        return status::internalError;
+    faulty->clear();
+    return withFolder(folder,
+                      [&](const store::Folder& opened)
+                      {
+                          std::vector<store::FaultyFile> faults;
+                          const int code = store::listFaults(opened, faults);
+                          for (const store::FaultyFile& fault : faults)
+                              faulty->push_back({templatePath(opened.path(), fault.fileName), fault.code});
+                          return code;
+                      });
 }
 
 int loadTemplateFile(const std::string& path, Parameterized* result)

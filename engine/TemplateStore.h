@@ -68,6 +68,18 @@ TESSARON_ENGINES_API int saveTemplateFolders(const std::string& path, const std:
 TESSARON_ENGINES_API int loadTemplateFiles(const std::string& folder, int selector,
                                            std::vector<Parameterized>* templates);
 
+/// A file of a template folder that does not read as a template.
+struct FaultyTemplateFile
+{
+    std::string path;
+    int code = 0; ///< templateReadError, templateFormatError or templateWithoutGuid
+};
+
+/// Names the files that loadTemplateFiles() passes over for a fault, in name order: none when its result is 0, and none
+/// when the folder itself cannot be read. Costs little after loadTemplateFiles(), which remembers them.
+/// \return as loadTemplateFiles().
+TESSARON_ENGINES_API int findFaultyTemplateFiles(const std::string& folder, std::vector<FaultyTemplateFile>* faulty);
+
 /// Reads the one template in the file `path`. A template without a name gets the one its file name stands for.
 /// \return templateReadError when the file is missing, a folder or not readable; templateFormatError when it holds
 /// something else than one template; templateWithoutGuid.

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <system_error>
 
 namespace TessaronResources
@@ -18,6 +19,7 @@ namespace keys = util::keys;
 namespace status = exchange::status;
 
 constexpr const char* nameWithoutGenerator = "TEMPL";
+constexpr std::size_t mostFilesNamed = 12; // for each kind of fault, so that the message fits a screen
 constexpr const char* unsavedEditsText =
     "Some templates have changes that have not been saved.\nDo you want to save them?";
 
@@ -81,12 +83,41 @@ DefinitionsState TemplateSession::open(bool titleVariant)
 void TemplateSession::fill()
 {
     std::vector<util::Parameterized> listed;
-    const int code = util::loadTemplateFiles(kindFolder(), m_selector, &listed);
-    const std::pair<std::string, int> outcome(kindFolder(), code);
-    if (code != status::ok && outcome != m_reported)
-        report(code);
-    m_reported = outcome;
+    reportListing(util::loadTemplateFiles(kindFolder(), m_selector, &listed));
     m_rows.fill(std::move(listed), m_info.preferences.matchFilter, m_current);
+}
+
+void TemplateSession::reportListing(int code)
+{
+    std::vector<util::FaultyTemplateFile> faulty;
+    if (code != status::ok)
+        util::findFaultyTemplateFiles(kindFolder(), &faulty);
+    std::set<std::pair<std::string, int>> faults;
+    std::map<int, std::vector<std::string>, std::greater<>> unknown;
+    const auto add = [&](const std::string& path, int fault)
+    {
+        if (faults.emplace(path, fault).second && m_reported.count({path, fault}) == 0)
+            unknown[fault].push_back(path);
+    };
+    for (const util::FaultyTemplateFile& file : faulty)
+        add(file.path, file.code);
+    if (code != status::ok && faulty.empty())
+        add(kindFolder(), code);
+    m_reported = std::move(faults);
+
+    std::string text;
+    for (const auto& [fault, paths] : unknown)
+    {
+        text += (text.empty() ? "" : "\n") + exchange::statusText(fault);
+        const std::size_t named = paths.size() > mostFilesNamed ? mostFilesNamed - 1 : paths.size();
+        for (std::size_t i = 0; i < named; ++i)
+            if (paths[i] != kindFolder())
+                text += "\n Template: " + paths[i];
+        if (named < paths.size())
+            text += "\n and " + std::to_string(paths.size() - named) + " more";
+    }
+    if (!text.empty())
+        m_user.showError(text);
 }
 
 bool TemplateSession::storeDefinitions(bool byUser)

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,8 +31,8 @@ public:
 
     /// Reads the known folders and the definitions; the first start makes the definitions. Does not fill the rows.
     DefinitionsState open(bool titleVariant);
-    /// Lists the folder's templates into the rows, those that the match filter displays. Edits are dropped. What cannot
-    /// be read is reported once, not at every refill.
+    /// Lists the folder's templates into the rows, those that the match filter displays. Edits are dropped. Files that
+    /// cannot be read are named in one message, each once and not at every refill.
     void fill();
 
     // State
@@ -104,6 +105,7 @@ public:
 
 private:
     void report(int code, const std::string& detail = {});
+    void reportListing(int code);
     bool importFile(const std::string& path, std::vector<util::Parameterized>& templates);
     util::Parameterized currentAs(const std::string& name) const;
     bool storeRow(std::size_t row);
@@ -119,7 +121,7 @@ private:
     DefinitionsState m_definitionsState = DefinitionsState::failed;
     std::vector<std::string> m_knownFolders;
     TemplateRows m_rows;
-    std::pair<std::string, int> m_reported; ///< folder and code of the listing that was reported last
+    std::set<std::pair<std::string, int>> m_reported; ///< what the last listing could not read, and the codes
 };
 
 /// The name that the save-as dialog starts with: the last one accepted in this process, or the first existing one.

@@ -40,8 +40,8 @@ struct Snapshot
     std::vector<std::string> fileNames; ///< as the folder gave them, which it does alike while it has not changed
     std::vector<ListedFile> files;      ///< of the names, in their order
     std::vector<Remembered> templates;  ///< the good ones, in listing order
-    int code = status::ok;
-    std::uint64_t bytes = 0; ///< sum of the file sizes, which the memory taken goes with
+    std::vector<FaultyFile> faults;     ///< in the order of the file names
+    std::uint64_t bytes = 0;            ///< sum of the file sizes, which the memory taken goes with
 };
 
 /// The snapshots of the folders listed last.
@@ -206,34 +206,31 @@ bool comesBefore(const Remembered& a, const Remembered& b)
     return a->name < b->name;
 }
 
-/// Puts the templates in listing order, and finds the first fault in the order of the file names.
+/// Puts the templates in listing order, and the faults in the order of the file names.
 void arrange(Snapshot& snapshot)
 {
-    const std::string* firstFault = nullptr;
     for (std::size_t i = 0; i < snapshot.files.size(); ++i)
     {
         const Remembered& stored = snapshot.files[i].stored;
         if (!stored)
             continue;
         snapshot.bytes += stored->stamp.size;
-        if (stored->code == status::ok && stored->isTemplate)
+        if (stored->code != status::ok)
+            snapshot.faults.push_back({snapshot.fileNames[i], stored->code});
+        else if (stored->isTemplate)
             snapshot.templates.push_back(stored);
-        else if (stored->code != status::ok && (!firstFault || snapshot.fileNames[i] < *firstFault))
-        {
-            firstFault = &snapshot.fileNames[i];
-            snapshot.code = stored->code;
-        }
     }
     std::sort(snapshot.templates.begin(), snapshot.templates.end(), comesBefore);
+    std::sort(snapshot.faults.begin(), snapshot.faults.end(),
+              [](const FaultyFile& a, const FaultyFile& b) { return a.fileName < b.fileName; });
 }
 
-} // namespace
-
-int listTemplates(const Folder& folder, std::vector<Parameterized>& templates, std::size_t* filesRead)
+/// What a folder holds now. Null when it cannot be read.
+std::shared_ptr<const Snapshot> take(const Folder& folder, std::size_t* filesRead)
 {
     auto after = std::make_shared<Snapshot>();
     if (!templateFileNames(folder, after->fileNames))
-        return status::templateReadError;
+        return nullptr;
 
     const FolderId id = folder.identity();
     std::shared_ptr<const Snapshot> listing = memory().find(id);
@@ -255,7 +252,21 @@ int listTemplates(const Folder& folder, std::vector<Parameterized>& templates, s
         listing = after;
         memory().keep(id, listing);
     }
+    return listing;
+}
 
+int codeOf(const Snapshot& snapshot)
+{
+    return snapshot.faults.empty() ? status::ok : snapshot.faults.front().code;
+}
+
+} // namespace
+
+int listTemplates(const Folder& folder, std::vector<Parameterized>& templates, std::size_t* filesRead)
+{
+    const std::shared_ptr<const Snapshot> listing = take(folder, filesRead);
+    if (!listing)
+        return status::templateReadError;
     std::vector<Parameterized> result(listing->templates.size());
     inParallel(result.size(),
                [&](std::size_t begin, std::size_t end)
@@ -264,7 +275,16 @@ int listTemplates(const Folder& folder, std::vector<Parameterized>& templates, s
                        result[i] = listing->templates[i]->set;
                });
     templates = std::move(result);
-    return listing->code;
+    return codeOf(*listing);
+}
+
+int listFaults(const Folder& folder, std::vector<FaultyFile>& faults)
+{
+    const std::shared_ptr<const Snapshot> listing = take(folder, nullptr);
+    if (!listing)
+        return status::templateReadError;
+    faults = listing->faults;
+    return codeOf(*listing);
 }
 
 void forgetListings()

@@ -133,7 +133,7 @@ TEST_F(HostileFiles, BadFilesGetTheirCodeFromEveryCallAndHideNothing)
     EXPECT_EQ(util::loadTemplateFile("", &set), status::templateReadError);
 }
 
-TEST_F(HostileFiles, FirstBadFileInNameOrderGivesTheCode)
+TEST_F(HostileFiles, FirstBadFileInNameOrderGivesTheCodeAndAllAreNamed)
 {
     writeBytes(folder / "a.vtmpl", "bad");
     std::string withoutGuid = bytes;
@@ -142,9 +142,19 @@ TEST_F(HostileFiles, FirstBadFileInNameOrderGivesTheCode)
     writeBytes(folder / "b.vtmpl", withoutGuid);
     std::vector<Parameterized> listed;
     EXPECT_EQ(util::loadTemplateFiles(folder.path(), 0, &listed), status::templateFormatError);
+    std::vector<util::FaultyTemplateFile> faulty;
+    EXPECT_EQ(util::findFaultyTemplateFiles(folder.path(), &faulty), status::templateFormatError);
+    ASSERT_EQ(faulty.size(), 2U);
+    EXPECT_EQ(faulty[0].path, folder / "a.vtmpl");
+    EXPECT_EQ(faulty[0].code, status::templateFormatError);
+    EXPECT_EQ(faulty[1].path, folder / "b.vtmpl");
+    EXPECT_EQ(faulty[1].code, status::templateWithoutGuid);
+
     std::filesystem::remove(folder / "a.vtmpl");
     EXPECT_EQ(util::loadTemplateFiles(folder.path(), 0, &listed), status::templateWithoutGuid);
     EXPECT_EQ(listed.size(), 1U);
+    EXPECT_EQ(util::findFaultyTemplateFiles(folder.path() + "/missing", &faulty), status::ok);
+    EXPECT_TRUE(faulty.empty());
 }
 
 TEST_F(HostileFiles, CorruptTemplateCanBeReplacedAndDeleted)
