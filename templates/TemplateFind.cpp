@@ -26,6 +26,7 @@ TemplateCell findCell(const TemplateRows& rows, const std::vector<GridColumnPtr>
 {
     const std::string wanted = foldCase(text);
     std::vector<std::string> keys;
+    keys.reserve(columns.size());
     for (const GridColumnPtr& column : columns)
         keys.push_back(column->definition().key);
     const std::vector<std::size_t> places = rows.valuePlaces(keys);
