@@ -1,4 +1,5 @@
 #include "frame/DialogBase.h"
+#include "frame/ControlId.h"
 
 #include "frame/DataExchange.h"
 #include "frame/MessageDialog.h"
@@ -24,9 +25,6 @@ namespace TessaronResources
 
 namespace
 {
-
-constexpr int idOk = 1;
-constexpr int idCancel = 2;
 
 // The templates were drawn for a font of this height in pixels, a little smaller than the desktop's usual one.
 constexpr int templateFontHeight = 13;

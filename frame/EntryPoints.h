@@ -32,7 +32,8 @@ enum class VisualTheme : int;
  * - While a window is up the host's timers and windows stay alive, so one entry point may be called from inside
  * another. The inner window works as usual, and the outer call goes on when the inner one has returned.
  * - A quit message ends the call at once and is handed on to the host's loop.
- * - Arguments passed by pointer or reference belong to the caller and must outlive the call.
+ * - Arguments passed by pointer or reference belong to the caller and must outlive the call. Where one of them must be
+ * a record, null shows nothing: the progress calls return 1 and the modal calls 2.
  */
 namespace TessaronResources
 {

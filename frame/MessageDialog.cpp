@@ -1,4 +1,5 @@
 #include "frame/MessageDialog.h"
+#include "frame/ControlId.h"
 
 #include "frame/DialogBase.h"
 
@@ -14,8 +15,6 @@ namespace TessaronResources
 namespace
 {
 
-constexpr int idOk = 1;
-constexpr int idCancel = 2;
 constexpr int idText = 10;
 constexpr int widestLine = 420;
 

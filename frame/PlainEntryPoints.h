@@ -35,8 +35,8 @@ extern "C"
     /*
      * Shows the active chip thickness control dialog. Its outputs are written only when the user applies.
      * kind: the operation kind in the upper 16 bits. toolDiameter, depthOfCut, stepover: in inches, or millimetres when
-     * metric. spindleSpeed in revolutions per minute, feedrate in inches or millimetres per minute. The pointers must
-     * not be null. Returns 0 when applied and 1 otherwise.
+     * metric. spindleSpeed in revolutions per minute, feedrate in inches or millimetres per minute. Returns 0
+     * when applied and 1 otherwise, also when a pointer is null.
      */
     TESSARON_RESOURCES_API int displayChipControlDialogEx(int kind, double toolDiameter, double depthOfCut,
                                                           int numFlutes, int* spindleSpeed, double* feedrate,

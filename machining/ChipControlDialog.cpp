@@ -1,6 +1,7 @@
 #include "machining/ChipControlDialog.h"
 
 #include "controls/CHMXNumEdit.h"
+#include "frame/ControlId.h"
 #include "frame/DataExchange.h"
 #include "frame/EntryPoints.h"
 #include "frame/ModuleHandle.h"
@@ -205,11 +206,13 @@ void ChipControlDialog::OnCancel()
 int displayChipControlDialog(int kind, util::Parameterized* params, bool metric)
 {
     const EntryScope scope(staticModuleState());
+    if (!params)
+        return idCancel;
     if (toolkitRunning())
         return ChipControlDialog(kind, params, metric).ShowModal();
     // A parameter that is missing is missing without a display, too.
     const ChipControlRules checked(kind, params, metric);
-    return 2;
+    return idCancel;
 }
 
 } // namespace TessaronResources
@@ -218,6 +221,8 @@ int displayChipControlDialogEx(int kind, double toolDiameter, double depthOfCut,
                                double* feedrate, double* stepover, bool metric)
 {
     namespace keys = util::keys;
+    if (!spindleSpeed || !feedrate || !stepover)
+        return 1;
     util::Parameterized params;
     params.set(keys::toolDiameter, toolDiameter);
     params.set(keys::depthOfCut, depthOfCut);

@@ -1,5 +1,6 @@
 #include "machining/GougeCheckDialog.h"
 
+#include "frame/ControlId.h"
 #include "frame/DataExchange.h"
 #include "frame/EntryPoints.h"
 #include "frame/ModuleState.h"
@@ -15,7 +16,6 @@ namespace
 {
 
 constexpr int templateId = 1013;
-constexpr int idOk = 1;
 constexpr int clearanceTip = 1116;
 
 struct Line
@@ -73,7 +73,7 @@ void GougeCheckDialog::OnOK()
 int displayGougeCheckDialog(GougeCheckData* data)
 {
     const EntryScope scope(staticModuleState());
-    return toolkitRunning() ? GougeCheckDialog(data).ShowModal() : 2;
+    return data && toolkitRunning() ? GougeCheckDialog(data).ShowModal() : idCancel;
 }
 
 } // namespace TessaronResources

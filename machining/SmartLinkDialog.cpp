@@ -1,5 +1,6 @@
 #include "machining/SmartLinkDialog.h"
 
+#include "frame/ControlId.h"
 #include "frame/DataExchange.h"
 #include "frame/EntryPoints.h"
 #include "frame/ModuleState.h"
@@ -18,7 +19,6 @@ namespace
 {
 
 constexpr int templateId = 1014;
-constexpr int idOk = 1;
 constexpr int preferenceTip = 1117;
 
 enum Control
@@ -86,7 +86,7 @@ void SmartLinkDialog::OnOK()
 int displaySmartLinkDialog(SmartLinkData* data)
 {
     const EntryScope scope(staticModuleState());
-    return toolkitRunning() ? SmartLinkDialog(data).ShowModal() : 2;
+    return data && toolkitRunning() ? SmartLinkDialog(data).ShowModal() : idCancel;
 }
 
 } // namespace TessaronResources

@@ -34,11 +34,13 @@ int runWithoutWindow(exchange::ProgressData& progress)
 }
 
 template <class Dialog, class... Arguments>
-int runProgressDialog(AFX_MODULE_STATE* state, exchange::ProgressData& progress, Arguments... arguments)
+int runProgressDialog(AFX_MODULE_STATE* state, exchange::ProgressData* progress, Arguments... arguments)
 {
     const EntryScope scope(state);
+    if (!progress)
+        return finished;
     if (!toolkitRunning())
-        return runWithoutWindow(progress);
+        return runWithoutWindow(*progress);
     const auto cancelled = boost::make_shared<bool>(false);
     {
         const std::unique_ptr<Dialog, DestroyDialog> dialog(new Dialog(arguments..., cancelled, nullptr));
@@ -52,25 +54,25 @@ int runProgressDialog(AFX_MODULE_STATE* state, exchange::ProgressData& progress,
 
 int displayProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress, const char* caption)
 {
-    return runProgressDialog<ProgressDialog>(storedModuleState(), *progress, progressTemplates::milling, caption,
+    return runProgressDialog<ProgressDialog>(storedModuleState(), progress.get(), progressTemplates::milling, caption,
                                              progress);
 }
 
 int displayOrrimantProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress, const char* caption)
 {
-    return runProgressDialog<ProgressDialog>(storedModuleState(), *progress, progressTemplates::turning, caption,
+    return runProgressDialog<ProgressDialog>(storedModuleState(), progress.get(), progressTemplates::turning, caption,
                                              progress);
 }
 
 int displayMultiProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress)
 {
-    return runProgressDialog<MultiProgressDialog>(staticModuleState(), *progress, progressTemplates::multiMilling,
+    return runProgressDialog<MultiProgressDialog>(staticModuleState(), progress.get(), progressTemplates::multiMilling,
                                                   progress);
 }
 
 int displayOrrimantMultiProgressDialog(boost::shared_ptr<exchange::ProgressData>& progress)
 {
-    return runProgressDialog<MultiProgressDialog>(staticModuleState(), *progress, progressTemplates::multiTurning,
+    return runProgressDialog<MultiProgressDialog>(staticModuleState(), progress.get(), progressTemplates::multiTurning,
                                                   progress);
 }
 

@@ -1,12 +1,10 @@
 // A host that runs the toolkit and loads the module only when its user asks for it.
 #include "frame/EntryPoints.h"
+#include "tests/support/ToolkitHost.h"
 #include "util/Parameterized.h"
 #include "util/VisualTheme.h"
 
-#include <wx/app.h>
-#include <wx/frame.h>
-#include <wx/init.h>
-#include <wx/timer.h>
+#include <wx/dialog.h>
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -15,12 +13,6 @@
 
 namespace
 {
-
-class Host : public wxApp
-{
-public:
-    bool OnInit() override { return true; }
-};
 
 const char managerName[] = "_ZN17TessaronResources32displayTemplateManagerDialogLoadEiiRKNSt7__cxx1112basic_"
                            "stringIcSt11char_traitsIcESaIcEEERKN4"
@@ -32,28 +24,21 @@ Function function(void* library, const char* name)
     return library ? reinterpret_cast<Function>(dlsym(library, name)) : nullptr;
 }
 
-class Later : public wxTimer
+// A window of the manager's above the host's: its first message.
+bool messageIsUp()
 {
-public:
-    explicit Later(void (*action)()) : m_action(action) { StartOnce(500); }
+    for (const wxWindow* const window : wxTopLevelWindows)
+        if (const auto* const dialog = dynamic_cast<const wxDialog*>(window); dialog && dialog->IsShown())
+            return true;
+    return false;
+}
 
-    void Notify() override { m_action(); }
-
-private:
-    void (*m_action)();
+class LateToolkitHost : public testing_support::ToolkitHost
+{
 };
 
-TEST(LateToolkitHost, ShowsWindowsOfAModuleThatItLoadedInsideItsLoop)
+TEST_F(LateToolkitHost, ShowsWindowsOfAModuleThatItLoadedInsideItsLoop)
 {
-    int argc = 1;
-    char name[] = "host";
-    char* argv[] = {name, nullptr};
-    wxApp::SetInstance(new Host);
-    ASSERT_TRUE(wxEntryStart(argc, argv));
-    ASSERT_TRUE(wxTheApp->CallOnInit());
-    auto* const frame = new wxFrame(nullptr, wxID_ANY, "Host");
-    frame->Show();
-
     int progressResult = 0;
     int managerResult = 0;
     std::string failure;
@@ -71,7 +56,12 @@ TEST(LateToolkitHost, ShowsWindowsOfAModuleThatItLoadedInsideItsLoop)
                 progressResult = showProgress(unknownJob);
                 // There is no such folder, which the manager says first: the quit comes while its message is up.
                 util::Parameterized loaded;
-                Later leave(quit);
+                const testing_support::Ticker user(
+                    [&]
+                    {
+                        if (messageIsUp())
+                            quit();
+                    });
                 managerResult = showManager(1, 1, "", util::Parameterized(), &loaded, nullptr, util::VisualTheme{});
             }
             else if (const char* const text = dlerror())
@@ -79,8 +69,6 @@ TEST(LateToolkitHost, ShowsWindowsOfAModuleThatItLoadedInsideItsLoop)
             wxTheApp->ExitMainLoop();
         });
     wxTheApp->OnRun();
-    delete frame;
-    wxEntryCleanup();
     EXPECT_EQ(failure, "");
     EXPECT_EQ(progressResult, 1);
     EXPECT_EQ(managerResult, 0) << "ended by the quit message";

@@ -1,61 +1,21 @@
 // A host that runs the toolkit's main loop and is told to quit while a window of the module is up.
+#include "tests/support/ToolkitHost.h"
 #include "frame/EntryPoints.h"
+#include "frame/PlainEntryPoints.h"
 #include "tests/progress/ScriptedProgress.h"
 
 #include <boost/make_shared.hpp>
 
-#include <wx/app.h>
-#include <wx/frame.h>
-#include <wx/init.h>
-#include <wx/timer.h>
-
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace
 {
 
 typedef boost::shared_ptr<exchange::ProgressData> Record;
 
-class Host : public wxApp
-{
-public:
-    bool OnInit() override { return true; }
-};
-
-class Ticker : public wxTimer
-{
-public:
-    explicit Ticker(std::function<void()> tick) : m_tick(std::move(tick)) { Start(5); }
-
-    void Notify() override { m_tick(); }
-
-private:
-    std::function<void()> m_tick;
-};
-
-class ToolkitHostTest : public testing::Test
+class ToolkitHostTest : public testing_support::ToolkitHost
 {
 protected:
-    void SetUp() override
-    {
-        int argc = 1;
-        char name[] = "host";
-        char* argv[] = {name, nullptr};
-        wxApp::SetInstance(new Host);
-        ASSERT_TRUE(wxEntryStart(argc, argv));
-        ASSERT_TRUE(wxTheApp->CallOnInit());
-        m_frame = new wxFrame(nullptr, wxID_ANY, "Host");
-        m_frame->Show();
-    }
-
-    void TearDown() override
-    {
-        delete m_frame;
-        wxEntryCleanup();
-    }
-
     int show(bool multi) const
     {
         Record record = m_progress;
@@ -63,7 +23,6 @@ protected:
                      : TessaronResources::displayProgressDialog(record, "Job");
     }
 
-    wxFrame* m_frame = nullptr;
     boost::shared_ptr<ScriptedProgress> m_progress = boost::make_shared<ScriptedProgress>();
 };
 
@@ -80,7 +39,7 @@ TEST_F(ToolkitHostTest, AQuitWhileWindowsAreUpEndsTheCallsAndThenTheHostsLoop)
             outer = show(false);
             ticksAtReturn = ticks;
         });
-    Ticker timer(
+    const testing_support::Ticker timer(
         [&]
         {
             ++ticks;
@@ -118,6 +77,29 @@ TEST_F(ToolkitHostTest, TheHostsLoopGoesOnAfterAnOrdinaryCall)
         });
     wxTheApp->OnRun();
     EXPECT_TRUE(wentOn);
+}
+
+// Had one of them shown its window, only the host's timer would end it.
+TEST_F(ToolkitHostTest, NullWhereARecordIsDueShowsNothing)
+{
+    using namespace TessaronResources;
+    Record none;
+    int ticks = 0;
+    const testing_support::Ticker timer(
+        [&]
+        {
+            if (++ticks % 200 == 0)
+                tessaronResourcesQuit();
+        });
+    int spindleSpeed = 5000;
+    double feedrate = 1000;
+    EXPECT_EQ(displayProgressDialog(none, "Job"), 1);
+    EXPECT_EQ(displayOrrimantMultiProgressDialog(none), 1);
+    EXPECT_EQ(displayChipControlDialog(0, nullptr, true), 2);
+    EXPECT_EQ(displayChipControlDialogEx(0, 10, 4, 2, &spindleSpeed, &feedrate, nullptr, true), 1);
+    EXPECT_EQ(displayGougeCheckDialog(nullptr), 2);
+    EXPECT_EQ(displaySmartLinkDialog(nullptr), 2);
+    EXPECT_EQ(ticks, 0);
 }
 
 } // namespace
