@@ -67,7 +67,7 @@ MessagePump::~MessagePump()
         wxEventLoopBase::SetActive(nullptr);
 }
 
-bool MessagePump::quitPosted() const
+bool MessagePump::quitPosted()
 {
     if (ownQuit)
         return true;

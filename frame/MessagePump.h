@@ -50,9 +50,10 @@ public:
     /// Leaves a quit message of our own in the queue.
     static void requestQuit();
 
-private:
-    bool quitPosted() const;
+    /// Whether a quit message waits, for loops that are not ours and cannot see it.
+    static bool quitPosted();
 
+private:
     QuitScope m_quitScope;
     std::unique_ptr<wxEventLoopBase> m_ownLoop;
     bool m_quit = false;

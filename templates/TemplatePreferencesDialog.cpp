@@ -27,13 +27,6 @@ constexpr int fontId = 1157;
 constexpr int chooseFontId = 1158;
 constexpr int resetId = 1151;
 
-int run(wxDialog& dialog)
-{
-    int answer = wxID_CANCEL;
-    native::runInOwnLoop([&] { answer = dialog.ShowModal(); });
-    return answer;
-}
-
 } // namespace
 
 TemplatePreferencesDialog::TemplatePreferencesDialog(const util::TemplatePreferences& preferences,
@@ -75,7 +68,7 @@ void TemplatePreferencesDialog::chooseFolder()
 {
     UpdateData(true);
     wxDirDialog dialog(this, "Template Path", m_folder);
-    if (run(dialog) != wxID_OK)
+    if (native::runModal(dialog) != wxID_OK)
         return;
     m_folder = dialog.GetPath();
     UpdateData(false);
@@ -87,7 +80,7 @@ void TemplatePreferencesDialog::chooseFont()
     data.SetInitialFont(gridFont(m_preferences.font));
     data.EnableEffects(false);
     wxFontDialog dialog(this, data);
-    if (run(dialog) != wxID_OK)
+    if (native::runModal(dialog) != wxID_OK)
         return;
     m_preferences.font = dialog.GetFontData().GetChosenFont().GetNativeFontInfoDesc().utf8_string();
     showFont();

@@ -5,6 +5,8 @@
 #include "templates/UserProfile.h"
 
 #include <wx/filedlg.h>
+#include <wx/filename.h>
+#include <wx/stdpaths.h>
 
 namespace TessaronResources
 {
@@ -21,11 +23,11 @@ wxString filterOf(const char* filter)
     return result;
 }
 
-int run(wxFileDialog& dialog)
+// Without a folder the toolkit would start in the host's working directory, where nobody looks for his files.
+wxString startFolder(const std::string& folder)
 {
-    int answer = wxID_CANCEL;
-    native::runInOwnLoop([&] { answer = dialog.ShowModal(); });
-    return answer;
+    const wxString last = wxString::FromUTF8(folder);
+    return !last.empty() && wxDirExists(last) ? last : wxStandardPaths::Get().GetDocumentsDir();
 }
 
 } // namespace
@@ -52,10 +54,10 @@ bool TemplateWindowUser::askOkCancelError(const std::string& text)
 
 std::vector<std::string> TemplateWindowUser::chooseImportFiles(const std::string& folder)
 {
-    wxFileDialog dialog(&m_owner, "Import Templates", wxString::FromUTF8(folder), wxEmptyString,
+    wxFileDialog dialog(&m_owner, "Import Templates", startFolder(folder), wxEmptyString,
                         filterOf(templateImportFilter), wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
     std::vector<std::string> files;
-    if (run(dialog) != wxID_OK)
+    if (native::runModal(dialog) != wxID_OK)
         return files;
     wxArrayString paths;
     dialog.GetPaths(paths);
@@ -66,11 +68,20 @@ std::vector<std::string> TemplateWindowUser::chooseImportFiles(const std::string
 
 std::string TemplateWindowUser::chooseExportFile(const std::string& folder)
 {
-    wxFileDialog dialog(&m_owner, "Export Templates", wxString::FromUTF8(folder), wxEmptyString,
+    wxFileDialog dialog(&m_owner, "Export Templates", startFolder(folder), wxEmptyString,
                         filterOf(templateExportFilter), wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    if (run(dialog) != wxID_OK)
-        return {};
-    return dialog.GetPath().utf8_string();
+    while (native::runModal(dialog) == wxID_OK)
+    {
+        wxFileName file(dialog.GetPath());
+        if (file.HasExt())
+            return file.GetFullPath().utf8_string();
+        // The dialog has asked about the name without the extension only.
+        file.SetExt(wxString(templateDefaultExtension).AfterLast('.'));
+        if (!file.FileExists() ||
+            askOkCancel(file.GetFullName().utf8_string() + " already exists. Do you want to replace it?"))
+            return file.GetFullPath().utf8_string();
+    }
+    return {};
 }
 
 std::string TemplateWindowUser::lastFolder()

@@ -139,6 +139,11 @@ void pressKey(int key, int modifiers)
     wxUIActionSimulator().Char(key, modifiers);
 }
 
+void markAllFiles(wxWindow* fileDialog)
+{
+    gtk_file_chooser_select_all(static_cast<GtkFileChooser*>(static_cast<void*>(fileDialog->GetHandle())));
+}
+
 std::string accessibleName(wxWindow* control)
 {
     AtkObject* const accessible = gtk_widget_get_accessible(static_cast<GtkWidget*>(control->GetHandle()));

@@ -63,6 +63,9 @@ void click(wxWindow* window);
 void type(const char* text);
 void pressKey(int key, int modifiers = 0);
 
+/// Marks every file that the toolkit's open-file dialog lists.
+void markAllFiles(wxWindow* fileDialog);
+
 /// What a screen reader says for a control.
 std::string accessibleName(wxWindow* control);
 /// Checks that every control that a window shows lies within it, has room for its text, and has a name for screen

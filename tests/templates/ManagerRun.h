@@ -78,6 +78,7 @@ protected:
         std::vector<util::Parameterized> sets;
         util::loadTemplateFiles(kindFolder(), 0, &sets);
         std::vector<std::string> names;
+        names.reserve(sets.size());
         for (const util::Parameterized& set : sets)
             names.push_back(set.stringOr(util::keys::templateName, ""));
         return names;
