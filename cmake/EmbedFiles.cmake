@@ -1,5 +1,6 @@
-# Writes OUTPUT, a source file that holds each dialog template and picture of FOLDER as an array of bytes.
-file(GLOB FILES "${FOLDER}/*.xrc" "${FOLDER}/*.svg")
+# Writes OUTPUT, a source file that holds each dialog template and picture of FOLDER, and each catalogue of TRANSLATIONS,
+# as an array of bytes.
+file(GLOB FILES "${FOLDER}/*.xrc" "${FOLDER}/*.svg" "${TRANSLATIONS}/*.mo")
 set(arrays "")
 set(table "")
 set(number 0)
@@ -31,6 +32,11 @@ const EmbeddedFile* findEmbeddedFile(std::string_view name)
         if (name == file.name)
             return &file;
     return nullptr;
+}
+
+std::span<const EmbeddedFile> embeddedFiles()
+{
+    return files;
 }
 
 } // namespace TessaronResources::resources

@@ -1,6 +1,7 @@
 #include "frame/DataExchange.h"
 
 #include "frame/DialogBase.h"
+#include "frame/Translation.h"
 
 #include <wx/checkbox.h>
 #include <wx/ctrlsub.h>
@@ -125,16 +126,16 @@ void CDataExchange::text(int id, wxString& value)
 
 void CDataExchange::number(int id, int& value)
 {
-    exchangeNumber(id, value, "a whole number");
+    exchangeNumber(id, value, translatable("Please enter a whole number."));
 }
 
 void CDataExchange::number(int id, double& value)
 {
-    exchangeNumber(id, value, "a number");
+    exchangeNumber(id, value, translatable("Please enter a number."));
 }
 
 template <class Number>
-void CDataExchange::exchangeNumber(int id, Number& value, const char* kind)
+void CDataExchange::exchangeNumber(int id, Number& value, const char* request)
 {
     wxString shown = format(value);
     text(id, shown);
@@ -142,7 +143,7 @@ void CDataExchange::exchangeNumber(int id, Number& value, const char* kind)
         return;
     shown.Trim(true).Trim(false);
     if (!parse(shown.utf8_string(), value))
-        fail(id, wxString::Format("Please enter %s.", kind));
+        fail(id, translatedLabel(request));
 }
 
 void CDataExchange::fail(int id, const wxString& message)

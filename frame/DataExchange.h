@@ -61,7 +61,7 @@ public:
 private:
     wxWindow* find(int id) const;
     template <class Number>
-    void exchangeNumber(int id, Number& value, const char* kind);
+    void exchangeNumber(int id, Number& value, const char* request);
 
     DialogBase& m_dialog;
     std::optional<ReadFailure> m_failure;

@@ -1,5 +1,6 @@
 #include "frame/EmbeddedResources.h"
 
+#include "frame/Translation.h"
 #include "resources/EmbeddedFile.h"
 #include "resources/StringTable.h"
 
@@ -27,6 +28,7 @@
 #include <wx/xrc/xmlres.h>
 
 #include <charconv>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -84,6 +86,17 @@ void addHandlers(wxXmlResource& templates)
         templates.AddHandler(handler);
 }
 
+// The toolkit would ask the host's translations.
+void translate(wxXmlNode& element)
+{
+    static const std::set<wxString> texts{"item", "label", "title", "tooltip"};
+    if (wxXmlNode* const content = element.GetChildren();
+        content && content->GetType() == wxXML_TEXT_NODE && texts.count(element.GetName()) != 0)
+        content->SetContent(translatedLabel(content->GetContent().utf8_str()));
+    for (wxXmlNode* child = element.GetChildren(); child; child = child->GetNext())
+        translate(*child);
+}
+
 wxString templateName(int templateId)
 {
     return wxString::Format("%d", templateId);
@@ -110,7 +123,10 @@ bool EmbeddedResources::readTemplate(int templateId) const
     }
     wxMemoryInputStream stream(file->data, file->size);
     auto document = std::make_unique<wxXmlDocument>();
-    if (!document->Load(stream) || !m_templates->LoadDocument(document.release(), fileName))
+    if (!document->Load(stream))
+        return false;
+    translate(*document->GetRoot());
+    if (!m_templates->LoadDocument(document.release(), fileName))
         return false;
     m_loadedTemplates.insert(templateId);
     return true;
@@ -130,7 +146,7 @@ bool EmbeddedResources::loadForm(wxPanel& form, wxWindow* parent, int templateId
 
 wxString EmbeddedResources::string(int id) const
 {
-    return wxString::FromUTF8(resources::stringText(id));
+    return translatedLabel(resources::stringText(id));
 }
 
 wxBitmapBundle EmbeddedResources::bitmap(int id) const

@@ -1,5 +1,6 @@
 #include "frame/MessageDialog.h"
 #include "frame/ControlId.h"
+#include "frame/Translation.h"
 
 #include "frame/DialogBase.h"
 
@@ -48,11 +49,11 @@ public:
         body->Add(message, 1, wxALIGN_CENTRE_VERTICAL);
         auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
         buttons->AddStretchSpacer();
-        auto* const ok = new wxButton(this, idOk, "&OK");
+        auto* const ok = new wxButton(this, idOk, translatedLabel("&OK"));
         ok->SetDefault();
         buttons->Add(ok);
         if (cancel)
-            buttons->Add(new wxButton(this, idCancel, "&Cancel"), 0, wxLEFT, gap / 2);
+            buttons->Add(new wxButton(this, idCancel, translatedLabel("&Cancel")), 0, wxLEFT, gap / 2);
         auto* const all = new wxBoxSizer(wxVERTICAL);
         all->Add(body, 1, wxEXPAND | wxALL, gap);
         all->Add(buttons, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, gap);

@@ -6,6 +6,7 @@
 #include "frame/ModuleState.h"
 #include "frame/ResourceSet.h"
 #include "frame/Toolkit.h"
+#include "frame/Translation.h"
 
 #include <cmath>
 
@@ -58,7 +59,7 @@ void GougeCheckDialog::DoDataExchange(CDataExchange* exchange)
         exchange->check(line.checkId, m_form.*line.checked);
         exchange->number(line.clearanceId, m_form.*line.clearance);
         if (exchange->m_bSaveAndValidate && !std::isfinite(m_form.*line.clearance))
-            exchange->fail(line.clearanceId, "Please enter a number.");
+            exchange->fail(line.clearanceId, translatedLabel("Please enter a number."));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "frame/ModuleState.h"
 #include "frame/NativeToolkit.h"
 #include "frame/ResourceSet.h"
+#include "frame/Translation.h"
 
 #include <wx/gauge.h>
 #include <wx/stattext.h>
@@ -62,10 +63,11 @@ void setUpProgressWindow(DialogBase& dialog, mfcutil::CTransparentImage* picture
     if (picture)
     {
         picture->setPicture(currentResources().bitmap(isTurning(templateId) ? turningPicture : millingPicture));
-        native::setAccessibleName(*picture, isTurning(templateId) ? "Turning" : "Milling");
+        native::setAccessibleName(*picture,
+                                  isTurning(templateId) ? translatedLabel("Turning") : translatedLabel("Milling"));
     }
     if (wxWindow* const bar = dialog.control(progressIds::bar))
-        native::setAccessibleName(*bar, "Progress");
+        native::setAccessibleName(*bar, translatedLabel("Progress"));
 }
 
 } // namespace TessaronResources

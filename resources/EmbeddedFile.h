@@ -2,6 +2,7 @@
 #define RESOURCES_EMBEDDEDFILE_H
 
 #include <cstddef>
+#include <span>
 #include <string_view>
 
 namespace TessaronResources::resources
@@ -19,6 +20,8 @@ struct EmbeddedFile
 
 /// The embedded file of a name, such as "dialog1000.xrc"; null when there is none.
 const EmbeddedFile* findEmbeddedFile(std::string_view name);
+
+std::span<const EmbeddedFile> embeddedFiles();
 
 } // namespace TessaronResources::resources
 

@@ -1,4 +1,5 @@
 #include "templates/EmptyGridHint.h"
+#include "frame/Translation.h"
 
 #include <wx/grid.h>
 #include <wx/stattext.h>
@@ -26,10 +27,10 @@ void EmptyGridHint::update(bool filtered)
                                   wxALIGN_CENTRE_HORIZONTAL);
         applyLook();
     }
-    m_text->SetLabel(filtered ? "No template here matches the current tool.\n"
-                                "The preferences say which templates are displayed."
-                              : "There are no templates in this folder yet.\n"
-                                "Save an operation as a template, or import some.");
+    m_text->SetLabel(filtered ? translatedLabel("No template here matches the current tool.\n"
+                                                "The preferences say which templates are displayed.")
+                              : translatedLabel("There are no templates in this folder yet.\n"
+                                                "Save an operation as a template, or import some."));
     const wxSize space = window->GetClientSize();
     const wxSize size = m_text->GetBestSize();
     m_text->SetSize(std::max(0, (space.x - size.x) / 2), std::max(0, (space.y - size.y) / 3), size.x, size.y);

@@ -1,5 +1,6 @@
 #include "templates/GridColumnInfo.h"
 
+#include "frame/Translation.h"
 #include "templates/LocalTime.h"
 
 #include <boost/make_shared.hpp>
@@ -80,7 +81,7 @@ void GridColumnInfo::setupCell(TemplateCells& grid, int row, const util::Paramet
 
 void GridColumnInfo::setupHeading(TemplateCells& grid, std::uint32_t textColour, std::uint32_t backColour) const
 {
-    grid.setHeading(index, m_definition.title, m_definition.width, headingFont, textColour, backColour);
+    grid.setHeading(index, translated(m_definition.title), m_definition.width, headingFont, textColour, backColour);
 }
 
 std::string GridColumnInfoDouble::formatValue(const util::Parameterized::Value* value) const

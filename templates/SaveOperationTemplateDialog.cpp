@@ -2,6 +2,7 @@
 
 #include "frame/DataExchange.h"
 #include "frame/MessageDialog.h"
+#include "frame/Translation.h"
 #include "templates/TemplateSession.h"
 
 #include <wx/combobox.h>
@@ -56,7 +57,7 @@ void SaveOperationTemplateDialog::OnOK()
     typed.Trim(true).Trim(false);
     if (typed.empty())
     {
-        showMessage(this, GetTitle(), "Please enter a name for the template.", MessageKind::warning);
+        showMessage(this, GetTitle(), translatedLabel("Please enter a name for the template."), MessageKind::warning);
         if (combo)
             combo->SetFocus();
         return;

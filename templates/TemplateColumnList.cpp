@@ -1,4 +1,5 @@
 #include "templates/TemplateColumnList.h"
+#include "frame/Translation.h"
 
 #include <cstddef>
 #include <utility>
@@ -10,7 +11,7 @@ TemplateColumnList::TemplateColumnList(const std::vector<util::TemplateColumn>& 
     : m_definitions(definitions)
 {
     for (const util::TemplateColumn& definition : definitions)
-        m_items.push_back({definition.title, static_cast<int>(m_items.size()), definition.shown});
+        m_items.push_back({translated(definition.title), static_cast<int>(m_items.size()), definition.shown});
 }
 
 void TemplateColumnList::setShown(int item, bool shown)

@@ -1,4 +1,5 @@
 #include "templates/TemplateColumnsDialog.h"
+#include "frame/Translation.h"
 
 #include <wx/button.h>
 #include <wx/checklst.h>
@@ -30,8 +31,8 @@ bool TemplateColumnsDialog::OnInitDialog()
     m_list = dynamic_cast<wxCheckListBox*>(control(listId));
     if (!m_list)
         return true;
-    setImage(upId, upBitmap, "Move up");
-    setImage(downId, downBitmap, "Move down");
+    setImage(upId, upBitmap, translatedLabel("Move up"));
+    setImage(downId, downBitmap, translatedLabel("Move down"));
     for (unsigned k = 0; k < m_columns.items().size(); ++k)
     {
         m_list->Append(wxEmptyString);

@@ -2,6 +2,7 @@
 
 #include "engine/TemplateStore.h"
 #include "exchange/StatusTable.h"
+#include "frame/Translation.h"
 #include "util/Keys.h"
 
 #include <array>
@@ -36,44 +37,46 @@ struct DefaultColumn
 };
 
 constexpr std::array<DefaultColumn, 26> millingColumns = {{
-    {"Name", keys::templateName, type::text, "%s", 96, noList},
-    {"Part Material", keys::partMaterialType, type::list, "%d", 96, &Expert::partMaterials},
-    {"Material", keys::material, type::text, "%s", 96, noList},
-    {"Hardness", keys::partMaterialHardness, type::real, "%g", 96, noList},
-    {"Tool Diameter", keys::toolDiameter, type::real, "%g", 96, noList},
-    {"Tool Corner Radius", keys::toolCornerRadius, type::real, "%g", 96, noList, "Tool Lower Radius"},
-    {"Tool Num Flutes", keys::toolNumFlutes, type::integer, "%d", 96, noList, "Flutes"},
-    {"Tool Length of Cut", keys::toolLengthOfCut, type::real, "%g", 96, noList, "Flute Length", &keys::toolFlutLength},
-    {"High Feed Rate", keys::highFeedrate, type::real, "%g", 96, noList, "Traversal Rate"},
-    {"Tool Stick Out Length", keys::toolStickOutLength, type::real, "%g", 96, noList},
-    {"Tool Holder", keys::toolHolderType, type::list, "%d", 96, &Expert::toolHolders},
-    {"Machine Tool", keys::machineTool, type::text, "%s", 96, noList},
-    {"Description", keys::templateDescription, type::text, "%s", 128, noList},
-    {"Comments", keys::templateComments, type::text, "%s", 128, noList},
-    {"Machine Taper", keys::machineTaperType, type::list, "%d", 96, &Expert::machineTapers},
-    {"Hardness Scale", keys::partMaterialHardnessType, type::list, "%d", 96, &Expert::hardnessScales},
-    {"Part Holding", keys::partHoldingType, type::list, "%d", 96, &Expert::partHoldings},
-    {"Tool Coating", keys::toolCoatingType, type::list, "%d", 96, &Expert::toolCoatings},
-    {"Recommendations", keys::aggressivenessType, type::list, "%d", 156, &Expert::aggressivenesses},
-    {"XY Rapid Feed Rate", keys::xyRapidFeedRate, type::real, "%g", 96, noList},
-    {"Z Rapid Feed Rate", keys::zRapidFeedRate, type::real, "%g", 96, noList},
-    {"Maximum Spindle Speed", keys::maximumSpindleSpeed, type::integer, "%d", 96, noList},
-    {"Maximum Feed Rate", keys::maximumFeedrate, type::real, "%g", 96, noList},
-    {"Date Modified", keys::templateDateModified, type::date, dateFormat, 130, noList},
-    {"Date Created", keys::templateDateCreated, type::date, dateFormat, 130, noList},
-    {"Rating", keys::templateRating, type::rating, "%g", 96, noList},
+    {translatable("Name"), keys::templateName, type::text, "%s", 96, noList},
+    {translatable("Part Material"), keys::partMaterialType, type::list, "%d", 96, &Expert::partMaterials},
+    {translatable("Material"), keys::material, type::text, "%s", 96, noList},
+    {translatable("Hardness"), keys::partMaterialHardness, type::real, "%g", 96, noList},
+    {translatable("Tool Diameter"), keys::toolDiameter, type::real, "%g", 96, noList},
+    {translatable("Tool Corner Radius"), keys::toolCornerRadius, type::real, "%g", 96, noList,
+     translatable("Tool Lower Radius")},
+    {translatable("Tool Num Flutes"), keys::toolNumFlutes, type::integer, "%d", 96, noList, translatable("Flutes")},
+    {translatable("Tool Length of Cut"), keys::toolLengthOfCut, type::real, "%g", 96, noList,
+     translatable("Flute Length"), &keys::toolFlutLength},
+    {translatable("High Feed Rate"), keys::highFeedrate, type::real, "%g", 96, noList, translatable("Traversal Rate")},
+    {translatable("Tool Stick Out Length"), keys::toolStickOutLength, type::real, "%g", 96, noList},
+    {translatable("Tool Holder"), keys::toolHolderType, type::list, "%d", 96, &Expert::toolHolders},
+    {translatable("Machine Tool"), keys::machineTool, type::text, "%s", 96, noList},
+    {translatable("Description"), keys::templateDescription, type::text, "%s", 128, noList},
+    {translatable("Comments"), keys::templateComments, type::text, "%s", 128, noList},
+    {translatable("Machine Taper"), keys::machineTaperType, type::list, "%d", 96, &Expert::machineTapers},
+    {translatable("Hardness Scale"), keys::partMaterialHardnessType, type::list, "%d", 96, &Expert::hardnessScales},
+    {translatable("Part Holding"), keys::partHoldingType, type::list, "%d", 96, &Expert::partHoldings},
+    {translatable("Tool Coating"), keys::toolCoatingType, type::list, "%d", 96, &Expert::toolCoatings},
+    {translatable("Recommendations"), keys::aggressivenessType, type::list, "%d", 156, &Expert::aggressivenesses},
+    {translatable("XY Rapid Feed Rate"), keys::xyRapidFeedRate, type::real, "%g", 96, noList},
+    {translatable("Z Rapid Feed Rate"), keys::zRapidFeedRate, type::real, "%g", 96, noList},
+    {translatable("Maximum Spindle Speed"), keys::maximumSpindleSpeed, type::integer, "%d", 96, noList},
+    {translatable("Maximum Feed Rate"), keys::maximumFeedrate, type::real, "%g", 96, noList},
+    {translatable("Date Modified"), keys::templateDateModified, type::date, dateFormat, 130, noList},
+    {translatable("Date Created"), keys::templateDateCreated, type::date, dateFormat, 130, noList},
+    {translatable("Rating"), keys::templateRating, type::rating, "%g", 96, noList},
 }};
 
 constexpr std::array<DefaultColumn, 9> turningColumns = {{
-    {"Name", keys::templateName, type::text, "%s", 96, noList},
-    {"Insert Shape", keys::toolInsertShape, type::text, "%s", 96, noList},
-    {"Nose Radius", keys::toolNoseRadius, type::real, "%g", 96, noList},
-    {"Machine Tool", keys::machineTool, type::text, "%s", 96, noList},
-    {"Description", keys::templateDescription, type::text, "%s", 128, noList},
-    {"Comments", keys::templateComments, type::text, "%s", 128, noList},
-    {"Date Modified", keys::templateDateModified, type::date, dateFormat, 130, noList},
-    {"Date Created", keys::templateDateCreated, type::date, dateFormat, 130, noList},
-    {"Rating", keys::templateRating, type::rating, "%g", 96, noList},
+    {translatable("Name"), keys::templateName, type::text, "%s", 96, noList},
+    {translatable("Insert Shape"), keys::toolInsertShape, type::text, "%s", 96, noList},
+    {translatable("Nose Radius"), keys::toolNoseRadius, type::real, "%g", 96, noList},
+    {translatable("Machine Tool"), keys::machineTool, type::text, "%s", 96, noList},
+    {translatable("Description"), keys::templateDescription, type::text, "%s", 128, noList},
+    {translatable("Comments"), keys::templateComments, type::text, "%s", 128, noList},
+    {translatable("Date Modified"), keys::templateDateModified, type::date, dateFormat, 130, noList},
+    {translatable("Date Created"), keys::templateDateCreated, type::date, dateFormat, 130, noList},
+    {translatable("Rating"), keys::templateRating, type::rating, "%g", 96, noList},
 }};
 
 util::TemplateColumn makeColumn(const DefaultColumn& row, bool titleVariant, const Expert& expertData)
@@ -133,7 +136,7 @@ DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind,
     int code = util::getTechnologyExpertData(&expertData);
     if (code != status::ok)
     {
-        user.showError(exchange::statusText(code));
+        user.showError(translated(exchange::statusText(code)));
         return DefinitionsState::failed;
     }
     DefinitionsState state = DefinitionsState::loaded;
@@ -148,7 +151,7 @@ DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind,
     else if (code != status::ok)
         state = DefinitionsState::failed;
     if (code != status::ok)
-        user.showError(exchange::statusText(code));
+        user.showError(translated(exchange::statusText(code)));
     return state;
 }
 

@@ -1,6 +1,7 @@
 #ifndef TEMPLATES_TEMPLATEFIND_H
 #define TEMPLATES_TEMPLATEFIND_H
 
+#include "frame/Translation.h"
 #include "templates/GridColumnInfo.h"
 #include "templates/TemplateRows.h"
 
@@ -50,7 +51,8 @@ private:
     std::vector<std::string> m_history;
 };
 
-inline constexpr const char* templateNotFoundText = "Template Manager cannot find data you're searching for.";
+inline constexpr const char* templateNotFoundText =
+    translatable("Template Manager cannot find data you're searching for.");
 
 } // namespace TessaronResources
 

@@ -1,4 +1,5 @@
 #include "templates/TemplateGridTable.h"
+#include "frame/Translation.h"
 
 #include <utility>
 
@@ -52,7 +53,7 @@ void TemplateGridTable::SetValue(int row, int col, const wxString& value)
 
 wxString TemplateGridTable::GetColLabelValue(int col)
 {
-    return col >= 0 && col < GetNumberCols() ? wxString::FromUTF8(column(col).definition().title) : wxString();
+    return col >= 0 && col < GetNumberCols() ? translatedLabel(column(col).definition().title.c_str()) : wxString();
 }
 
 } // namespace TessaronResources

@@ -3,6 +3,7 @@
 #include "frame/ModuleState.h"
 #include "frame/NativeToolkit.h"
 #include "frame/ResourceSet.h"
+#include "frame/Translation.h"
 #include "frame/VisualManager.h"
 #include "frame/VisualThemes.h"
 #include "templates/GridPlace.h"
@@ -81,10 +82,10 @@ bool TemplateManagerFormView::makeControls()
     {
         for (int theme = 0; theme < visualThemeCount; ++theme)
             themes->Append(visualThemeName(theme));
-        native::setAccessibleName(*themes, "Theme");
+        native::setAccessibleName(*themes, translatedLabel("Theme"));
     }
     if (wxWindow* const accept = FindWindow(acceptId))
-        accept->SetLabel(m_inputs.saving ? "Save" : "Apply");
+        accept->SetLabel(m_inputs.saving ? translatedLabel("Save") : translatedLabel("Apply"));
     // Without an operation to name, the fields would only raise questions.
     for (const int id : {nameLabelId, nameId})
         if (wxWindow* const control = FindWindow(id))
@@ -278,10 +279,10 @@ bool TemplateManagerFormView::onCommand(int command)
         exportTemplates();
         return true;
     case templateCommand::sortAZ:
-        m_user.showError("Sorting A-Z is not implemented yet.");
+        m_user.showError(translated("Sorting A-Z is not implemented yet."));
         return true;
     case templateCommand::sortZA:
-        m_user.showError("Sorting Z-A is not implemented yet.");
+        m_user.showError(translated("Sorting Z-A is not implemented yet."));
         return true;
     default:
         return false;
@@ -311,8 +312,9 @@ void TemplateManagerFormView::deleteSelected()
 void TemplateManagerFormView::deleteByKey()
 {
     const std::size_t count = m_grid->selectedRows().size();
-    if (count > 0 && m_user.askOkCancel(count == 1 ? "Delete the selected template?"
-                                                   : "Delete the " + std::to_string(count) + " selected templates?"))
+    if (count > 0 &&
+        m_user.askOkCancel(count == 1 ? translated("Delete the selected template?")
+                                      : translatedWith("Delete the %s selected templates?", std::to_string(count))))
         deleteSelected();
 }
 
@@ -421,7 +423,7 @@ void TemplateManagerFormView::searchNext(const std::string& text)
 {
     m_searched = text;
     if (m_grid->findNext(text) == TemplateFind::Result::notFound)
-        m_user.showError(templateNotFoundText);
+        m_user.showError(translated(templateNotFoundText));
 }
 
 } // namespace TessaronResources

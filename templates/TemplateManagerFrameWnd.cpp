@@ -2,6 +2,7 @@
 
 #include "frame/ModuleState.h"
 #include "frame/ResourceSet.h"
+#include "frame/Translation.h"
 #include "frame/VisualManager.h"
 #include "templates/TemplateManagerFormView.h"
 #include "templates/TemplateManagerRibbon.h"
@@ -24,7 +25,7 @@ constexpr int smallestHeight = 400;
 } // namespace
 
 TemplateManagerFrameWnd::TemplateManagerFrameWnd(wxWindow* owner, const TemplateManagerInputs& inputs)
-    : wxFrame(owner, wxID_ANY, "Operation Template Manager", wxDefaultPosition, wxDefaultSize,
+    : wxFrame(owner, wxID_ANY, translatedLabel("Operation Template Manager"), wxDefaultPosition, wxDefaultSize,
               wxDEFAULT_FRAME_STYLE | (owner ? wxFRAME_FLOAT_ON_PARENT : 0)),
       m_form(new TemplateManagerFormView(*this, inputs))
 {

@@ -1,6 +1,7 @@
 #include "templates/TemplateManagerGrid.h"
 
 #include "frame/NativeToolkit.h"
+#include "frame/Translation.h"
 #include "frame/VisualManager.h"
 #include "templates/GridFont.h"
 #include "templates/GridPlace.h"
@@ -41,7 +42,7 @@ TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSessi
     EnableDragColMove();
     DisableHidingColumns();
     SetTabBehaviour(Tab_Leave);
-    native::setAccessibleName(*this, "Templates");
+    native::setAccessibleName(*this, translatedLabel("Templates"));
 
     Bind(wxEVT_GRID_COL_SORT,
          [this](wxGridEvent& event)

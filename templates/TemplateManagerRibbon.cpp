@@ -4,6 +4,7 @@
 #include "frame/NativeToolkit.h"
 #include "frame/ResourceSet.h"
 #include "frame/RibbonArt.h"
+#include "frame/Translation.h"
 #include "frame/VisualManager.h"
 #include "templates/TemplateManagerIds.h"
 
@@ -45,12 +46,18 @@ struct RibbonButton
 };
 
 const RibbonButton buttons[] = {
-    {"Sorting", templateCommand::sortAscending, "", smallImages, 1, "Sort by the current column, smallest first"},
-    {"Sorting", templateCommand::sortDescending, "", smallImages, 2, "Sort by the current column, largest first"},
-    {"Sorting", templateCommand::sort, "Sort", largeImages, 0, "Sort by several columns"},
-    {"Search", templateCommand::find, "&Find", largeImages, 2, "Find a text in the grid (Ctrl+F)"},
-    {"Sharing", templateCommand::importTemplates, "&Import", largeImages, 4, "Take templates in from files"},
-    {"Sharing", templateCommand::exportTemplates, "&Export", largeImages, 3, "Write these templates into a file"},
+    {translatable("Sorting"), templateCommand::sortAscending, "", smallImages, 1,
+     translatable("Sort by the current column, smallest first")},
+    {translatable("Sorting"), templateCommand::sortDescending, "", smallImages, 2,
+     translatable("Sort by the current column, largest first")},
+    {translatable("Sorting"), templateCommand::sort, translatable("Sort"), largeImages, 0,
+     translatable("Sort by several columns")},
+    {translatable("Search"), templateCommand::find, translatable("&Find"), largeImages, 2,
+     translatable("Find a text in the grid (Ctrl+F)")},
+    {translatable("Sharing"), templateCommand::importTemplates, translatable("&Import"), largeImages, 4,
+     translatable("Take templates in from files")},
+    {translatable("Sharing"), templateCommand::exportTemplates, translatable("&Export"), largeImages, 3,
+     translatable("Write these templates into a file")},
 };
 
 wxBitmap imageOf(const ImageList& list, int index, const wxWindow& window)
@@ -71,26 +78,26 @@ TemplateManagerRibbon::TemplateManagerRibbon(wxWindow* parent)
     SetTabCtrlMargins(0, FromDIP(20));
     applyLook();
     SetActivePage(1);
-    native::setAccessibleName(*this, "Ribbon");
+    native::setAccessibleName(*this, translatedLabel("Ribbon"));
     Bind(wxEVT_RIBBONBAR_PAGE_CHANGING, &TemplateManagerRibbon::onPageChanging, this);
 }
 
 void TemplateManagerRibbon::addApplicationButton()
 {
-    new wxRibbonPage(this, applicationTabId, "File");
+    new wxRibbonPage(this, applicationTabId, translatedLabel("File"));
 }
 
 void TemplateManagerRibbon::addHome()
 {
-    auto* const home = new wxRibbonPage(this, wxID_ANY, "Home");
+    auto* const home = new wxRibbonPage(this, wxID_ANY, translatedLabel("Home"));
     wxRibbonPanel* panel = nullptr;
     wxRibbonButtonBar* bar = nullptr;
     for (const RibbonButton& button : buttons)
     {
-        if (!panel || panel->GetLabel() != button.panel)
+        if (!panel || panel->GetLabel() != translatedLabel(button.panel))
         {
-            panel = new wxRibbonPanel(home, wxID_ANY, button.panel, wxNullBitmap, wxDefaultPosition, wxDefaultSize,
-                                      wxRIBBON_PANEL_NO_AUTO_MINIMISE);
+            panel = new wxRibbonPanel(home, wxID_ANY, translatedLabel(button.panel), wxNullBitmap, wxDefaultPosition,
+                                      wxDefaultSize, wxRIBBON_PANEL_NO_AUTO_MINIMISE);
             bar = new wxRibbonButtonBar(panel);
         }
         const bool isSmall = &button.images == &smallImages;
@@ -98,8 +105,9 @@ void TemplateManagerRibbon::addHome()
         // The bar wants both sizes of every button, also of one that it only ever shows small.
         const ImageList other{button.images.id, isSmall ? largeImages.edge : smallImages.edge, button.images.count};
         const wxBitmap otherImage = imageOf(other, button.image, *this);
-        bar->AddButton(button.command, wxStripMenuCodes(button.caption), isSmall ? otherImage : image,
-                       isSmall ? image : otherImage, wxNullBitmap, wxNullBitmap, wxRIBBON_BUTTON_NORMAL, button.help);
+        bar->AddButton(button.command, wxStripMenuCodes(translatedLabel(button.caption)), isSmall ? otherImage : image,
+                       isSmall ? image : otherImage, wxNullBitmap, wxNullBitmap, wxRIBBON_BUTTON_NORMAL,
+                       translatedLabel(button.help));
         if (isSmall)
         {
             // The toolkit's art draws a small picture with its caption beside it, which is empty here; of a button of
@@ -145,11 +153,11 @@ void TemplateManagerRibbon::showApplicationMenu()
         int command;
         const char* caption;
         int image;
-    } entries[] = {{templateCommand::preferences, "Preferences", preferencesImage},
-                   {templateCommand::exit, "Exit", exitImage}};
+    } entries[] = {{templateCommand::preferences, translatable("Preferences"), preferencesImage},
+                   {templateCommand::exit, translatable("Exit"), exitImage}};
     for (const auto& entry : entries)
     {
-        auto* const item = new wxMenuItem(&menu, entry.command, entry.caption);
+        auto* const item = new wxMenuItem(&menu, entry.command, translatedLabel(entry.caption));
         item->SetBitmap(imageOf(smallImages, entry.image, *this));
         menu.Append(item);
     }

@@ -1,5 +1,6 @@
 #include "templates/TemplateMatch.h"
 
+#include "frame/Translation.h"
 #include "util/Keys.h"
 
 #include <algorithm>
@@ -29,7 +30,8 @@ bool sameReal(const util::Parameterized& a, const util::Parameterized& b, const 
 
 const std::vector<std::string>& matchFilterTexts()
 {
-    static const std::vector<std::string> texts = {"All templates", "Same tool diameter", "Same tool"};
+    static const std::vector<std::string> texts = {translated("All templates"), translated("Same tool diameter"),
+                                                   translated("Same tool")};
     return texts;
 }
 

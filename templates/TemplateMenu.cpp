@@ -1,4 +1,5 @@
 #include "templates/TemplateMenu.h"
+#include "frame/Translation.h"
 
 #include <cstddef>
 
@@ -12,13 +13,13 @@ std::vector<TemplateMenuItem> templateMenu(const std::vector<util::TemplateColum
     {
         const int place = static_cast<int>(items.size());
         // The name column cannot be hidden.
-        items.push_back({templateMenuId::firstColumn + place, column.title, true, column.shown, place > 0});
+        items.push_back({templateMenuId::firstColumn + place, translated(column.title), true, column.shown, place > 0});
     }
     const TemplateMenuItem separator;
     items.push_back(separator);
-    items.push_back({templateMenuId::configure, "Configure..."});
+    items.push_back({templateMenuId::configure, translated("Configure...")});
     items.push_back(separator);
-    items.push_back({templateMenuId::remove, "Delete", false, false, hasSelection});
+    items.push_back({templateMenuId::remove, translated("Delete"), false, false, hasSelection});
     return items;
 }
 

@@ -2,6 +2,7 @@
 
 #include "frame/DataExchange.h"
 #include "frame/NativeLoop.h"
+#include "frame/Translation.h"
 #include "templates/GridFont.h"
 #include "templates/TemplateMatch.h"
 
@@ -67,7 +68,7 @@ void TemplatePreferencesDialog::DoDataExchange(CDataExchange* exchange)
 void TemplatePreferencesDialog::chooseFolder()
 {
     UpdateData(true);
-    wxDirDialog dialog(this, "Template Path", m_folder);
+    wxDirDialog dialog(this, translatedLabel("Template Path"), m_folder);
     if (native::runModal(dialog) != wxID_OK)
         return;
     m_folder = dialog.GetPath();

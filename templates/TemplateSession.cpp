@@ -2,6 +2,7 @@
 
 #include "engine/TemplateStore.h"
 #include "exchange/StatusTable.h"
+#include "frame/Translation.h"
 #include "util/Keys.h"
 
 #include <algorithm>
@@ -21,11 +22,11 @@ namespace status = exchange::status;
 constexpr const char* nameWithoutGenerator = "TEMPL";
 constexpr std::size_t mostFilesNamed = 12; // for each kind of fault, so that the message fits a screen
 constexpr const char* unsavedEditsText =
-    "Some templates have changes that have not been saved.\nDo you want to save them?";
+    translatable("Some templates have changes that have not been saved.\nDo you want to save them?");
 
 std::string replaceQuestion(const std::string& name)
 {
-    return name + " already exists. Do you want to replace it?";
+    return translatedWith("%s already exists. Do you want to replace it?", name);
 }
 
 std::string folderOf(const std::string& path)
@@ -68,7 +69,7 @@ TemplateSession::TemplateSession(int kind, int selector, std::string folder, uti
 
 void TemplateSession::report(int code, const std::string& detail)
 {
-    m_user.showError(exchange::statusText(code) + detail);
+    m_user.showError(translated(exchange::statusText(code)) + detail);
 }
 
 DefinitionsState TemplateSession::open(bool titleVariant)
@@ -108,13 +109,13 @@ void TemplateSession::reportListing(int code)
     std::string text;
     for (const auto& [fault, paths] : unknown)
     {
-        text += (text.empty() ? "" : "\n") + exchange::statusText(fault);
+        text += (text.empty() ? "" : "\n") + translated(exchange::statusText(fault));
         const std::size_t named = paths.size() > mostFilesNamed ? mostFilesNamed - 1 : paths.size();
         for (std::size_t i = 0; i < named; ++i)
             if (paths[i] != kindFolder())
-                text += "\n Template: " + paths[i];
+                text += translated("\n Template: ") + paths[i];
         if (named < paths.size())
-            text += "\n and " + std::to_string(paths.size() - named) + " more";
+            text += translatedWith("\n and %s more", std::to_string(paths.size() - named));
     }
     if (!text.empty())
         m_user.showError(text);
@@ -189,7 +190,7 @@ bool TemplateSession::importFile(const std::string& path, std::vector<util::Para
     else
         code = util::loadTemplateArrayFile(path, &templates);
     if (code != status::ok)
-        report(code, (isSingle ? "\n Template: " : "\n Template Array: ") + path);
+        report(code, (isSingle ? translated("\n Template: ") : translated("\n Template Array: ")) + path);
     return code == status::ok;
 }
 
@@ -211,7 +212,7 @@ std::size_t TemplateSession::importTemplates()
             const std::string name = nameOf(set);
             const int code = util::saveTemplateFile(util::templatePath(kindFolder(), name), false, &set);
             if (code != status::ok)
-                report(code, "\n Template: " + name);
+                report(code, translated("\n Template: ") + name);
             else
                 ++saved;
         }
@@ -231,7 +232,7 @@ bool TemplateSession::exportTemplates(const std::vector<std::size_t>& rows)
         templates.push_back(m_rows.at(row));
     const int code = util::saveTemplateArrayFile(path, templates);
     if (code != status::ok)
-        report(code, "\n Template: " + path);
+        report(code, translated("\n Template: ") + path);
     return code == status::ok;
 }
 
@@ -286,7 +287,7 @@ bool TemplateSession::storeEdits()
 
 bool TemplateSession::settleEdits()
 {
-    return !m_rows.hasEdits() || !m_user.askOkCancel(unsavedEditsText) || storeEdits();
+    return !m_rows.hasEdits() || !m_user.askOkCancel(translated(unsavedEditsText)) || storeEdits();
 }
 
 void TemplateSession::applyTemplate(std::size_t row, util::Parameterized& result) const
@@ -318,7 +319,7 @@ bool TemplateSession::saveCurrent(const std::string& name, util::Parameterized* 
         report(code);
         return false;
     }
-    m_user.showMessage("The template saved with name: " + nameOf(set));
+    m_user.showMessage(translated("The template saved with name: ") + nameOf(set));
     if (result)
         *result = std::move(set);
     return true;

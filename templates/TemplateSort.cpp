@@ -1,5 +1,6 @@
 #include "templates/TemplateSort.h"
 
+#include "frame/Translation.h"
 #include "templates/FoldCase.h"
 
 #include <algorithm>
@@ -197,8 +198,9 @@ std::vector<std::size_t> sortedOrder(const TemplateRows& rows, const std::vector
 
 const std::array<std::string, 2>& sortOrderTexts(int columnType)
 {
-    static const std::array<std::string, 2> numbers = {"Smallest to Largest", "Largest to Smallest"};
-    static const std::array<std::string, 2> texts = {"A to Z", "Z to A"};
+    static const std::array<std::string, 2> numbers = {translated("Smallest to Largest"),
+                                                       translated("Largest to Smallest")};
+    static const std::array<std::string, 2> texts = {translated("A to Z"), translated("Z to A")};
     return columnType == type::integer || columnType == type::real ? numbers : texts;
 }
 
@@ -211,16 +213,16 @@ TemplateSortLevels::TemplateSortLevels(const std::vector<util::TemplateColumn>& 
                    m_levels.end());
 }
 
-const char* TemplateSortLevels::caption(std::size_t level)
+std::string TemplateSortLevels::caption(std::size_t level)
 {
-    return level == 0 ? "Sort by" : "Then by";
+    return level == 0 ? translated("Sort by") : translated("Then by");
 }
 
 std::vector<std::string> TemplateSortLevels::columnTitles() const
 {
     std::vector<std::string> titles;
     for (const util::TemplateColumn& column : m_columns)
-        titles.push_back(column.title);
+        titles.push_back(translated(column.title));
     return titles;
 }
 

@@ -33,7 +33,7 @@ public:
 
     const std::vector<util::TemplateSortLevel>& levels() const { return m_levels; }
     /// "Sort by" for the first level, "Then by" for the others.
-    static const char* caption(std::size_t level);
+    static std::string caption(std::size_t level);
     /// The titles offered in the column cell, in definition order.
     std::vector<std::string> columnTitles() const;
     /// The place of a level's column among the titles.

@@ -1,5 +1,6 @@
 #include "templates/TemplateSortDialog.h"
 
+#include "frame/Translation.h"
 #include "templates/GridPlace.h"
 #include "templates/TemplateSortGrid.h"
 
@@ -36,8 +37,8 @@ bool TemplateSortDialog::OnInitDialog()
     DialogBase::OnInitDialog();
     m_grid = new TemplateSortGrid(this, gridId, m_levels);
     takeOverFrame(*m_grid, control(gridId));
-    setImage(upId, upBitmap, "Move level up");
-    setImage(downId, downBitmap, "Move level down");
+    setImage(upId, upBitmap, translatedLabel("Move level up"));
+    setImage(downId, downBitmap, translatedLabel("Move level down"));
     Bind(
         wxEVT_BUTTON, [this](wxCommandEvent&) { addLevel(); }, addId);
     Bind(

@@ -1,5 +1,7 @@
 #include "templates/TemplateSortGrid.h"
 
+#include "frame/NativeToolkit.h"
+#include "frame/Translation.h"
 #include "frame/VisualManager.h"
 #include "templates/GridPlace.h"
 #include "templates/TemplateGridRenderers.h"
@@ -35,10 +37,11 @@ TemplateSortGrid::TemplateSortGrid(wxWindow* parent, int id, TemplateSortLevels&
     : wxGrid(parent, id), m_levels(levels)
 {
     CreateGrid(0, columnCount, wxGridSelectRows);
-    SetColLabelValue(captionColumn, "Sort");
-    SetColLabelValue(titleColumn, "Column");
-    SetColLabelValue(orderColumn, "Order");
+    SetColLabelValue(captionColumn, translatedLabel("Sort"));
+    SetColLabelValue(titleColumn, translatedLabel("Column"));
+    SetColLabelValue(orderColumn, translatedLabel("Order"));
     HideRowLabels();
+    native::setAccessibleName(*this, translatedLabel("Sort"));
     DisableDragRowSize();
     SetColLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
     SetDefaultRowSize(FromDIP(26));
@@ -71,7 +74,7 @@ void TemplateSortGrid::showLevels(std::size_t selected)
     for (int row = 0; row < count; ++row)
     {
         const auto level = static_cast<std::size_t>(row);
-        SetCellValue(row, captionColumn, TemplateSortLevels::caption(level));
+        SetCellValue(row, captionColumn, wxString::FromUTF8(TemplateSortLevels::caption(level)));
         SetReadOnly(row, captionColumn);
         SetCellEditor(row, titleColumn, new wxGridCellChoiceEditor(titles));
         SetCellValue(row, titleColumn, titles[m_levels.columnOf(level)]);

@@ -1,6 +1,8 @@
 #ifndef TEMPLATES_TEMPLATEUSER_H
 #define TEMPLATES_TEMPLATEUSER_H
 
+#include "frame/Translation.h"
+
 #include <string>
 #include <vector>
 
@@ -36,10 +38,11 @@ public:
     virtual void keepLastFolder(const std::string& folder) = 0;
 };
 
-inline constexpr const char* templateCaption = "Template Manager";
+inline constexpr const char* templateCaption = translatable("Template Manager");
 inline constexpr const char* templateImportFilter =
-    "Template Files (*.vtmpl)|*.vtmpl|XML-files (*.xml)|*.xml|All Files (*.*)|*.*||";
-inline constexpr const char* templateExportFilter = "Template Files (*.vtmpl)|*.vtmpl|All Files (*.*)|*.*||";
+    translatable("Template Files (*.vtmpl)|*.vtmpl|XML-files (*.xml)|*.xml|All Files (*.*)|*.*||");
+inline constexpr const char* templateExportFilter =
+    translatable("Template Files (*.vtmpl)|*.vtmpl|All Files (*.*)|*.*||");
 inline constexpr const char* templateDefaultExtension = "*.vtmpl";
 inline constexpr const char* profileSection = "Halvorsund Technologies, Inc.";
 inline constexpr const char* lastFolderEntry = "LoadXmlDir";

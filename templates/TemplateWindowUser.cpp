@@ -2,6 +2,7 @@
 
 #include "frame/MessageDialog.h"
 #include "frame/NativeLoop.h"
+#include "frame/Translation.h"
 #include "templates/UserProfile.h"
 
 #include <wx/filedlg.h>
@@ -34,27 +35,31 @@ wxString startFolder(const std::string& folder)
 
 void TemplateWindowUser::showError(const std::string& text)
 {
-    ::TessaronResources::showMessage(&m_owner, templateCaption, wxString::FromUTF8(text), MessageKind::error);
+    ::TessaronResources::showMessage(&m_owner, translatedLabel(templateCaption), wxString::FromUTF8(text),
+                                     MessageKind::error);
 }
 
 void TemplateWindowUser::showMessage(const std::string& text)
 {
-    ::TessaronResources::showMessage(&m_owner, templateCaption, wxString::FromUTF8(text), MessageKind::information);
+    ::TessaronResources::showMessage(&m_owner, translatedLabel(templateCaption), wxString::FromUTF8(text),
+                                     MessageKind::information);
 }
 
 bool TemplateWindowUser::askOkCancel(const std::string& text)
 {
-    return ::TessaronResources::askOkCancel(&m_owner, templateCaption, wxString::FromUTF8(text), MessageKind::warning);
+    return ::TessaronResources::askOkCancel(&m_owner, translatedLabel(templateCaption), wxString::FromUTF8(text),
+                                            MessageKind::warning);
 }
 
 bool TemplateWindowUser::askOkCancelError(const std::string& text)
 {
-    return ::TessaronResources::askOkCancel(&m_owner, templateCaption, wxString::FromUTF8(text), MessageKind::error);
+    return ::TessaronResources::askOkCancel(&m_owner, translatedLabel(templateCaption), wxString::FromUTF8(text),
+                                            MessageKind::error);
 }
 
 std::vector<std::string> TemplateWindowUser::chooseImportFiles(const std::string& folder)
 {
-    wxFileDialog dialog(&m_owner, "Import Templates", startFolder(folder), wxEmptyString,
+    wxFileDialog dialog(&m_owner, translatedLabel("Import Templates"), startFolder(folder), wxEmptyString,
                         filterOf(templateImportFilter), wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
     std::vector<std::string> files;
     if (native::runModal(dialog) != wxID_OK)
@@ -68,7 +73,7 @@ std::vector<std::string> TemplateWindowUser::chooseImportFiles(const std::string
 
 std::string TemplateWindowUser::chooseExportFile(const std::string& folder)
 {
-    wxFileDialog dialog(&m_owner, "Export Templates", startFolder(folder), wxEmptyString,
+    wxFileDialog dialog(&m_owner, translatedLabel("Export Templates"), startFolder(folder), wxEmptyString,
                         filterOf(templateExportFilter), wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
     while (native::runModal(dialog) == wxID_OK)
     {
@@ -77,8 +82,8 @@ std::string TemplateWindowUser::chooseExportFile(const std::string& folder)
             return file.GetFullPath().utf8_string();
         // The dialog has asked about the name without the extension only.
         file.SetExt(wxString(templateDefaultExtension).AfterLast('.'));
-        if (!file.FileExists() ||
-            askOkCancel(file.GetFullName().utf8_string() + " already exists. Do you want to replace it?"))
+        if (!file.FileExists() || askOkCancel(translatedWith("%s already exists. Do you want to replace it?",
+                                                             file.GetFullName().utf8_string())))
             return file.GetFullPath().utf8_string();
     }
     return {};

@@ -94,8 +94,8 @@ TEST_F(TemplateSortTest, LevelsAreBuiltAndMoved)
     EXPECT_EQ(levels.add(), 1U);
     EXPECT_EQ(levels.add(), 2U);
     EXPECT_EQ(levels.levels(), (Levels{{"Size", true}, {"Name", false}, {"Count", false}}));
-    EXPECT_STREQ(TemplateSortLevels::caption(0), "Sort by");
-    EXPECT_STREQ(TemplateSortLevels::caption(1), "Then by");
+    EXPECT_EQ(TemplateSortLevels::caption(0), "Sort by");
+    EXPECT_EQ(TemplateSortLevels::caption(1), "Then by");
     EXPECT_EQ(levels.columnOf(2), 2U);
     EXPECT_EQ(levels.columnTitles().front(), "The Name");
     EXPECT_EQ(levels.orderTexts(0)[0], "Smallest to Largest");
