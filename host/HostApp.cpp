@@ -1,15 +1,19 @@
 #include "host/HostFrame.h"
 #include "host/ModuleLibrary.h"
+#include "host/ScratchFolder.h"
 #include "host/Tour.h"
 
 #include <wx/app.h>
 #include <wx/cmdline.h>
+#include <wx/filename.h>
 #include <wx/image.h>
 #include <wx/msgdlg.h>
+#include <wx/stdpaths.h>
 #include <wx/timer.h>
 
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -74,7 +78,7 @@ public:
         if (m_parts.empty())
             for (const char* const sample : samples)
                 m_parts.push_back(m_samples + "/" + sample);
-        auto* const frame = new HostFrame(*m_module, m_samples);
+        auto* const frame = new HostFrame(*m_module, m_samples, templateFolder());
         frame->CentreOnScreen();
         frame->Show();
         if (m_pictures.empty())
@@ -105,6 +109,16 @@ public:
     }
 
 private:
+    // A tour starts without templates, and leaves none.
+    std::string templateFolder()
+    {
+        if (!m_pictures.empty())
+            return m_tourTemplates.emplace().path();
+        const wxString folder = wxStandardPaths::Get().GetUserDataDir() + "/templates";
+        wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+        return folder.utf8_string();
+    }
+
     void runTour(HostFrame& frame)
     {
         try
@@ -123,6 +137,7 @@ private:
     std::string m_samples = TESSARON_SAMPLES;
     std::vector<std::string> m_parts;
     std::string m_pictures;
+    std::optional<ScratchFolder> m_tourTemplates;
     std::unique_ptr<Module> m_module;
     wxTimer m_tourStart;
     bool m_tourFailed = false;

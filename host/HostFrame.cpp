@@ -17,7 +17,6 @@
 #include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
-#include <wx/stdpaths.h>
 #include <wx/toolbar.h>
 #include <wx/utils.h>
 
@@ -63,18 +62,10 @@ private:
     HostFrame& m_frame;
 };
 
-std::string templateFolder()
-{
-    const wxString folder = wxStandardPaths::Get().GetUserDataDir() + "/templates";
-    wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    return folder.utf8_string();
-}
-
 } // namespace
 
-HostFrame::HostFrame(const Module& module, const std::string& samples)
-    : wxFrame(nullptr, wxID_ANY, "Tessaron Host"), m_module(module), m_dialogs(module, templateFolder()),
-      m_samples(samples)
+HostFrame::HostFrame(const Module& module, const std::string& samples, const std::string& templates)
+    : wxFrame(nullptr, wxID_ANY, "Tessaron Host"), m_module(module), m_dialogs(module, templates), m_samples(samples)
 {
     wxIconBundle icons;
     for (const int size : {16, 32, 48, 64})

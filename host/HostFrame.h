@@ -35,8 +35,11 @@ enum class ProgressLook
 class HostFrame : public wxFrame
 {
 public:
-    /// \param samples the folder that the open dialog starts in
-    HostFrame(const Module& module, const std::string& samples);
+    /// \param samples   the folder that the open dialog starts in
+    /// \param templates the folder that holds the operation templates
+    HostFrame(const Module& module, const std::string& samples, const std::string& templates);
+
+    const Module& module() const { return m_module; }
 
     // What the menus do. Failures are told in the bar above the drawing; the calls return whether it went well.
     bool openPart(const std::string& path);

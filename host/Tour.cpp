@@ -4,16 +4,13 @@
 #include "exchange/StatusTable.h"
 #include "host/HostFrame.h"
 #include "host/PartView.h"
+#include "host/ScratchFolder.h"
 #include "host/Screenshot.h"
 #include "util/Keys.h"
 
 #include <wx/app.h>
-#include <wx/checkbox.h>
 #include <wx/evtloop.h>
-#include <wx/filename.h>
-#include <wx/menu.h>
 #include <wx/stopwatch.h>
-#include <wx/textctrl.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 
@@ -32,35 +29,7 @@ constexpr int tickMilliseconds = 10;
 // What the controls of the module's windows go by.
 constexpr int cancelId = 2;
 constexpr int detailsId = 1042;
-constexpr int okId = 1;
-constexpr int chipPercentId = 1040;
-constexpr int chipCalculateId = 3;
-constexpr int gougeHolderId = 2019;
-constexpr int smartLinkTrackId = 1027;
 constexpr double pictureAtPercent = 20;
-
-// A folder that is gone when the tour is over.
-class ScratchFolder
-{
-public:
-    ScratchFolder() : m_path(wxFileName::CreateTempFileName("tessaron-tour-").utf8_string())
-    {
-        std::filesystem::remove(m_path);
-        std::filesystem::create_directory(m_path);
-    }
-    ~ScratchFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    std::string file(const std::string& name) const { return m_path + "/" + name; }
-
-private:
-    std::string m_path;
-};
 
 std::string contentOf(const std::string& path)
 {
@@ -117,7 +86,6 @@ void Tour::settle(int milliseconds)
 
 void Tour::picture(const std::string& name)
 {
-
     wxRect area = m_frame.GetScreenRect();
     const std::string path = format("%s/%02d-%s.png", m_pictures.c_str(), ++m_pictureCount, name.c_str());
     expect(saveScreenshot(area, path), "the picture " + path + " could not be written");
@@ -265,86 +233,6 @@ void Tour::saveAndReadBack()
     std::error_code error;
     say(format("  saved the toolpath and read it back: %zu records, %ju bytes", after.records,
                static_cast<std::uintmax_t>(std::filesystem::file_size(path, error))));
-}
-
-void Tour::useDialog(const wxString& entry, int controlId, const std::function<void(wxTopLevelWindow&)>& act)
-{
-    wxMenuBar* const menus = m_frame.GetMenuBar();
-    const int id = menus->FindMenuItem("Machining", entry + L"\u2026");
-    m_frame.UpdateWindowUI();
-    menus->UpdateMenus();
-    if (id == wxNOT_FOUND || !menus->IsEnabled(id))
-    {
-        expect(false, "the menu has no \"" + entry.utf8_string() + "\"");
-        return;
-    }
-    wxTimer watch;
-    bool acted = false;
-    watch.Bind(wxEVT_TIMER,
-               [&](wxTimerEvent&)
-               {
-                   wxTopLevelWindow* const window = moduleWindow(controlId);
-                   if (acted || !window)
-                       return;
-                   acted = true;
-                   window->CentreOnScreen();
-                   settle(300);
-                   act(*window);
-               });
-    watch.Start(tickMilliseconds);
-    wxCommandEvent chosen(wxEVT_MENU, id);
-    m_frame.ProcessWindowEvent(chosen);
-    watch.Stop();
-    settle();
-    expect(acted, "the window of \"" + entry.utf8_string() + "\" was not seen");
-}
-
-// The dialogs of the module change what the next toolpath is like.
-void Tour::changeParameters()
-{
-    say("Change the parameters of " + m_parts.front());
-    m_frame.setProgressLook(ProgressLook::milling);
-    m_frame.showFromAbove(true);
-    if (!m_frame.openPart(m_parts.front()))
-        return;
-    generate(m_parts.front());
-    const std::size_t before = m_frame.toolpath() ? m_frame.toolpath()->statistics().records : 0;
-    const double stepover = m_frame.part()->number(util::keys::stepover);
-    useDialog("Chip thickness", chipPercentId,
-              [this](wxTopLevelWindow& window)
-              {
-                  auto* const percent = dynamic_cast<wxTextCtrl*>(window.FindWindow(chipPercentId));
-                  expect(percent, "the chip thickness dialog has no field for the stepover in percent");
-                  if (percent)
-                  {
-                      percent->SetFocus();
-                      settle();
-                      percent->SetValue("20");
-                  }
-                  click(window.FindWindow(chipCalculateId));
-                  settle(300);
-                  picture("chip-thickness");
-                  click(window.FindWindow(okId));
-              });
-    const double applied = m_frame.part()->number(util::keys::stepover);
-    generate(m_parts.front());
-    const std::size_t after = m_frame.toolpath() ? m_frame.toolpath()->statistics().records : 0;
-    say(format("  the stepover went from %g to %g mm, the toolpath from %zu to %zu records", stepover, applied, before,
-               after));
-    expect(applied < stepover && after > before, "the applied stepover did not change the toolpath");
-    picture("applied-stepover");
-    useDialog("Gouge check", gougeHolderId,
-              [this](wxTopLevelWindow& window)
-              {
-                  picture("gouge-check");
-                  click(window.FindWindow(okId));
-              });
-    useDialog("SmartLink", smartLinkTrackId,
-              [this](wxTopLevelWindow& window)
-              {
-                  picture("smartlink");
-                  click(window.FindWindow(okId));
-              });
 }
 
 void Tour::meetBadFile(const std::string& path, const std::string& expected)

@@ -16,9 +16,9 @@ namespace host
 
 class HostFrame;
 
-/// Shows what the host can do, without a person: opens parts, generates their toolpaths, cancels, saves, meets bad
-/// files. Takes pictures of the windows and prints what happened. The last part should keep the engine busy for a
-/// second or more: it is the one whose progress is shown and cancelled.
+/// Shows what the host can do, without a person: opens parts, generates their toolpaths, cancels, saves, uses
+/// every dialog, meets bad files. Takes pictures of the windows and prints what happened. The last part should keep the
+/// engine busy for a second or more: it is the one whose progress is shown and cancelled.
 class Tour
 {
 public:
@@ -35,14 +35,25 @@ private:
     void watchThreads();
     void saveAndReadBack();
     void changeParameters();
+    void saveTemplate();
+    void loadTemplate();
+    void showLooks(wxTopLevelWindow& manager);
+    std::size_t recordCount() const;
     void meetBadFiles();
     void meetBadFile(const std::string& path, const std::string& expected);
 
     JobOutcome generate(const std::string& caption);
     /// Generates, and meanwhile calls `act` with the module's progress window when `ready` says so, once.
     JobOutcome generateWatched(const std::function<bool()>& ready, const std::function<void(wxTopLevelWindow&)>& act);
-    /// Chooses an entry of the Machining menu and calls `act` when the module's window with that control has come up.
-    void useDialog(const wxString& entry, int controlId, const std::function<void(wxTopLevelWindow&)>& act);
+    struct DialogStep
+    {
+        int control;
+        std::function<void(wxTopLevelWindow&)> act;
+    };
+    /// Chooses an entry of the Machining menu and takes the steps: each when the module's window with its control has
+    /// come up and takes input.
+    void useDialogs(const wxString& entry, const std::vector<DialogStep>& steps);
+    void useDialog(const wxString& entry, int control, const std::function<void(wxTopLevelWindow&)>& act);
     wxTopLevelWindow* moduleWindow(int controlId) const;
     void click(wxWindow* window);
     /// Lets the windows show what they have to.
