@@ -60,7 +60,7 @@ struct TemplatePreferences
     int matchFilter = 0;             ///< 0: all templates, 1: same tool diameter, 2: same tool
     bool autoSizeColumns = false;    ///< column widths follow the contents
     bool autoSizeRows = true;        ///< row heights follow the contents
-    std::string font;                ///< the toolkit's own description of the grid font; empty: the system's font
+    std::string font;                ///< the toolkit's own description of the grid font; empty: the grid's own
     int theme = -1;                  ///< visual theme of the window; -1: the one the host asked for
 
     bool operator==(const TemplatePreferences& other) const

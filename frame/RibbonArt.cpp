@@ -5,12 +5,15 @@
 #include <wx/dc.h>
 #include <wx/ribbon/art.h>
 #include <wx/ribbon/page.h>
+#include <wx/ribbon/panel.h>
 
 namespace TessaronResources
 {
 
 namespace
 {
+
+constexpr int panelLabelMargin = 7;
 
 // The shades that a ribbon is drawn with.
 struct Shades
@@ -112,6 +115,16 @@ public:
         auto* const copy = new PaletteRibbonArt(m_palette);
         this->CloneTo(copy);
         return copy;
+    }
+
+    wxSize GetPanelSize(wxDC& dc, const wxRibbonPanel* panel, wxSize clientSize, wxPoint* clientOffset) override
+    {
+        // The toolkit makes room for what the panel holds, but not for its name.
+        dc.SetFont(this->GetFont(wxRIBBON_ART_PANEL_LABEL_FONT));
+        const int label = dc.GetTextExtent(panel->GetLabel()).x + 2 * panel->FromDIP(panelLabelMargin);
+        wxSize size = Base::GetPanelSize(dc, panel, clientSize, clientOffset);
+        size.IncTo(wxSize(label, 0));
+        return size;
     }
 
     void DrawTab(wxDC& dc, wxWindow* window, const wxRibbonPageTabInfo& tab) override

@@ -2,6 +2,7 @@
 
 #include "templates/TemplateRows.h"
 
+#include <wx/arrstr.h>
 #include <wx/dc.h>
 #include <wx/grid.h>
 
@@ -15,6 +16,8 @@ namespace
 {
 
 constexpr int cellMargin = 5;
+constexpr int headingMargin = 4;
+constexpr int headingPadding = 14; // room for the sort arrow above the text
 constexpr int largestAutoColumn = 400;
 // Measuring every cell of a long list would take seconds; this many rows, spread over it, tell enough.
 constexpr int sampledRows = 300;
@@ -24,7 +27,6 @@ constexpr int sampledRows = 300;
 int fittingColumnWidth(wxGrid& grid, wxDC& dc, const GridColumnInfo& column)
 {
     dc.SetFont(grid.GetLabelFont());
-    // Room for the sort arrow as well.
     int width = dc.GetTextExtent(grid.GetColLabelValue(column.index)).x + grid.FromDIP(4 * cellMargin);
     if (column.definition().type != util::templateColumnType::rating)
     {
@@ -36,6 +38,41 @@ int fittingColumnWidth(wxGrid& grid, wxDC& dc, const GridColumnInfo& column)
                                         grid.FromDIP(3 * cellMargin));
     }
     return std::min(width, grid.FromDIP(largestAutoColumn));
+}
+
+wxString wrappedHeading(const wxString& title, int width, const wxDC& dc)
+{
+    wxString wrapped;
+    wxString line;
+    for (const wxString& word : wxSplit(title, ' ', '\0'))
+    {
+        const wxString longer = line.empty() ? word : line + " " + word;
+        if (line.empty() || dc.GetTextExtent(longer).x <= width)
+        {
+            line = longer;
+            continue;
+        }
+        wrapped += line + "\n";
+        line = word;
+    }
+    return wrapped + line;
+}
+
+int headingTextWidth(const wxGrid& grid, int columnWidth)
+{
+    return columnWidth - 2 * grid.FromDIP(headingMargin);
+}
+
+int fittingHeadingHeight(const wxGrid& grid, wxDC& dc, const std::vector<GridColumnPtr>& columns)
+{
+    dc.SetFont(grid.GetLabelFont());
+    int lines = 1;
+    for (const GridColumnPtr& column : columns)
+        if (column->definition().shown)
+            lines = std::max(lines, 1 + wrappedHeading(grid.GetColLabelValue(column->index),
+                                                       headingTextWidth(grid, grid.GetColSize(column->index)), dc)
+                                            .Freq('\n'));
+    return lines * dc.GetCharHeight() + grid.FromDIP(headingPadding);
 }
 
 std::vector<int> extraTextLines(const TemplateRows& rows, const std::vector<GridColumnPtr>& columns)

@@ -2,10 +2,12 @@
 
 #include "frame/PaletteColour.h"
 #include "frame/VisualManager.h"
+#include "templates/GridSizing.h"
 
 #include <wx/control.h>
 #include <wx/dc.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -17,6 +19,7 @@ namespace
 {
 
 constexpr int largestStar = 18;
+constexpr int cellMargin = 4;
 
 const VisualPalette& look()
 {
@@ -78,16 +81,28 @@ void TemplateCellRenderer::Draw(wxGrid& grid, wxGridCellAttr& attr, wxDC& dc, co
     const wxString text = grid.GetCellValue(row, col);
     if (text.empty())
         return;
+    const wxRect inside = wxRect(rect).Deflate(grid.FromDIP(cellMargin), 1);
     dc.SetFont(attr.GetFont());
+    fitFont(dc, text, inside.width);
     dc.SetTextForeground(toColour(selected ? look().accentText : look().fieldText));
     dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
     int horizontal = 0;
     int vertical = 0;
     attr.GetAlignment(&horizontal, &vertical);
-    const wxRect inside = wxRect(rect).Deflate(grid.FromDIP(5), 1);
     const bool oneLine = text.find('\n') == wxString::npos;
     grid.DrawTextRectangle(dc, oneLine ? wxControl::Ellipsize(text, dc, wxELLIPSIZE_END, inside.width) : text, inside,
                            horizontal, vertical);
+}
+
+void DateCellRenderer::fitFont(wxDC& dc, const wxString& text, int width) const
+{
+    // In steps, so that a column looks like one.
+    constexpr double steps = 20.0;
+    constexpr double smallest = 0.75;
+    const int needed = dc.GetTextExtent(text).x;
+    if (needed > width)
+        dc.SetFont(
+            dc.GetFont().Scaled(static_cast<float>(std::max(smallest, std::floor(steps * width / needed) / steps))));
 }
 
 StarRow RatingCellRenderer::stars(const wxWindow& grid, const wxRect& cell)
@@ -140,20 +155,22 @@ void TemplateHeadings::ColumnHeading::DrawLabel(const wxGrid& grid, wxDC& dc, co
 {
     const bool ownColour = m_state.textColour != util::TemplateInfo::noColour;
     const wxColour colour = toColour(ownColour ? m_state.textColour : look().headingText);
-    wxRect inside = wxRect(rect).Deflate(grid.FromDIP(5), 0);
     if (m_column == m_state.sortColumn)
     {
-        const int half = grid.FromDIP(4);
+        // Above the text, so that it takes none of its width.
+        const int half = grid.FromDIP(5);
         dc.SetPen(*wxTRANSPARENT_PEN);
         dc.SetBrush(wxBrush(colour));
-        drawArrow(dc, {inside.GetRight() - half, inside.y + inside.height / 2}, half, m_state.sortAscending);
-        inside.width -= 3 * half;
+        drawArrow(dc, {rect.x + rect.width / 2, rect.y + half}, half, m_state.sortAscending);
     }
     dc.SetFont(grid.GetLabelFont());
     dc.SetTextForeground(colour);
     dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
-    grid.DrawTextRectangle(dc, wxControl::Ellipsize(value, dc, wxELLIPSIZE_END, inside.width), inside, wxALIGN_LEFT,
-                           wxALIGN_CENTRE);
+    const int width = headingTextWidth(grid, rect.width);
+    const wxRect inside = wxRect(rect).Deflate((rect.width - width) / 2, 0);
+    // A single word may still be too long.
+    grid.DrawTextRectangle(dc, wxControl::Ellipsize(wrappedHeading(value, width, dc), dc, wxELLIPSIZE_END, width),
+                           inside, wxALIGN_LEFT, wxALIGN_CENTRE);
 }
 
 void TemplateHeadings::RowHeading::DrawBorder(const wxGrid&, wxDC& dc, wxRect& rect) const

@@ -30,6 +30,20 @@ public:
 
 protected:
     void drawBackground(wxDC& dc, const wxRect& rect, int row, bool selected) const;
+
+private:
+    /// May change the font of `dc` so that a text fits the width.
+    virtual void fitFont(wxDC&, const wxString&, int) const {}
+};
+
+/// A date. It is of no use without its end: where the column is too narrow, it is written smaller.
+class DateCellRenderer : public TemplateCellRenderer
+{
+public:
+    DateCellRenderer* Clone() const override { return new DateCellRenderer; }
+
+private:
+    void fitFont(wxDC& dc, const wxString& text, int width) const override;
 };
 
 /// A rating as stars.

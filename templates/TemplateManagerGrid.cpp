@@ -21,7 +21,6 @@ namespace
 {
 
 constexpr int rowMarkWidth = 22;
-constexpr int headingHeight = 28;
 constexpr int rowPadding = 8;
 constexpr int smallestColumn = 24;
 constexpr int nameColumn = 0;
@@ -58,6 +57,8 @@ TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSessi
              for (util::TemplateColumn& column : m_session.info().columns)
                  if (col < m_table->columns().size() && &column == &m_table->columns()[col]->definition())
                      column.width = ToDIP(GetColSize(event.GetRowOrCol()));
+             m_session.info().headingHeight = -1;
+             fitHeadings();
              event.Skip();
          });
     Bind(wxEVT_GRID_COL_MOVE,
@@ -104,9 +105,9 @@ void TemplateManagerGrid::rebuildColumns()
     ResetColPos();
     for (const GridColumnPtr& column : m_table->columns())
         setUpColumn(*column);
-    SetColLabelSize(info.headingHeight > 0 ? info.headingHeight : FromDIP(headingHeight));
     sizeColumns();
     sizeRows();
+    fitHeadings();
     EndBatch();
     updateHint();
 }
@@ -119,7 +120,9 @@ void TemplateManagerGrid::setUpColumn(const GridColumnInfo& column)
     attr->SetAlignment(column.alignment() == CellAlignment::right ? wxALIGN_RIGHT : wxALIGN_LEFT, wxALIGN_CENTRE);
     // Stars are set by a click or a digit, not by typing over them.
     attr->SetReadOnly(!column.isEditable() || !column.enabled || isRating);
-    attr->SetRenderer(isRating ? new RatingCellRenderer : new TemplateCellRenderer);
+    attr->SetRenderer(isRating                                            ? new RatingCellRenderer
+                      : definition.type == util::templateColumnType::date ? new DateCellRenderer
+                                                                          : new TemplateCellRenderer);
     if (const auto* const list = dynamic_cast<const GridColumnInfoListBox*>(&column))
     {
         wxArrayString choices;
@@ -143,6 +146,7 @@ void TemplateManagerGrid::applyLook()
     SetLabelFont(font);
     m_hint.applyLook();
     sizeRows();
+    fitHeadings();
     ForceRefresh();
 }
 
@@ -154,6 +158,13 @@ void TemplateManagerGrid::sizeColumns()
     for (const GridColumnPtr& column : m_table->columns())
         if (column->definition().shown)
             SetColSize(column->index, fittingColumnWidth(*this, dc, *column));
+}
+
+void TemplateManagerGrid::fitHeadings()
+{
+    wxClientDC dc(this);
+    const int stored = m_session.info().headingHeight;
+    SetColLabelSize(std::max(stored, fittingHeadingHeight(*this, dc, m_table->columns())));
 }
 
 void TemplateManagerGrid::sizeRows()
@@ -216,6 +227,7 @@ void TemplateManagerGrid::rowsRefilled()
     m_table->rowsChanged();
     sizeColumns();
     sizeRows();
+    fitHeadings();
     EndBatch();
     updateHint();
     ForceRefresh();

@@ -74,6 +74,8 @@ private:
     void setUpColumn(const GridColumnInfo& column);
     void sizeColumns();
     void sizeRows();
+    /// As high as their text needs, and no lower than stored.
+    void fitHeadings();
     void setRowHeights(const std::vector<int>& heights);
     void updateHint();
     /// One flag for each row.
