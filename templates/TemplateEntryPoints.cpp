@@ -91,7 +91,10 @@ int runTemplateManager(wxWindow* parent, const TemplateManagerInputs& inputs)
     frame->form().setResultSlot(&slot, [&lock] { lock.release(); });
     if (inputs.saving)
         frame->form().CallAfter(&TemplateManagerFormView::saveAs);
-    return runModalLoop(slot);
+    const int result = runModalLoop(slot);
+    // The toolkit destroys the window some time after this call.
+    frame->form().setResultSlot(nullptr, nullptr);
+    return result;
 }
 
 } // namespace

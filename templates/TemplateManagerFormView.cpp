@@ -123,12 +123,15 @@ void TemplateManagerFormView::bindControls()
         wxEVT_BUTTON, [this](wxCommandEvent&) { finish(0); }, cancelId);
     Bind(
         wxEVT_CHOICE, [this](wxCommandEvent& event) { themeChosen(event.GetInt()); }, themeId);
-    m_grid->Bind(wxEVT_GRID_RANGE_SELECTED,
-                 [this](wxGridRangeSelectEvent& event)
-                 {
-                     event.Skip();
-                     updateButtons();
-                 });
+    const auto follows = [this](wxEvent& event)
+    {
+        event.Skip();
+        // The toolkit sends these before it does what they tell.
+        CallAfter(&TemplateManagerFormView::updateButtons);
+    };
+    m_grid->Bind(wxEVT_GRID_RANGE_SELECTED, follows);
+    m_grid->Bind(wxEVT_GRID_EDITOR_SHOWN, follows);
+    m_grid->Bind(wxEVT_GRID_EDITOR_HIDDEN, follows);
 }
 
 void TemplateManagerFormView::setResultSlot(int* slot, std::function<void()> finished)
@@ -165,25 +168,18 @@ void TemplateManagerFormView::updateButtons()
     if (wxWindow* const remove = FindWindow(deleteId))
         remove->Enable(selected);
     if (wxWindow* const store = FindWindow(saveEditsId))
-        store->Enable(m_session.rows().hasEdits());
+        store->Enable(m_session.rows().hasEdits() || m_grid->IsCellEditControlShown());
 }
 
 // The end
 
 void TemplateManagerFormView::finish(int value, const std::function<void()>& handOver)
 {
-    if (!m_slot || *m_slot != -1 || m_busy)
+    if (!isRunning() || m_busy)
         return;
-    m_busy = true;
     m_grid->finishEdit();
-    const bool settled = m_session.settleEdits();
-    m_busy = false;
-    if (!settled)
-    {
-        m_grid->rowsRefilled();
-        updateButtons();
+    if (value == 0 && !settleBeforeEnd())
         return;
-    }
     if (handOver)
         handOver();
     keepLayout();
@@ -193,8 +189,22 @@ void TemplateManagerFormView::finish(int value, const std::function<void()>& han
     m_frame.Close();
 }
 
+bool TemplateManagerFormView::settleBeforeEnd()
+{
+    m_busy = true;
+    const bool settled = m_session.settleEdits();
+    m_busy = false;
+    if (!settled)
+    {
+        m_grid->rowsRefilled();
+        updateButtons();
+    }
+    return settled;
+}
+
 void TemplateManagerFormView::keepLayout()
 {
+    m_session.info().headingHeight = m_grid->GetColLabelSize();
     if (!m_frame.IsMaximized() && !m_frame.IsIconized())
     {
         m_session.info().windowWidth = m_frame.GetSize().x;
@@ -220,6 +230,8 @@ void TemplateManagerFormView::apply()
 
 void TemplateManagerFormView::save()
 {
+    if (!isRunning())
+        return;
     m_grid->finishEdit();
     const bool edited = m_session.rows().hasEdits();
     if (!m_session.settleEdits())
@@ -236,10 +248,11 @@ void TemplateManagerFormView::save()
 
 void TemplateManagerFormView::saveAs()
 {
-    const std::vector<std::string> names = m_session.rows().names();
+    if (!isRunning())
+        return;
     const auto ask = [&](TemplateSession::SaveAsAnswer& answer)
     {
-        SaveOperationTemplateDialog dialog(names, answer.loadSaved, &m_frame);
+        SaveOperationTemplateDialog dialog(m_session.existingNames(), answer.loadSaved, &m_frame);
         if (dialog.ShowModal() != acceptId)
             return false;
         answer.name = dialog.name();
@@ -254,6 +267,8 @@ void TemplateManagerFormView::saveAs()
 
 bool TemplateManagerFormView::onCommand(int command)
 {
+    if (!isRunning())
+        return false;
     switch (command)
     {
     case templateCommand::preferences:
@@ -370,6 +385,8 @@ void TemplateManagerFormView::preferences()
     TemplatePreferencesDialog dialog(m_session.info().preferences, m_session.folder(), m_inputs.path, &m_frame);
     if (dialog.ShowModal() != acceptId || !m_session.settleEdits())
         return;
+    if (dialog.preferences().font != m_session.info().preferences.font)
+        m_session.info().headingHeight = -1;
     const bool refillNeeded = m_session.acceptPreferences(dialog.preferences(), dialog.folder());
     if (refillNeeded)
         m_session.fill();

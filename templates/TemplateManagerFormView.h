@@ -39,11 +39,12 @@ public:
     /// Loads folders and definitions and fills the grid. \returns false when there is no form.
     bool setUp();
 
-    /// Where the result goes; holds -1 until the user is done. `finished` is called when it has been written.
+    /// Where the result goes; holds -1 until the user is done. `finished` is called when it has been written. Without
+    /// a slot the form does nothing any more.
     void setResultSlot(int* slot, std::function<void()> finished);
 
-    /// Ends with a value unless one is there already. 0 ends with nothing chosen. Edits that are not stored are asked
-    /// for first; where they cannot be stored, the window stays. `handOver` gives the host its result, once it is
+    /// Ends with a value unless one is there already. 0 ends with nothing chosen: edits that are not stored are asked
+    /// for first, and where they cannot be stored, the window stays. `handOver` gives the host its result, once it is
     /// certain that the window ends.
     void finish(int value, const std::function<void()>& handOver = nullptr);
 
@@ -68,8 +69,12 @@ private:
     void columnsChanged() override;
     void templateEdited() override;
 
+    /// The user is not done yet. Events of his may still come when he is.
+    bool isRunning() const { return m_slot && *m_slot == -1; }
     bool makeControls();
     void bindControls();
+    /// Asks for edits that are not stored. \returns whether the window may end.
+    bool settleBeforeEnd();
     void keepLayout();
     void refill();
     void applyLook();

@@ -100,13 +100,4 @@ void TemplateRows::reorder(const std::vector<std::size_t>& order)
     m_rows = std::move(rows);
 }
 
-std::vector<std::string> TemplateRows::names() const
-{
-    std::vector<std::string> names;
-    names.reserve(m_rows.size());
-    for (std::size_t row = 0; row < m_rows.size(); ++row)
-        names.push_back(storedAt(row).stringOr(util::keys::templateName, ""));
-    return names;
-}
-
 } // namespace TessaronResources

@@ -49,9 +49,6 @@ public:
     /// Brings the rows into a new order: order[i] is the present number of the row that comes to place i.
     void reorder(const std::vector<std::size_t>& order);
 
-    /// The names of all templates as they are stored, in row order.
-    std::vector<std::string> names() const;
-
 private:
     struct Row
     {

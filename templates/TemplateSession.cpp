@@ -85,6 +85,10 @@ void TemplateSession::fill()
 {
     std::vector<util::Parameterized> listed;
     reportListing(util::loadTemplateFiles(kindFolder(), m_selector, &listed));
+    m_existingNames.clear();
+    m_existingNames.reserve(listed.size());
+    for (const util::Parameterized& set : listed)
+        m_existingNames.push_back(nameOf(set));
     m_rows.fill(std::move(listed), m_info.preferences.matchFilter, m_current);
 }
 
@@ -328,7 +332,7 @@ bool TemplateSession::saveCurrent(const std::string& name, util::Parameterized* 
 bool TemplateSession::saveCurrentAs(const std::function<bool(SaveAsAnswer& answer)>& dialog,
                                     util::Parameterized* result, bool* loadSaved)
 {
-    SaveAsAnswer answer{proposedSaveName(m_rows.names()), m_info.preferences.loadSavedTemplates};
+    SaveAsAnswer answer{proposedSaveName(m_existingNames), m_info.preferences.loadSavedTemplates};
     if (loadSaved)
         *loadSaved = answer.loadSaved;
     while (dialog(answer))

@@ -45,6 +45,8 @@ public:
     const std::vector<std::string>& knownFolders() const { return m_knownFolders; }
     TemplateRows& rows() { return m_rows; }
     const TemplateRows& rows() const { return m_rows; }
+    /// The names of all templates that were listed, also of those that the match filter leaves out.
+    const std::vector<std::string>& existingNames() const { return m_existingNames; }
     util::TemplateInfo& info() { return m_info; }
     const util::TemplateInfo& info() const { return m_info; }
 
@@ -120,6 +122,7 @@ private:
     util::TemplateInfo m_info;
     DefinitionsState m_definitionsState = DefinitionsState::failed;
     std::vector<std::string> m_knownFolders;
+    std::vector<std::string> m_existingNames;
     TemplateRows m_rows;
     std::set<std::pair<std::string, int>> m_reported; ///< what the last listing could not read, and the codes
 };
