@@ -7,6 +7,8 @@
 #include <wx/ribbon/page.h>
 #include <wx/ribbon/panel.h>
 
+#include <type_traits>
+
 namespace TessaronResources
 {
 
@@ -108,6 +110,12 @@ public:
         this->SetColourScheme(toColour(palette.ribbon), toColour(palette.accent), toColour(palette.ribbonText));
         for (const auto& entry : artColours)
             this->SetColour(entry.id, toColour(shades.*entry.colour));
+        if constexpr (std::is_same_v<Base, wxRibbonAUIArtProvider>)
+        {
+            // The toolkit's art has fields of its own for these two, which the ids do not reach.
+            this->m_panel_hover_label_background_colour = toColour(shades.panelLabel);
+            this->m_panel_hover_label_background_gradient_colour = toColour(shades.panelLabel);
+        }
     }
 
     wxRibbonArtProvider* Clone() const override
