@@ -5,6 +5,7 @@
 #include "util/AtomicFile.h"
 
 #include <cerrno>
+#include <exception>
 #include <fstream>
 #include <istream>
 #include <system_error>
@@ -15,7 +16,7 @@ namespace exchange
 using boost::archive::archive_exception;
 
 ArchiveFileError::ArchiveFileError(exception_code errorCode, const std::string& text)
-    : archive_exception(errorCode), m_text(text)
+    : std::exception(), archive_exception(errorCode), m_text(text)
 {
 }
 

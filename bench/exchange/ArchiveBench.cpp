@@ -42,7 +42,7 @@ struct Comparison
 
 std::filesystem::path temporaryFolder()
 {
-    const auto folder = std::filesystem::temp_directory_path() / "tessaron-archive-bench";
+    auto folder = std::filesystem::temp_directory_path() / "tessaron-archive-bench";
     std::filesystem::create_directories(folder);
     return folder;
 }
@@ -246,6 +246,7 @@ int main(int argc, char** argv)
     const topo::mesh::TriMeshPtr mesh = makeMesh(meshColumns, meshRows);
     const std::size_t meshItems = mesh->vertices.size() + mesh->faces.size();
     std::vector<exchange::Tessaron2dInput> inputs;
+    inputs.reserve(inputCount);
     for (int i = 0; i < inputCount; ++i)
         inputs.push_back(makeInput(i));
 

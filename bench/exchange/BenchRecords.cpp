@@ -45,7 +45,7 @@ exchange::ToolpathRecords makeToolpath(std::size_t recordCount)
 
 topo::mesh::TriMeshPtr makeMesh(int columns, int rows)
 {
-    const auto mesh = boost::make_shared<topo::mesh::TriMesh>();
+    auto mesh = boost::make_shared<topo::mesh::TriMesh>();
     for (int row = 0; row < rows; ++row)
         for (int column = 0; column < columns; ++column)
             mesh->vertices.emplace_back(0.1 * column, 0.1 * row, std::sin(0.01 * column) * std::cos(0.01 * row));

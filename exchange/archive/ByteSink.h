@@ -46,7 +46,7 @@ private:
     void appendLarge(const void* bytes, std::size_t size);
     void put(const char* bytes, std::size_t size);
 
-    static constexpr std::size_t bufferSize = 128 * 1024;
+    static constexpr std::size_t bufferSize = std::size_t{128} * 1024;
     std::streambuf* m_stream;
     std::unique_ptr<char[]> m_buffer;
     char* m_cursor;

@@ -37,7 +37,7 @@ public:
     /// The most bytes that can still come: exact for streams that can seek, otherwise the largest number there is.
     std::uint64_t remaining() const { return m_remaining == unknown ? unknown : m_remaining + available(); }
 
-    static constexpr std::size_t maxWindow = 64 * 1024;
+    static constexpr std::size_t maxWindow = std::size_t{64} * 1024;
     static constexpr std::uint64_t unknown = ~std::uint64_t{0};
 
 private:

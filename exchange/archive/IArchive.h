@@ -194,7 +194,7 @@ private:
     template <class T>
     void loadBlock(std::vector<T>& items, std::size_t count)
     {
-        static constexpr std::size_t smallStep = 64 * 1024;
+        static constexpr std::size_t smallStep = std::size_t{64} * 1024;
         if (count > m_reader.remaining() / sizeof(T))
             failInput();
         items.reserve(reservable<T>(count));

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace exchange::archive
 {
@@ -31,7 +32,7 @@ constexpr auto powersOfFive = []
 constexpr auto digitPairs = []
 {
     std::array<char, 200> pairs{};
-    for (int i = 0; i < 100; ++i)
+    for (std::size_t i = 0; i < 100; ++i)
     {
         pairs[2 * i] = static_cast<char>('0' + i / 10);
         pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
@@ -39,7 +40,7 @@ constexpr auto digitPairs = []
     return pairs;
 }();
 
-void writePair(char* to, std::uint32_t pair)
+void writePair(char* to, std::size_t pair)
 {
     std::memcpy(to, &digitPairs[2 * pair], 2);
 }
@@ -122,7 +123,8 @@ char* writeDecimal(char* to, Decimal decimal)
     }
     if (decimal.power >= -4)
     {
-        std::memcpy(to, "0.000", 5);
+        static constexpr std::string_view zeros = "0.000";
+        std::memcpy(to, zeros.data(), zeros.size());
         to += 1 - decimal.power;
         std::memcpy(to, digits, digitCount);
         return to + count;

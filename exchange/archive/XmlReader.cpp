@@ -17,7 +17,7 @@ namespace
 
 constexpr std::size_t maxTag = 4096;
 constexpr std::size_t numberWindow = 64;
-constexpr std::size_t maxNumberText = 32 * 1024;
+constexpr std::size_t maxNumberText = std::size_t{32} * 1024;
 constexpr std::ptrdiff_t longestExponent = 16;
 
 std::string_view trimmed(std::string_view text)

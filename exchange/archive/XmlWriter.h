@@ -5,7 +5,9 @@
 #include "exchange/archive/NumberText.h"
 
 #include <charconv>
+#include <cstring>
 #include <string>
+#include <string_view>
 
 namespace exchange::archive
 {
@@ -47,11 +49,10 @@ public:
     [[gnu::always_inline]] void close(const char* name)
     {
         --m_depth;
-        const std::size_t size = std::strlen(name);
-        char* to = m_sink.reserve(size + maxIndent + 4);
+        char* to = m_sink.reserve(std::strlen(name) + maxIndent + 4);
         if (m_indentNext)
             to = indent(to);
-        m_sink.advanceTo(endTag(to, name, size));
+        m_sink.advanceTo(endTag(to, name));
         m_indentNext = true;
     }
 
@@ -103,38 +104,38 @@ private:
     }
     [[gnu::always_inline]] char* indented(const char* name)
     {
-        const std::size_t size = std::strlen(name);
-        char* to = m_sink.reserve(size + maxIndent + 2);
+        char* to = m_sink.reserve(std::strlen(name) + maxIndent + 2);
         if (m_depth > 0)
             to = indent(to);
         *to++ = '<';
-        std::memcpy(to, name, size);
-        return to + size;
+        return copied(to, name);
     }
-    [[gnu::always_inline]] static char* endTag(char* to, const char* name, std::size_t size)
+    [[gnu::always_inline]] static char* copied(char* to, std::string_view text)
+    {
+        std::memcpy(to, text.data(), text.size());
+        return to + text.size();
+    }
+    [[gnu::always_inline]] static char* endTag(char* to, const char* name)
     {
         *to++ = '<';
         *to++ = '/';
-        std::memcpy(to, name, size);
-        to += size;
+        to = copied(to, name);
         *to++ = '>';
         return to;
     }
     [[gnu::always_inline]] char* beginValue(const char* name)
     {
-        const std::size_t size = std::strlen(name);
-        char* to = m_sink.reserve(2 * size + maxIndent + maxNumber + 8);
+        char* to = m_sink.reserve(2 * std::strlen(name) + maxIndent + maxNumber + 8);
         if (m_depth > 0)
             to = indent(to);
         *to++ = '<';
-        std::memcpy(to, name, size);
-        to += size;
+        to = copied(to, name);
         *to++ = '>';
         return to;
     }
     [[gnu::always_inline]] void endValue(char* to, const char* name)
     {
-        m_sink.advanceTo(endTag(to, name, std::strlen(name)));
+        m_sink.advanceTo(endTag(to, name));
         m_indentNext = true;
     }
     template <class Integer>
