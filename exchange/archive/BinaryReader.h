@@ -76,6 +76,11 @@ public:
             block(array, stored * sizeof(T));
     }
 
+    /// How many flat records of that size are at hand, at cursor(); see FlatItems.h.
+    std::size_t flatCount(std::size_t size) const { return hasNarrowCounts() ? 0 : m_source.available() / size; }
+    const char* cursor() const { return m_source.cursor(); }
+    void advanceTo(const char* cursor) { m_source.advanceTo(cursor); }
+
     /// See ByteSource::remaining().
     std::uint64_t remaining() const { return m_source.remaining(); }
 

@@ -6,6 +6,7 @@
 #include "exchange/archive/ClassTable.h"
 #include "exchange/archive/CountedReference.h"
 #include "exchange/archive/Failure.h"
+#include "exchange/archive/FlatItems.h"
 #include "exchange/archive/PointerClasses.h"
 #include "util/ClassVersion.h"
 
@@ -235,10 +236,29 @@ private:
         else
             while (++item != end)
             {
+                if constexpr (Reader::blocks && isFlat<T>)
+                    if (loadFlat(item, end, entry.version))
+                        return;
                 m_reader.open("item");
                 loadContent(*item, entry.version);
                 m_reader.close("item");
             }
+    }
+    /// Reads the items that are at hand, up to one that has to be looked at more closely; whether that was all of them.
+    template <class Iterator>
+    bool loadFlat(Iterator& item, Iterator end, unsigned version)
+    {
+        using T = typename std::iterator_traits<Iterator>::value_type;
+        std::size_t left = m_reader.flatCount(flatSize<T>);
+        FlatItems archive(m_reader.cursor());
+        for (; item != end && left != 0; ++item, --left)
+        {
+            boost::serialization::serialize_adl(archive, *item, version);
+            if (!archive.isFull())
+                break;
+        }
+        m_reader.advanceTo(archive.cursor());
+        return item == end;
     }
     template <class Key, class T, class Less>
     void loadContent(std::map<Key, T, Less>& items, unsigned version)

@@ -271,6 +271,26 @@ TEST(ArchiveApi, LargeRecordsCrossEveryBufferBoundary)
     }
 }
 
+TEST(ArchiveApi, LargeMeshesCrossEveryBufferBoundary)
+{
+    const auto mesh = boost::make_shared<topo::mesh::TriMesh>();
+    for (int i = 0; i < 20'000; ++i)
+    {
+        mesh->vertices.emplace_back(i / 3.0, -i, 1e20 / (i + 1));
+        mesh->faces.emplace_back(i, i / 2, i / 3);
+    }
+    const std::string archive = written(mesh, ArchiveFormat::binary);
+    for (const std::size_t piece : {archive.size(), std::size_t{997}})
+    {
+        PipeBuffer pipe(archive, piece);
+        std::istream stream(&pipe);
+        topo::mesh::TriMeshPtr read;
+        exchange::readArchive(stream, read);
+        EXPECT_EQ(read->vertices, mesh->vertices);
+        EXPECT_EQ(read->faces, mesh->faces);
+    }
+}
+
 TEST(ArchiveApi, OutputThatStopsIsAnError)
 {
     const auto record = readFrom<exchange::Tessaron3dInput>(golden("t3dinput.xml"));

@@ -231,6 +231,17 @@ TEST(OddArchive, ShortArraysFillTheLeadingEntries)
                                          "\t\t<item>1e-300</item>\n\t\t<item>4</item>\n", "");
     const auto point = readFrom<geom::PointNd<3>>(archive);
     EXPECT_EQ(point, geom::PointNd<3>(1.0 / 3, 0, 0));
+
+    // Among full ones, which are read in one go: the third of four vertices, with the count at byte 142.
+    std::string mesh = golden("mesh.bin");
+    ASSERT_EQ(mesh.substr(142, 8), std::string("\3\0\0\0\0\0\0\0", 8));
+    mesh[142] = '\2';
+    mesh.erase(142 + 8 + 16, 8);
+    const auto whole = readFrom<topo::mesh::TriMeshPtr>(golden("mesh.bin"));
+    const auto read = readFrom<topo::mesh::TriMeshPtr>(mesh);
+    whole->vertices[2][2] = 0;
+    EXPECT_EQ(read->vertices, whole->vertices);
+    EXPECT_EQ(read->faces, whole->faces);
 }
 
 TEST(OddArchive, OutermostElementMayHaveAnyName)
