@@ -224,6 +224,7 @@ int loadTemplateFile(const std::string& path, Parameterized* result)
                            return status::templateWithoutGuid;
                        if (set.stringOr(keys::templateName, "").empty())
                            set.set(keys::templateName, store::listedName(splitTemplatePath(native, "").name, ""));
+                       store::nameCam(set);
                        *result = std::move(set);
                        return status::ok;
                    });
@@ -248,6 +249,7 @@ int loadTemplateArrayFile(const std::string& path, std::vector<Parameterized>* t
                            return code;
                        if (std::any_of(sets.begin(), sets.end(), lacksGuid))
                            return status::templateWithoutGuid;
+                       std::for_each(sets.begin(), sets.end(), store::nameCam);
                        *templates = std::move(sets);
                        return status::ok;
                    });

@@ -33,6 +33,8 @@ namespace util
 //   "Template Version"        layout of the record, "1"
 //   "Template Date Created"   seconds since 1970 (UTC), set when the guid is made and kept from then on
 //   "Template Date Modified"  seconds since 1970 (UTC), set by every save
+//   "Template CAM"            the CAM system that it comes from, "KORVEN" where it does not say; so it is in templates
+//                             that are read
 
 /// Fills `data` from the database that lies beside the engine library.
 /// \return expertDatabaseCorrupted when the file is missing, not a database or damaged; expertDatabaseQueryFailed when

@@ -26,6 +26,9 @@ namespace status = exchange::status;
 /// The layout of the record that is written.
 constexpr const char* recordVersion = "1";
 
+/// Where a template comes from that does not say it.
+constexpr const char* defaultCam = "KORVEN";
+
 bool isTime(const std::string& text)
 {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -37,6 +40,12 @@ long long secondsNow()
 {
     using std::chrono::duration_cast, std::chrono::seconds, std::chrono::system_clock;
     return duration_cast<seconds>(system_clock::now().time_since_epoch()).count();
+}
+
+void nameCam(Parameterized& set)
+{
+    if (!set.has(keys::templateCam))
+        set.set(keys::templateCam, std::string(defaultCam));
 }
 
 void stampTemplate(Parameterized& set, const Parameterized* stored, long long time)
@@ -59,6 +68,7 @@ void stampTemplate(Parameterized& set, const Parameterized* stored, long long ti
     set.set(keys::templateVersion, std::string(recordVersion));
     set.set(keys::templateDateCreated, isTime(created) ? created : now);
     set.set(keys::templateDateModified, now);
+    nameCam(set);
 }
 
 int saveTemplate(const Folder& folder, const std::string& name, bool failIfExists, Parameterized& set)

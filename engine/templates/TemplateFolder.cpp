@@ -2,6 +2,7 @@
 
 #include "engine/TemplatePath.h"
 #include "engine/templates/FileNames.h"
+#include "engine/templates/SaveTemplate.h"
 #include "engine/templates/TemplateFile.h"
 #include "exchange/StatusTable.h"
 #include "util/Keys.h"
@@ -95,6 +96,7 @@ std::optional<StoredTemplate> readTemplate(const Folder& folder, const std::stri
     result.nameInside = set.stringOr(keys::templateName, "");
     result.name = listedName(stemOf(fileName), result.nameInside);
     set.set(keys::templateName, result.name);
+    nameCam(set);
     result.set = std::move(set);
     return result;
 }

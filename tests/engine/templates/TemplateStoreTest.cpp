@@ -61,12 +61,37 @@ TEST_F(TemplateStore, SavedTemplateComesBackWithWhatTheStoreKeeps)
         EXPECT_EQ(set.at(key), value) << key;
     EXPECT_EQ(set.stringOr(keys::templateGuid, "").size(), 36U);
     EXPECT_EQ(set.stringOr(keys::templateVersion, ""), "1");
-    EXPECT_EQ(set.size(), given.size() + 4);
+    EXPECT_EQ(set.stringOr(keys::templateCam, ""), "KORVEN");
+    EXPECT_EQ(set.size(), given.size() + 5);
 
     Parameterized read;
     ASSERT_EQ(util::loadTemplateFile(folder / "Roughing.vtmpl", &read), status::ok);
     EXPECT_EQ(read, set);
     EXPECT_THAT(list(), ElementsAre(set));
+}
+
+TEST_F(TemplateStore, TemplateThatNamesNoCamSystemCountsAsOfTheDefaultOne)
+{
+    Parameterized set = makeTemplate("own");
+    set.set(keys::templateCam, std::string("OTHER CAM"));
+    ASSERT_EQ(util::saveTemplateFile(folder / "own", false, &set), status::ok);
+    ASSERT_EQ(save("silent"), status::ok);
+    std::string bytes = readBytes(folder / "silent.vtmpl");
+    bytes.replace(bytes.find("Template CAM"), 12, "Template CAx");
+    writeBytes(folder / "silent.vtmpl", bytes);
+
+    const auto cam = [](const Parameterized& listed) { return listed.stringOr(keys::templateCam, ""); };
+    for (const char* const name : {"own", "silent"})
+    {
+        const std::string expected = name == std::string("own") ? "OTHER CAM" : "KORVEN";
+        std::vector<Parameterized> read(1);
+        ASSERT_EQ(util::loadTemplateFile(folder / name + ".vtmpl", &read.front()), status::ok);
+        EXPECT_EQ(cam(read.front()), expected);
+        ASSERT_EQ(util::loadTemplateArrayFile(folder / name + ".vtmpl", &read), status::ok);
+        EXPECT_EQ(cam(read.front()), expected);
+    }
+    EXPECT_EQ(cam(list().at(0)), "OTHER CAM");
+    EXPECT_EQ(cam(list().at(1)), "KORVEN");
 }
 
 TEST_F(TemplateStore, ListsInNameOrderWithoutLetterCase)
