@@ -4,7 +4,6 @@
 #include "frame/Translation.h"
 #include "frame/VisualManager.h"
 #include "templates/GridPlace.h"
-#include "templates/TemplateGridRenderers.h"
 
 #include <algorithm>
 
@@ -37,13 +36,13 @@ TemplateSortGrid::TemplateSortGrid(wxWindow* parent, int id, TemplateSortLevels&
     : wxGrid(parent, id), m_levels(levels)
 {
     CreateGrid(0, columnCount, wxGridSelectRows);
+    GetTable()->SetAttrProvider(new TemplateHeadings(m_headings, m_noTemplates));
     SetColLabelValue(captionColumn, translatedLabel("Sort"));
     SetColLabelValue(titleColumn, translatedLabel("Column"));
     SetColLabelValue(orderColumn, translatedLabel("Order"));
     HideRowLabels();
     native::setAccessibleName(*this, translatedLabel("Sort"));
     DisableDragRowSize();
-    SetColLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
     SetDefaultRowSize(FromDIP(26));
     SetColLabelSize(FromDIP(26));
     SetDefaultCellAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);

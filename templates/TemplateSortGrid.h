@@ -1,6 +1,7 @@
 #ifndef TEMPLATES_TEMPLATESORTGRID_H
 #define TEMPLATES_TEMPLATESORTGRID_H
 
+#include "templates/TemplateGridRenderers.h"
 #include "templates/TemplateSort.h"
 
 #include <wx/grid.h>
@@ -27,6 +28,8 @@ private:
     void spreadColumns();
 
     TemplateSortLevels& m_levels;
+    TemplateRows m_noTemplates;
+    HeadingState m_headings{-1, true, util::TemplateInfo::noColour, util::TemplateInfo::noColour};
 };
 
 } // namespace TessaronResources
