@@ -40,6 +40,15 @@ bool TemplateColumnsDialog::OnInitDialog()
     }
     m_list->Bind(wxEVT_CHECKLISTBOX, [this](wxCommandEvent& event)
                  { m_columns.setShown(event.GetInt(), m_list->IsChecked(static_cast<unsigned>(event.GetInt()))); });
+    // The list itself answers the space bar only on some desktops.
+    m_list->Bind(wxEVT_KEY_DOWN,
+                 [this](wxKeyEvent& event)
+                 {
+                     if (event.GetKeyCode() == WXK_SPACE && event.GetModifiers() == wxMOD_NONE)
+                         toggleSelected();
+                     else
+                         event.Skip();
+                 });
     m_list->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { updateButtons(); });
     Bind(
         wxEVT_BUTTON, [this](wxCommandEvent&) { move(&TemplateColumnList::moveUp); }, upId);
@@ -57,6 +66,15 @@ void TemplateColumnsDialog::showItem(unsigned index)
     const TemplateColumnList::Item& item = m_columns.items()[index];
     m_list->SetString(index, wxString::FromUTF8(item.title));
     m_list->Check(index, item.shown);
+}
+
+void TemplateColumnsDialog::toggleSelected()
+{
+    const int selected = m_list->GetSelection();
+    if (selected < 0)
+        return;
+    m_columns.setShown(selected, !m_list->IsChecked(static_cast<unsigned>(selected)));
+    showItem(static_cast<unsigned>(selected));
 }
 
 void TemplateColumnsDialog::move(int (TemplateColumnList::*how)(int))

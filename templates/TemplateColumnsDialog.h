@@ -23,6 +23,7 @@ protected:
 
 private:
     void move(int (TemplateColumnList::*how)(int));
+    void toggleSelected();
     void showItem(unsigned index);
     void updateButtons();
 

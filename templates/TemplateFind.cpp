@@ -49,6 +49,11 @@ TemplateCell findCell(const TemplateRows& rows, const std::vector<GridColumnPtr>
     return {};
 }
 
+void TemplateFind::startOver()
+{
+    m_text.clear();
+}
+
 TemplateFind::Result TemplateFind::findNext(const std::string& typed, const TemplateRows& rows,
                                             const std::vector<GridColumnPtr>& columns)
 {

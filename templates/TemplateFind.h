@@ -39,6 +39,9 @@ public:
     /// `typed` is the text of the combo box as it stands.
     Result findNext(const std::string& typed, const TemplateRows& rows, const std::vector<GridColumnPtr>& columns);
 
+    /// Forgets the text, so that the next one is searched for from the start, whatever it is.
+    void startOver();
+
     /// The last hit; none after notFound.
     TemplateCell hit() const { return m_hit; }
     /// The texts searched for, each once, oldest first: the combo box's list.

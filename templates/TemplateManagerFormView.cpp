@@ -357,7 +357,7 @@ void TemplateManagerFormView::configureColumns()
 void TemplateManagerFormView::columnsChanged()
 {
     m_settingsChanged = true;
-    m_session.storeDefinitions(true);
+    keepLayout();
     m_grid->rebuildColumns();
     refill();
 }
@@ -420,6 +420,7 @@ void TemplateManagerFormView::exportTemplates()
 void TemplateManagerFormView::find()
 {
     m_grid->finishEdit();
+    m_grid->searchFromStart();
     const auto findNext = [this](const std::string& text) -> const std::vector<std::string>&
     {
         searchNext(text);

@@ -61,6 +61,8 @@ public:
 
     /// Moves the current cell to the next one that holds a text. Result as TemplateFind has it.
     TemplateFind::Result findNext(const std::string& text);
+    /// The next search begins at the first cell again.
+    void searchFromStart() { m_find.startOver(); }
     const std::vector<std::string>& searchedTexts() const { return m_find.history(); }
 
 private:

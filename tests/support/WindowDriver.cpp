@@ -40,6 +40,13 @@ public:
     void TearDown() override { wxEntryCleanup(); }
 };
 
+// Straight from the window's own surface: the toolkit's screen context shows what it has seen first.
+GdkPixbuf* takePicture(wxWindow* window, const wxRect& part)
+{
+    GdkWindow* const surface = gtk_widget_get_window(static_cast<GtkWidget*>(window->GetHandle()));
+    return gdk_pixbuf_get_from_window(surface, part.x, part.y, part.width, part.height);
+}
+
 const testing::Environment* const host = testing::AddGlobalTestEnvironment(new ToolkitHost);
 
 } // namespace
@@ -172,16 +179,47 @@ void expectWellLaidOut(wxWindow* window)
     }
 }
 
+wxImage pictureOf(wxWindow* window, const wxRect& part)
+{
+    GdkPixbuf* const picture = window ? takePicture(window, part) : nullptr;
+    if (!picture)
+        return wxImage();
+    wxImage image(gdk_pixbuf_get_width(picture), gdk_pixbuf_get_height(picture));
+    const guchar* const pixels = gdk_pixbuf_read_pixels(picture);
+    for (int y = 0; y < image.GetHeight(); ++y)
+        for (int x = 0; x < image.GetWidth(); ++x)
+        {
+            const guchar* const pixel =
+                pixels + y * gdk_pixbuf_get_rowstride(picture) + x * gdk_pixbuf_get_n_channels(picture);
+            image.SetRGB(x, y, pixel[0], pixel[1], pixel[2]);
+        }
+    g_object_unref(picture);
+    return image;
+}
+
+void chooseFont(wxWindow* fontDialog, const char* font)
+{
+    auto* const dialog = static_cast<GtkWidget*>(fontDialog->GetHandle());
+    gtk_font_chooser_set_font(GTK_FONT_CHOOSER(dialog), font);
+    GtkWidget* const accept = gtk_dialog_get_widget_for_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+    ASSERT_NE(accept, nullptr);
+    wxPoint origin;
+    gdk_window_get_origin(gtk_widget_get_window(dialog), &origin.x, &origin.y);
+    wxPoint middle;
+    gtk_widget_translate_coordinates(accept, dialog, gtk_widget_get_allocated_width(accept) / 2,
+                                     gtk_widget_get_allocated_height(accept) / 2, &middle.x, &middle.y);
+    wxUIActionSimulator user;
+    user.MouseMove(origin + middle);
+    user.MouseClick();
+}
+
 void savePicture(wxWindow* window, const std::string& name)
 {
     const char* const folder = std::getenv("TESSARON_PICTURES");
     if (!folder || !window)
         return;
     window->Update();
-    // Straight from the window's own surface: the toolkit's screen context shows what it has seen first.
-    GdkWindow* const surface = gtk_widget_get_window(static_cast<GtkWidget*>(window->GetHandle()));
-    GdkPixbuf* const picture =
-        gdk_pixbuf_get_from_window(surface, 0, 0, gdk_window_get_width(surface), gdk_window_get_height(surface));
+    GdkPixbuf* const picture = takePicture(window, window->GetClientSize());
     ASSERT_NE(picture, nullptr);
     wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     const std::string path = std::string(folder) + "/" + name + ".png";

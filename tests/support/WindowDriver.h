@@ -1,6 +1,7 @@
 #ifndef TESTS_SUPPORT_WINDOWDRIVER_H
 #define TESTS_SUPPORT_WINDOWDRIVER_H
 
+#include <wx/image.h>
 #include <wx/string.h>
 #include <wx/timer.h>
 
@@ -71,6 +72,13 @@ std::string accessibleName(wxWindow* control);
 /// Checks that every control that a window shows lies within it, has room for its text, and has a name for screen
 /// readers.
 void expectWellLaidOut(wxWindow* window);
+
+/// What the screen shows of a part of a window now. A window is painted a little after it is shown or changed, and not
+/// while a test keeps it busy: wait for a small part.
+wxImage pictureOf(wxWindow* window, const wxRect& part);
+
+/// Chooses a font, in the desktop's own description of one, in the toolkit's font dialog and accepts it.
+void chooseFont(wxWindow* fontDialog, const char* font);
 
 /// Saves what the screen shows of a window as a PNG file for a person to look at, if the run collects pictures.
 void savePicture(wxWindow* window, const std::string& name);

@@ -79,6 +79,12 @@ TEST_F(TemplateFindTest, EmptyTextForgetsTheSearch)
     EXPECT_EQ(next("rough"), "0,2");
     EXPECT_EQ(next(""), ".");
     EXPECT_EQ(next("rough"), "0,0");
+    find.startOver();
+    EXPECT_EQ(next("rough"), "0,0");
+    EXPECT_EQ(next("zz"), "-");
+    find.startOver();
+    rows.fill({row("zz", 1.0, 1)}, 0, {});
+    EXPECT_EQ(next("zz"), "0,0");
 }
 
 TEST_F(TemplateFindTest, MatchesWhatCellsShowIgnoringCase)
