@@ -31,8 +31,7 @@ std::string replaceQuestion(const std::string& name)
 
 std::string folderOf(const std::string& path)
 {
-    const std::size_t separator = path.find_last_of("/\\");
-    return separator == std::string::npos ? std::string() : path.substr(0, separator);
+    return std::filesystem::path(path).parent_path().string();
 }
 
 std::string trimmed(const std::string& text)

@@ -1,5 +1,6 @@
 #include "templates/UserProfile.h"
 
+#include <wx/file.h>
 #include <wx/fileconf.h>
 #include <wx/filename.h>
 #include <wx/log.h>
@@ -40,7 +41,8 @@ wxString keyOf(const char* section, const char* entry)
 std::string profileText(const char* section, const char* entry)
 {
     const wxLogNull quiet;
-    const wxFileConfig profile("", "", profileFile(), "", wxCONFIG_USE_LOCAL_FILE);
+    wxFileConfig profile("", "", profileFile(), "", wxCONFIG_USE_LOCAL_FILE);
+    profile.SetExpandEnvVars(false); // "$" is a letter like any other in the name of a folder
     return profile.Read(keyOf(section, entry), wxString()).utf8_string();
 }
 
@@ -49,6 +51,10 @@ void keepProfileText(const char* section, const char* entry, const std::string& 
     const wxLogNull quiet;
     const wxString file = profileFile();
     wxFileName::Mkdir(wxFileName(file).GetPath(), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    // The toolkit would write the section's name with backslashes in it; a heading that is there it leaves alone.
+    if (!wxFileName::Exists(file))
+        if (wxTempFile made(file); made.IsOpened() && made.Write(wxString("[") + section + "]\n"))
+            made.Commit();
     wxFileConfig profile("", "", file, "", wxCONFIG_USE_LOCAL_FILE);
     profile.Write(keyOf(section, entry), wxString::FromUTF8(text));
     profile.Flush();
