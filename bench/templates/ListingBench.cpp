@@ -69,7 +69,7 @@ void dropFromSystemCache(const TemporaryFolder& folder)
 void firstListing(benchmark::State& state)
 {
     const TemporaryFolder& folder = folderOf(static_cast<int>(state.range(0)));
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
     {
         state.PauseTiming();
         store::forgetListings();
@@ -81,7 +81,7 @@ void firstListing(benchmark::State& state)
 void firstListingFromDisk(benchmark::State& state)
 {
     const TemporaryFolder& folder = folderOf(static_cast<int>(state.range(0)));
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
     {
         state.PauseTiming();
         store::forgetListings();
@@ -97,7 +97,7 @@ void unchangedListing(benchmark::State& state)
     std::vector<util::Parameterized> templates;
     util::loadTemplateFiles(folder.path(), 0, &templates);
     templates = {};
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
         list(state, folder, static_cast<std::size_t>(state.range(0)));
 }
 
@@ -106,7 +106,7 @@ void listingAfterOneSave(benchmark::State& state)
     const TemporaryFolder& folder = folderOf(static_cast<int>(state.range(0)));
     std::vector<util::Parameterized> templates;
     util::loadTemplateFiles(folder.path(), 0, &templates);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
     {
         state.PauseTiming();
         std::mt19937 random(6);
@@ -122,7 +122,7 @@ void savingOne(benchmark::State& state)
     const TemporaryFolder& folder = folderOf(static_cast<int>(state.range(0)));
     std::mt19937 random(6);
     util::Parameterized set = sampleTemplate(7, random);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
         util::saveTemplateFile(folder / "TESSARON7", false, &set);
 }
 
@@ -131,7 +131,7 @@ void readingOneSet(benchmark::State& state)
     std::mt19937 random(6);
     std::string bytes;
     store::writeSet(sampleTemplate(7, random), bytes);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
     {
         util::Parameterized set;
         benchmark::DoNotOptimize(store::readSet(bytes, set));

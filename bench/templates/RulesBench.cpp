@@ -58,7 +58,7 @@ const Grid& gridOf(benchmark::State& state)
 void match(benchmark::State& state)
 {
     const Grid& grid = gridOf(state);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
     {
         int kept = 0;
         for (std::size_t row = 0; row < grid.rows.size(); ++row)
@@ -70,7 +70,7 @@ void match(benchmark::State& state)
 void formatScreenful(benchmark::State& state)
 {
     const Grid& grid = gridOf(state);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
         for (std::size_t row = 0; row < 40; ++row)
             for (const GridColumnPtr& column : grid.columns)
                 benchmark::DoNotOptimize(column->format(grid.rows.at(grid.rows.size() / 2 + row)));
@@ -80,7 +80,7 @@ void formatScreenful(benchmark::State& state)
 template <class Work>
 void onRows(benchmark::State& state, const Grid& grid, bool justFilled, Work work)
 {
-    for (auto _ : state)
+    for ([[maybe_unused]] auto turn : state)
     {
         if (!justFilled)
         {

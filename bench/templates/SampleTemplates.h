@@ -58,6 +58,7 @@ inline std::vector<util::Parameterized> sampleTemplates(int count)
 {
     std::mt19937 random(5);
     std::vector<util::Parameterized> templates;
+    templates.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         templates.push_back(sampleTemplate(i, random));
     return templates;

@@ -165,7 +165,7 @@ int main(int argc, char** argv)
                                          entry.prepare(window);
                                          window.settle();
                                          int time = 0;
-                                         for (auto _ : state)
+                                         for ([[maybe_unused]] auto turn : state)
                                          {
                                              entry.step(window, time++);
                                              window.settle();
