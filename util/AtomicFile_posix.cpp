@@ -78,7 +78,7 @@ private:
 
     int m_descriptor;
     int m_error = 0;
-    std::array<char, 64 * 1024> m_buffer;
+    std::array<char, std::size_t{64} * 1024> m_buffer;
 };
 
 [[noreturn]] void failStep(const std::string& path, const char* step, int error)

@@ -242,7 +242,7 @@ TEST(ArchiveApi, StreamsThatCannotSeekReadInPiecesOfAnySize)
 TEST(ArchiveApi, HugeCountsOnAPipeEndWithTheData)
 {
     std::string archive = golden("curve_bspline2.bin");
-    archive.replace(archive.size() - 8 * 9, 8, std::string("\0\0\0\0\1\0\0\0", 8));
+    archive.replace(archive.size() - std::size_t{8} * 9, 8, std::string("\0\0\0\0\1\0\0\0", 8));
     PipeBuffer pipe(archive, 100);
     std::istream stream(&pipe);
     boost::shared_ptr<geom::ParametricCurve<2>> curve;
@@ -328,7 +328,7 @@ TEST(ArchiveFile, IsWrittenAndReadUnderItsName)
 TEST(ArchiveFile, ErrorsNameTheFileAndTheReason)
 {
     const TemporaryFolder folder;
-    const std::string longName = folder / (std::string(200, 'n') + ".xml").c_str();
+    const std::string longName = folder / (std::string(200, 'n') + ".xml");
     const auto message = [](const auto& operation) -> std::string
     {
         try

@@ -63,7 +63,7 @@ TEST(OddArchive, LayoutDoesNotMatter)
         {"attributes", withOtherAttributeOrder},
         {"byte order mark", [](const std::string& text) { return "\xEF\xBB\xBF" + text; }},
         {"blanks in front", [](const std::string& text) { return "\r\n" + text; }},
-        {"bytes behind", [](const std::string& text) { return text + "<more>\0&"; }},
+        {"bytes behind", [](const std::string& text) { return text + std::string("<more>\0&", 8); }},
         {"nothing behind", [](const std::string& text) { return text.substr(0, text.size() - 2); }},
     };
     for (const char* name : {"orrimant", "t3dinput", "toolpath", "parameterized_full", "mesh"})
