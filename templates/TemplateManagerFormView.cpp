@@ -383,11 +383,14 @@ void TemplateManagerFormView::preferences()
     m_grid->finishEdit();
     m_session.reloadKnownFolders();
     TemplatePreferencesDialog dialog(m_session.info().preferences, m_session.folder(), m_inputs.path, &m_frame);
-    if (dialog.ShowModal() != acceptId || !m_session.settleEdits())
+    if (dialog.ShowModal() != acceptId)
+        return;
+    const bool refillNeeded = m_session.changesRows(dialog.preferences(), dialog.folder());
+    if (refillNeeded && !m_session.settleEdits())
         return;
     if (dialog.preferences().font != m_session.info().preferences.font)
         m_session.info().headingHeight = -1;
-    const bool refillNeeded = m_session.acceptPreferences(dialog.preferences(), dialog.folder());
+    m_session.acceptPreferences(dialog.preferences(), dialog.folder());
     if (refillNeeded)
         m_session.fill();
     m_grid->applyLook();

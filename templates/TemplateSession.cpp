@@ -144,11 +144,21 @@ void TemplateSession::reloadKnownFolders()
         report(code);
 }
 
+std::string TemplateSession::chosenFolder(const std::string& typed) const
+{
+    const std::string folder = trimmed(typed);
+    return folder.empty() ? m_homeFolder : folder;
+}
+
+bool TemplateSession::changesRows(const util::TemplatePreferences& preferences, const std::string& folder) const
+{
+    return chosenFolder(folder) != m_folder || preferences.matchFilter != m_info.preferences.matchFilter;
+}
+
 bool TemplateSession::acceptPreferences(const util::TemplatePreferences& preferences, const std::string& folder)
 {
-    const std::string typed = trimmed(folder);
-    const std::string& chosen = typed.empty() ? m_homeFolder : typed;
-    const bool refill = chosen != m_folder || preferences.matchFilter != m_info.preferences.matchFilter;
+    const std::string chosen = chosenFolder(folder);
+    const bool refill = changesRows(preferences, folder);
     m_info.preferences = preferences;
     m_folder = chosen;
 

@@ -57,6 +57,8 @@ public:
     bool storeDefinitions(bool byUser);
     /// Reads the list of known folders anew, as the preferences dialog does when it opens.
     void reloadKnownFolders();
+    /// Must the rows be filled again, without their edits, when acceptPreferences() is called with these?
+    bool changesRows(const util::TemplatePreferences& preferences, const std::string& folder) const;
     /// Accepts the preferences dialog: the preferences, and the folder to use from now on. Stores both. \return whether
     /// the rows must be filled again. The folder given by the user is taken without blanks around it; an empty one is
     /// the host's.
@@ -106,6 +108,7 @@ public:
                        bool* loadSaved);
 
 private:
+    std::string chosenFolder(const std::string& typed) const;
     void report(int code, const std::string& detail = {});
     void reportListing(int code);
     bool importFile(const std::string& path, std::vector<util::Parameterized>& templates);

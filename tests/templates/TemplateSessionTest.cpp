@@ -206,7 +206,10 @@ TEST_F(TemplateSessionTest, PreferencesAndFolderSurviveARestart)
     util::TemplatePreferences preferences;
     preferences.matchFilter = matchFilter::sameToolDiameter;
     preferences.font = "Sans 14";
+    EXPECT_TRUE(session.changesRows(preferences, session.folder()));
     EXPECT_TRUE(session.acceptPreferences(preferences, session.folder())) << "the filter has changed";
+    EXPECT_FALSE(session.changesRows(preferences, " ")) << "this folder is the host's";
+    EXPECT_TRUE(session.changesRows(preferences, home / "other place"));
     EXPECT_FALSE(session.acceptPreferences(preferences, "  " + session.folder() + "\t"));
     const std::string other = home / "other place";
     std::filesystem::create_directory(other);
