@@ -185,14 +185,14 @@ wxImage pictureOf(wxWindow* window, const wxRect& part)
     if (!picture)
         return wxImage();
     wxImage image(gdk_pixbuf_get_width(picture), gdk_pixbuf_get_height(picture));
-    const guchar* const pixels = gdk_pixbuf_read_pixels(picture);
+    const std::ptrdiff_t rowLength = gdk_pixbuf_get_rowstride(picture);
+    const std::ptrdiff_t channels = gdk_pixbuf_get_n_channels(picture);
     for (int y = 0; y < image.GetHeight(); ++y)
-        for (int x = 0; x < image.GetWidth(); ++x)
-        {
-            const guchar* const pixel =
-                pixels + y * gdk_pixbuf_get_rowstride(picture) + x * gdk_pixbuf_get_n_channels(picture);
+    {
+        const guchar* pixel = gdk_pixbuf_read_pixels(picture) + y * rowLength;
+        for (int x = 0; x < image.GetWidth(); ++x, pixel += channels)
             image.SetRGB(x, y, pixel[0], pixel[1], pixel[2]);
-        }
+    }
     g_object_unref(picture);
     return image;
 }

@@ -147,6 +147,7 @@ TEST_F(TemplateListing, ListingsAndSavesOfManyThreadsAgree)
     std::atomic<bool> done = false;
     std::atomic<int> wrong = 0;
     std::vector<std::jthread> readers;
+    readers.reserve(3);
     for (int r = 0; r < 3; ++r)
         readers.emplace_back(
             [&, r]
