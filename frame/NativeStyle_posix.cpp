@@ -52,6 +52,7 @@ separator { background-color: @border@; }
 treeview.view, .view { background-color: @field@; background-image: none; color: @fieldText@; }
 treeview.view:selected, .view:selected { background-color: @accent@; color: @accentText@; }
 treeview.view check { background-color: @field@; border-color: @border@; }
+treeview.view check:selected { background-color: @field@; background-image: none; border-color: @accentText@; }
 treeview.view check:checked { background-color: @accent@; border-color: @accentText@; color: @accentText@; }
 scrollbar { background-color: @dialog@; background-image: none; border-color: @border@; }
 scrollbar slider { background-color: @slider@; border-color: @dialog@; }
