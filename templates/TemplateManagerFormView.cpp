@@ -182,7 +182,7 @@ void TemplateManagerFormView::finish(int value, const std::function<void()>& han
         return;
     if (handOver)
         handOver();
-    keepLayout();
+    storeLayout(m_settingsChanged);
     *m_slot = value;
     if (m_finished)
         m_finished();
@@ -202,7 +202,7 @@ bool TemplateManagerFormView::settleBeforeEnd()
     return settled;
 }
 
-void TemplateManagerFormView::keepLayout()
+void TemplateManagerFormView::storeLayout(bool byUser)
 {
     m_session.info().headingHeight = m_grid->GetColLabelSize();
     if (!m_frame.IsMaximized() && !m_frame.IsIconized())
@@ -210,7 +210,7 @@ void TemplateManagerFormView::keepLayout()
         m_session.info().windowWidth = m_frame.GetSize().x;
         m_session.info().windowHeight = m_frame.GetSize().y;
     }
-    m_session.storeDefinitions(m_settingsChanged);
+    m_session.storeDefinitions(byUser);
 }
 
 void TemplateManagerFormView::apply()
@@ -357,7 +357,8 @@ void TemplateManagerFormView::configureColumns()
 void TemplateManagerFormView::columnsChanged()
 {
     m_settingsChanged = true;
-    keepLayout();
+    storeLayout(true);
+    m_session.info().headingHeight = -1;
     m_grid->rebuildColumns();
     refill();
 }

@@ -75,7 +75,8 @@ private:
     void bindControls();
     /// Asks for edits that are not stored. \returns whether the window may end.
     bool settleBeforeEnd();
-    void keepLayout();
+    /// Stores the definitions with the heading height and the window's size.
+    void storeLayout(bool byUser);
     void refill();
     void applyLook();
     void apply();

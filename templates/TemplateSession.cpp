@@ -266,9 +266,11 @@ std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& row
 bool TemplateSession::storeRow(std::size_t row)
 {
     util::Parameterized set = m_rows.at(row);
-    const std::string name = nameOf(set);
+    std::string name = nameOf(set);
     if (name != nameOf(m_rows.storedAt(row)))
     {
+        name = trimmed(name);
+        set.set(keys::templateName, name);
         // Under another name it is another template: the one it was made from stays.
         set.erase(keys::templateGuid);
         set.erase(keys::templateDateCreated);

@@ -78,9 +78,19 @@ WindowDriver& WindowDriver::then(std::string name, std::function<void()> action)
 
 void WindowDriver::Notify()
 {
-    if (m_steps.empty() || *m_actionWaits)
+    if (*m_actionWaits)
         return;
-    if (m_steps.front().condition())
+    const bool late = std::chrono::steady_clock::now() - m_stepStart > m_deadline;
+    if (m_steps.empty())
+    {
+        if (late)
+        {
+            ADD_FAILURE() << "The windows did not end after the last step";
+            m_stepStart = std::chrono::steady_clock::now();
+            tessaronResourcesQuit();
+        }
+    }
+    else if (m_steps.front().condition())
     {
         const std::function<void()> action = std::move(m_steps.front().action);
         m_steps.pop_front();
@@ -95,7 +105,7 @@ void WindowDriver::Notify()
                 action();
             });
     }
-    else if (std::chrono::steady_clock::now() - m_stepStart > m_deadline)
+    else if (late)
     {
         ADD_FAILURE() << "The step \"" << m_steps.front().name << "\" did not come in time";
         m_steps.clear();
@@ -144,6 +154,12 @@ void type(const char* text)
 void pressKey(int key, int modifiers)
 {
     wxUIActionSimulator().Char(key, modifiers);
+}
+
+bool menuIsUp()
+{
+    GtkWidget* const grabbing = gtk_grab_get_current();
+    return grabbing && GTK_IS_MENU(grabbing) && gtk_widget_get_mapped(grabbing);
 }
 
 void markAllFiles(wxWindow* fileDialog)

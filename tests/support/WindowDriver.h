@@ -19,7 +19,8 @@ namespace testing_support
 {
 
 /// Plays the user while an entry point blocks: a list of steps, each of which waits for its condition and then acts. A
-/// step whose condition does not come true in time fails the test and ends the module's windows.
+/// step whose condition does not come true in time fails the test and ends the module's windows, and so do windows that
+/// stay when the last step was taken.
 class WindowDriver : private wxTimer
 {
 public:
@@ -63,6 +64,9 @@ void click(wxWindow* window);
 /// Types on the keyboard, to the window that has the focus.
 void type(const char* text);
 void pressKey(int key, int modifiers = 0);
+
+/// Whether a popup menu is open, which takes the keys.
+bool menuIsUp();
 
 /// Marks every file that the toolkit's open-file dialog lists.
 void markAllFiles(wxWindow* fileDialog);

@@ -69,15 +69,7 @@ class DialogFlowTest : public ManagerTest
 protected:
     DialogFlowTest() { storeThree(); }
 
-    // Runs a command of the window that opens a dialog, from within the window's own loop.
-    static void open(int id)
-    {
-        manager()->CallAfter([id] { command(id); });
-    }
-
-    static bool isUp(const char* title) { return windowTitled(title) && windowTitled(title)->IsShownOnScreen(); }
     static void press(const char* title, int id) { click(child(windowTitled(title), id)); }
-    static bool atRest() { return managerIsUp() && manager()->IsEnabled(); }
 
     static wxString text(const char* title, int id) { return control<wxTextCtrl>(title, id)->GetValue(); }
 
@@ -190,14 +182,13 @@ TEST_F(DialogFlowTest, ColumnsAreChosenAndKept)
                   mouse.MouseClick(wxMOUSE_BTN_RIGHT);
               });
     // The last but two entry of the menu.
-    user.when(
-        "the menu is up", [n = 0]() mutable { return ++n > 40; },
-        []
-        {
-            pressKey(WXK_UP);
-            pressKey(WXK_UP);
-            pressKey(WXK_RETURN);
-        });
+    user.when("the menu is up", menuIsUp,
+              []
+              {
+                  pressKey(WXK_UP);
+                  pressKey(WXK_UP);
+                  pressKey(WXK_RETURN);
+              });
     user.when(
         "the columns dialog is up", [] { return isUp("Columns"); },
         []
@@ -309,8 +300,42 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
         });
     user.when(
         "it is found again", [] { return grid()->GetGridCursorRow() == 2; }, [] { press("Find", 1); });
+    // The key goes on with the last text; of a text without further hits it says so.
+    user.when("closed", atRest,
+              []
+              {
+                  grid()->SetFocus();
+                  pressKey(WXK_F3);
+              });
+    user.when("nothing more", messageIsUp, [] { answer(1); });
+    user.when("the manager is back", atRest, [] { open(32800); });
     user.when(
-        "closed again", [] { return !isUp("Find") && atRest(); }, [] { clickManager(1150); });
+        "the find dialog is up", [] { return isUp("Find"); },
+        []
+        {
+            control<wxComboBox>("Find", 1141)->SetValue("ta");
+            press("Find", 1140);
+        });
+    user.when(
+        "the only name with it", [] { return grid()->GetGridCursorRow() == 1; },
+        []
+        {
+            control<wxComboBox>("Find", 1141)->SetValue("6061");
+            press("Find", 1140);
+        });
+    user.when(
+        "the first hit", [] { return grid()->GetGridCursorRow() == 0; }, [] { press("Find", 1); });
+    for (const int row : {1, 2})
+    {
+        user.when("at rest", atRest,
+                  []
+                  {
+                      grid()->SetFocus();
+                      pressKey(WXK_F3);
+                  });
+        user.when("the next hit", [row] { return grid()->GetGridCursorRow() == row; });
+    }
+    user.then("close", [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
 }
 

@@ -16,6 +16,7 @@ protected:
     static std::vector<wxString> names()
     {
         std::vector<wxString> found;
+        found.reserve(static_cast<std::size_t>(grid()->GetNumberRows()));
         for (int row = 0; row < grid()->GetNumberRows(); ++row)
             found.push_back(cell(row, "Name"));
         return found;
@@ -122,25 +123,47 @@ TEST_F(GridFlowTest, ClosingAsksForEditsThatAreNotStored)
 
 TEST_F(GridFlowTest, AStoreErrorKeepsTheEditsAndTheWindow)
 {
+    for (const char* const blank : {"", "   "})
+    {
+        WindowDriver user;
+        edit(user, 0, "Name", blank);
+        user.when(
+            "edited", [] { return cell(0, "Name") != "Alpha"; }, [] { clickManager(1125); });
+        user.when("the error", messageIsUp,
+                  []
+                  {
+                      EXPECT_EQ(message(), "Template file name is missing.");
+                      answer(1);
+                  });
+        user.when("the edit is still there", atRest,
+                  [blank]
+                  {
+                      EXPECT_EQ(cell(0, "Name"), blank);
+                      tessaronResourcesQuit();
+                  });
+        EXPECT_EQ(load(), 0);
+        EXPECT_EQ(storedNames(), (std::vector<std::string>{"Alpha", "Beta", "Gamma"}));
+    }
+}
+
+TEST_F(GridFlowTest, SaveTakesTheEditThatIsUnderWay)
+{
     WindowDriver user;
-    edit(user, 0, "Name", "");
+    user.when("the manager is up", atRest, [] { clickCell(1, "Material"); });
     user.when(
-        "edited", [] { return cell(0, "Name") != "Alpha"; }, [] { clickManager(1125); });
-    user.when("the error", messageIsUp,
-              []
-              {
-                  EXPECT_EQ(message(), "Template file name is missing.");
-                  answer(1);
-              });
+        "the row is selected", [] { return isSelected(1); }, [] { type("Brass"); });
     user.when(
-        "the edit is still there", [] { return !messageIsUp() && manager()->IsEnabled(); },
+        "the text is in the editor",
         []
         {
-            EXPECT_NE(cell(0, "Name"), "Alpha");
-            tessaronResourcesQuit();
-        });
+            const auto* const editor = dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus());
+            return editor && editor->GetValue() == "Brass" && child(manager(), 1125)->IsEnabled();
+        },
+        [] { clickManager(1125); });
+    user.when("the question", messageIsUp, [] { answer(1); });
+    user.when("the manager is back", atRest, [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
-    EXPECT_EQ(storedNames(), (std::vector<std::string>{"Alpha", "Beta", "Gamma"}));
+    EXPECT_EQ(stored("Beta").stringOr(util::keys::material, ""), "Brass");
 }
 
 TEST_F(GridFlowTest, AClickOnAStarRates)
@@ -165,6 +188,29 @@ TEST_F(GridFlowTest, AClickOnAStarRates)
     EXPECT_EQ(load(), 0);
 }
 
+TEST_F(GridFlowTest, ADigitRates)
+{
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { grid()->MakeCellVisible(0, columnOf("Rating")); });
+    user.when(
+        "the rating is in view", [] { return grid()->IsVisible(0, columnOf("Rating")); },
+        [] { clickCell(0, "Rating", 0.98); });
+    user.when(
+        "it is the current cell", [] { return isSelected(0) && grid()->GetGridCursorCol() == columnOf("Rating"); },
+        [] { type("5"); });
+    user.when(
+        "five stars", [] { return cell(0, "Rating") == "5"; },
+        []
+        {
+            EXPECT_FALSE(grid()->IsCellEditControlShown());
+            type("9");
+            pressKey('0');
+        });
+    user.when(
+        "none, as nine is no rating", [] { return cell(0, "Rating") == "0"; }, tessaronResourcesQuit);
+    EXPECT_EQ(load(), 0);
+}
+
 TEST_F(GridFlowTest, DeletesTheSelectedTemplates)
 {
     WindowDriver user;
@@ -181,14 +227,33 @@ TEST_F(GridFlowTest, DeletesTheSelectedTemplates)
 TEST_F(GridFlowTest, TheDeleteKeyAsksFirst)
 {
     WindowDriver user;
-    user.when("the manager is up", managerIsUp, [] { clickCell(0, "Name"); });
+    user.when("the manager is up", atRest,
+              []
+              {
+                  grid()->SetFocus();
+                  pressKey('A', wxMOD_CONTROL);
+              });
+    for (const int button : {2, 1})
+    {
+        user.when(
+            "all are selected", [] { return atRest() && isSelected(0) && isSelected(1) && isSelected(2); },
+            []
+            {
+                EXPECT_EQ(grid()->GetNumberRows(), 3);
+                grid()->SetFocus();
+                pressKey(WXK_DELETE);
+            });
+        user.when("the question", messageIsUp,
+                  [button]
+                  {
+                      EXPECT_EQ(message(), "Delete the 3 selected templates?");
+                      answer(button);
+                  });
+    }
     user.when(
-        "selected", [] { return isSelected(0); }, [] { pressKey(WXK_DELETE); });
-    user.when("the question", messageIsUp, [] { answer(2); });
-    user.when(
-        "back", [] { return !messageIsUp() && manager()->IsEnabled(); }, [] { clickManager(1150); });
+        "all are gone", [] { return atRest() && grid()->GetNumberRows() == 0; }, [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
-    EXPECT_EQ(storedNames().size(), 3U);
+    EXPECT_TRUE(storedNames().empty());
 }
 
 TEST_F(GridFlowTest, AQuickSortKeepsTheSelection)

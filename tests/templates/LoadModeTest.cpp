@@ -12,6 +12,7 @@ class LoadModeTest : public ManagerTest
 TEST_F(LoadModeTest, TheFirstStartMakesTheDefinitions)
 {
     util::TemplateInfo info;
+    int headingHeight = 0;
     WindowDriver user;
     user.when("the manager is up", managerIsUp,
               [&]
@@ -21,12 +22,16 @@ TEST_F(LoadModeTest, TheFirstStartMakesTheDefinitions)
                   EXPECT_EQ(grid()->GetColLabelValue(6), "Tool Num Flutes");
                   EXPECT_EQ(grid()->GetNumberRows(), 0);
                   EXPECT_FALSE(m_owner->IsEnabled());
+                  headingHeight = grid()->GetColLabelSize();
                   savePicture(manager(), "template-manager-empty");
                   clickManager(1150);
               });
     EXPECT_EQ(load(), 0);
     EXPECT_TRUE(m_owner->IsEnabled());
     EXPECT_TRUE(m_result.empty());
+    EXPECT_EQ(util::loadTemplateDefs(folder(), "tessaron_template_info", &info), 0);
+    EXPECT_EQ(info.headingHeight, headingHeight);
+    EXPECT_EQ(info.windowWidth, 1024);
 }
 
 TEST_F(LoadModeTest, ApplyHandsOverTheTemplateWithoutTheThreeToolKeys)
@@ -49,6 +54,22 @@ TEST_F(LoadModeTest, ApplyHandsOverTheTemplateWithoutTheThreeToolKeys)
         EXPECT_FALSE(m_result.has(key)) << key.c_str();
     EXPECT_FALSE(m_result.has("stale"));
     EXPECT_TRUE(m_owner->IsEnabled());
+}
+
+TEST_F(LoadModeTest, ApplyHandsOverEditsAndAsksNothing)
+{
+    storeThree();
+    WindowDriver user;
+    user.when("the manager is up", managerIsUp, [] { clickCell(1, "Name"); });
+    user.when(
+        "the row is selected", [] { return isSelected(1); },
+        []
+        {
+            grid()->SetCellValue(1, columnOf("Material"), "Brass");
+            clickManager(1);
+        });
+    EXPECT_EQ(load(), 1);
+    EXPECT_EQ(m_result.stringOr(util::keys::material, ""), "Brass");
 }
 
 TEST_F(LoadModeTest, WithNothingSelectedApplyEndsWithNothing)

@@ -136,6 +136,42 @@ protected:
         return "no such column";
     }
 
+    /// Drags the pointer from a place to another, as a hand does: with places between.
+    static void drag(wxWindow* window, wxPoint from, wxPoint to)
+    {
+        wxUIActionSimulator user;
+        user.MouseMove(window->ClientToScreen(from));
+        user.MouseDown();
+        for (int step = 1; step <= 8; ++step)
+            user.MouseMove(window->ClientToScreen(from + (to - from) * step / 8));
+        user.MouseUp();
+    }
+
+    static int columnOf(const wxString& title)
+    {
+        for (int col = 0; col < grid()->GetNumberCols(); ++col)
+            if (grid()->GetColLabelValue(col) == title)
+                return col;
+        return wxNOT_FOUND;
+    }
+
+    /// The middle of a column's heading, in the window of the headings.
+    static wxPoint heading(const wxString& title)
+    {
+        const wxRect cells = grid()->CellToRect(0, columnOf(title));
+        return {cells.x + cells.width / 2, grid()->GetColLabelSize() / 2};
+    }
+
+    static bool isUp(const wxString& title) { return windowTitled(title) && windowTitled(title)->IsShownOnScreen(); }
+    /// The manager is up, with no dialog over it.
+    static bool atRest() { return managerIsUp() && manager()->IsEnabled() && topWindow() == manager(); }
+
+    /// Gives a command from within the manager's own loop, so that it may open a dialog.
+    static void open(int id)
+    {
+        manager()->CallAfter([id] { command(id); });
+    }
+
     static void command(int id)
     {
         wxCommandEvent event(wxEVT_MENU, static_cast<std::int16_t>(static_cast<std::uint16_t>(id)));

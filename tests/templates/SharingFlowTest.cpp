@@ -83,12 +83,6 @@ class SharingFlowTest : public ManagerTest
 {
 protected:
     OpenFileDialog m_fileDialogs;
-
-    static bool atRest() { return managerIsUp() && manager()->IsEnabled() && !messageIsUp(); }
-    static void open(int id)
-    {
-        manager()->CallAfter([id] { command(id); });
-    }
 };
 
 TEST_F(SharingFlowTest, WhatWasExportedIsImportedAgain)
