@@ -14,8 +14,19 @@ namespace TessaronResources::native
 namespace
 {
 
-// The toolkit waits for its dialog without looking at our quit message.
-constexpr guint quitPollMilliseconds = 100;
+// The toolkit waits for its dialogs and menus without looking at our quit message.
+class QuitPoll
+{
+public:
+    QuitPoll(GSourceFunc look, void* data) : m_source(g_timeout_add(milliseconds, look, data)) {}
+    ~QuitPoll() { g_source_remove(m_source); }
+    QuitPoll(const QuitPoll&) = delete;
+    QuitPoll& operator=(const QuitPoll&) = delete;
+
+private:
+    static constexpr guint milliseconds = 100;
+    guint m_source;
+};
 
 struct Run
 {
@@ -46,12 +57,20 @@ gboolean cancelOnQuit(gpointer data)
     return G_SOURCE_CONTINUE;
 }
 
+gboolean closeMenuOnQuit(gpointer)
+{
+    GtkWidget* const grabbing = gtk_grab_get_current();
+    if (grabbing && GTK_IS_MENU_SHELL(grabbing) && MessagePump::quitPosted())
+        gtk_menu_shell_cancel(GTK_MENU_SHELL(grabbing));
+    return G_SOURCE_CONTINUE;
+}
+
 gboolean showModal(gpointer data)
 {
     auto& call = *static_cast<Run*>(data);
-    const guint poll = g_timeout_add(quitPollMilliseconds, cancelOnQuit, data);
     try
     {
+        const QuitPoll poll(cancelOnQuit, data);
         call.answer = call.dialog.ShowModal();
     }
     catch (...)
@@ -59,7 +78,6 @@ gboolean showModal(gpointer data)
         // No exception may pass through the native loop.
         call.error = std::current_exception();
     }
-    g_source_remove(poll);
     gtk_main_quit();
     return G_SOURCE_REMOVE;
 }
@@ -74,6 +92,12 @@ int runModal(wxDialog& dialog)
     if (call.error)
         std::rethrow_exception(call.error);
     return call.answer;
+}
+
+int chooseFromMenu(wxWindow& window, wxMenu& menu, const wxPoint& at)
+{
+    const QuitPoll poll(closeMenuOnQuit, nullptr);
+    return window.GetPopupMenuSelectionFromUser(menu, at);
 }
 
 } // namespace TessaronResources::native

@@ -1,5 +1,6 @@
 #include "templates/TemplateGridInput.h"
 
+#include "frame/NativeLoop.h"
 #include "templates/FoldCase.h"
 #include "templates/TemplateGridTable.h"
 #include "templates/TemplateManagerGrid.h"
@@ -193,7 +194,7 @@ void TemplateGridInput::showMenu(int row)
             line->Check(item.checked);
         line->Enable(item.enabled);
     }
-    const int chosen = m_grid.GetPopupMenuSelectionFromUser(menu);
+    const int chosen = native::chooseFromMenu(m_grid, menu);
     if (chosen == templateMenuId::configure)
         m_commands.configureColumns();
     else if (chosen == templateMenuId::remove)

@@ -1,6 +1,7 @@
 #include "templates/TemplateManagerRibbon.h"
 
 #include "frame/ModuleState.h"
+#include "frame/NativeLoop.h"
 #include "frame/NativeToolkit.h"
 #include "frame/ResourceSet.h"
 #include "frame/RibbonArt.h"
@@ -162,7 +163,7 @@ void TemplateManagerRibbon::showApplicationMenu()
         menu.Append(item);
     }
     const int tabHeight = GetPage(1)->GetPosition().y;
-    const int chosen = GetPopupMenuSelectionFromUser(menu, wxPoint(0, tabHeight));
+    const int chosen = native::chooseFromMenu(*this, menu, wxPoint(0, tabHeight));
     if (chosen == wxID_NONE)
         return;
     wxCommandEvent command(wxEVT_MENU, chosen);

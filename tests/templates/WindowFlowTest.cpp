@@ -47,6 +47,13 @@ protected:
         clickAt(bar, button.GetPosition() + wxSize(button.width / 2, button.height / 2));
     }
 
+    static void rightClick(wxWindow* window, wxPoint at)
+    {
+        wxUIActionSimulator mouse;
+        mouse.MouseMove(window->ClientToScreen(at));
+        mouse.MouseClick(wxMOUSE_BTN_RIGHT);
+    }
+
     static void chooseTheme(int theme)
     {
         auto* const themes = dynamic_cast<wxChoice*>(child(manager(), 1147));
@@ -117,6 +124,27 @@ TEST_F(WindowFlowTest, TheApplicationButtonHoldsPreferencesAndExit)
     EXPECT_TRUE(m_owner->IsEnabled());
 }
 
+TEST_F(WindowFlowTest, AQuitMessageEndsTheCallOverAMenu)
+{
+    for (const bool ofGrid : {true, false})
+    {
+        WindowDriver user;
+        user.when("the manager is up", atRest,
+                  [ofGrid]
+                  {
+                      grid()->SetFocus();
+                      if (ofGrid)
+                          rightClick(grid()->GetGridColLabelWindow(), heading("Name"));
+                      else
+                          pressKey('F', wxMOD_ALT);
+                  });
+        user.when("the menu is up", menuIsUp, tessaronResourcesQuit);
+        EXPECT_EQ(load(), 0);
+        EXPECT_FALSE(menuIsUp());
+        EXPECT_TRUE(m_owner->IsEnabled());
+    }
+}
+
 TEST_F(WindowFlowTest, ColumnsAreMovedWidenedAndHiddenAndStaySo)
 {
     WindowDriver user;
@@ -133,13 +161,7 @@ TEST_F(WindowFlowTest, ColumnsAreMovedWidenedAndHiddenAndStaySo)
     user.when(
         "the column is wider",
         [] { return grid()->GetColSize(columnOf("Material")) > 120 && !wxGetMouseState().LeftIsDown(); },
-        []
-        {
-            const wxPoint at = heading("Name");
-            wxUIActionSimulator mouse;
-            mouse.MouseMove(grid()->GetGridColLabelWindow()->ClientToScreen(at));
-            mouse.MouseClick(wxMOUSE_BTN_RIGHT);
-        });
+        [] { rightClick(grid()->GetGridColLabelWindow(), heading("Name")); });
     // The first item, the name, cannot be chosen.
     pressInMenu(user, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
     user.when(
