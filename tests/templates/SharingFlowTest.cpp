@@ -55,19 +55,21 @@ void chooseAll(WindowDriver& user, const std::filesystem::path& folder, std::siz
 {
     user.when("the open dialog is up", fileDialog,
               [folder] { fileDialog()->SetDirectory(wxString::FromUTF8(folder.string())); });
-    user.when(
-        "the files are chosen",
-        [=]
-        {
-            wxArrayString paths;
-            if (fileDialog())
-            {
-                markAllFiles(fileDialog());
-                fileDialog()->GetPaths(paths);
-            }
-            return paths.size() == count && paths[0].StartsWith(wxString::FromUTF8(folder.string() + "/"));
-        },
-        [] { fileDialog()->EndModal(wxID_OK); });
+    user.when("the files are chosen",
+              [=]
+              {
+                  wxArrayString paths;
+                  if (fileDialog())
+                  {
+                      markAllFiles(fileDialog());
+                      fileDialog()->GetPaths(paths);
+                  }
+                  if (paths.size() != count || !paths[0].StartsWith(wxString::FromUTF8(folder.string() + "/")))
+                      return false;
+                  // At once: the dialog drops the choice when it reads the folder again.
+                  fileDialog()->EndModal(wxID_OK);
+                  return true;
+              });
 }
 
 // Types a path into the toolkit's save dialog.
