@@ -12,8 +12,8 @@ namespace util::store
 /// Gives a template that does not name its CAM system the one that it then counts as coming from.
 void nameCam(Parameterized& set);
 
-/// Gives a template what the store keeps: guid, version, dates and CAM system. `stored` is the template whose place it takes, or
-/// null. `time` is in seconds since 1970.
+/// Gives a template what the store keeps: guid, version, dates and CAM system. `stored` is the template whose place it
+/// takes, or null. `time` is in seconds since 1970.
 void stampTemplate(Parameterized& set, const Parameterized* stored, long long time);
 
 /// Now, in seconds since 1970.

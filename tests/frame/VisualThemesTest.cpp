@@ -20,7 +20,8 @@ namespace
 template <class Manager>
 bool isInstalled()
 {
-    return typeid(VisualManager::current()) == typeid(Manager);
+    const VisualManager& current = VisualManager::current();
+    return typeid(current) == typeid(Manager);
 }
 
 struct ThemeCase

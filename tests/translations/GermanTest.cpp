@@ -146,7 +146,7 @@ TEST_F(GermanManager, ItsWindowsAreGermanAndWhatItStoresIsNot)
     user.when("the manager is back", atRest,
               []
               {
-                  EXPECT_EQ(cells()->GetColLabelValue(1), "Werkstoffgruppe");
+                  EXPECT_EQ(cells()->GetColLabelValue(1), "Art des Werkstoffs");
                   expectWellLaidOut(cells()->GetParent());
                   savePicture(window(managerName), "german-template-manager");
                   cells()->SelectRow(0);
