@@ -5,7 +5,6 @@ include(HelpFiles)
 include(PublicHeaders)
 
 set(TESSARON_LIBRARIES TessaronExchange TessaronEngines TessaronResources)
-set(TESSARON_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/tessaron")
 set(TESSARON_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/TessaronResources")
 
 # An installed library finds its sisters beside itself, wherever the prefix goes.
@@ -16,11 +15,8 @@ endforeach()
 
 install(TARGETS ${TESSARON_LIBRARIES} EXPORT TessaronTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-  INCLUDES DESTINATION "${TESSARON_INCLUDEDIR}")
-foreach(header IN LISTS TESSARON_PUBLIC_HEADERS TESSARON_PUBLIC_C_HEADERS)
-  get_filename_component(folder "${header}" DIRECTORY)
-  install(FILES "${PROJECT_SOURCE_DIR}/${header}" DESTINATION "${TESSARON_INCLUDEDIR}/${folder}")
-endforeach()
+  INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/tessaron" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" FILES_MATCHING PATTERN "*.h")
 
 # The engine looks for its data beside its library, and the module for its help files.
 install(FILES "${TESSARON_EXPERT_DATABASE}" ${TESSARON_HELP_FILES} DESTINATION "${CMAKE_INSTALL_LIBDIR}")

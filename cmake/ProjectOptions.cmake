@@ -22,7 +22,7 @@ add_library(tessaron_options INTERFACE)
 target_compile_options(tessaron_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual>
   $<$<BOOL:${TESSARON_WERROR}>:-Werror>)
-target_include_directories(tessaron_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_include_directories(tessaron_options INTERFACE "${PROJECT_SOURCE_DIR}/include" "${PROJECT_SOURCE_DIR}")
 if(TESSARON_SANITIZE)
   target_compile_options(tessaron_options INTERFACE -fsanitize=${TESSARON_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=all)

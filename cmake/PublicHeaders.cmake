@@ -1,69 +1,10 @@
-# The headers that hosts may include, and those that they pull in: installed below include/tessaron, and compiled each by
-# itself by tests/install.
-set(TESSARON_PUBLIC_HEADERS
-  engine/Calculator.h
-  engine/JobService.h
-  engine/ProgressData.h
-  engine/TechnologyExpertData.h
-  engine/TemplateInfo.h
-  engine/TemplatePath.h
-  engine/TemplateStore.h
-  exchange/Archives.h
-  exchange/OrrimantInput.h
-  exchange/PolymorphicArchives.h
-  exchange/StatusTable.h
-  exchange/Tessaron2dInput.h
-  exchange/Tessaron3dInput.h
-  exchange/Tessaron5xInput.h
-  exchange/TessaronDrillHoles.h
-  exchange/ToolpathRecords.h
-  exchange/archive/CountedReference.h
-  exchange/archive/PolymorphicPointer.h
-  exchange/archive/PolymorphicVector.h
-  exchange/archive/Records.h
-  exchange/geom/Arc.h
-  exchange/geom/Arc2Impl.h
-  exchange/geom/BSplineCurve.h
-  exchange/geom/BSplineCurveImpl.h
-  exchange/geom/ControlPointCurveBase.h
-  exchange/geom/CurveSerialization.h
-  exchange/geom/Curves.h
-  exchange/geom/GeomSerialization.h
-  exchange/geom/Line.h
-  exchange/geom/LineImpl.h
-  exchange/geom/ParametricCurve.h
-  exchange/geom/PlaneCurve3d.h
-  exchange/geom/PlaneCurve3dImpl.h
-  exchange/geom/PointNd.h
-  exchange/geom/Polyline.h
-  exchange/geom/PolylineImpl.h
-  exchange/geom/RationalBSplineCurve.h
-  exchange/geom/RationalBSplineCurveImpl.h
-  exchange/geom/Transform.h
-  exchange/geom/VecNd.h
-  exchange/mesh/TriMeshFacets.h
-  frame/DataExchange.h
-  frame/DialogBase.h
-  frame/EntryPoints.h
-  frame/ModuleState.h
-  frame/Platform.h
-  frame/ResourceSet.h
-  frame/WinApp.h
-  machining/GougeCheckData.h
-  machining/SmartLinkData.h
-  progress/MultiProgressDialog.h
-  progress/ProgressDialog.h
-  util/Assertion.h
-  util/ClassVersion.h
-  util/Constants.h
-  util/Keys.h
-  util/Parameterized.h
-  util/ParameterizedSerialization.h
-  util/VariantSerialization.h
-  util/VisualTheme.h)
+# What hosts may include lies below include/tessaron and nowhere else: installed as it is, and compiled each by itself by
+# tests/install. The names are those after `include/`.
+file(GLOB_RECURSE TESSARON_PUBLIC_HEADERS CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}/include"
+  "${PROJECT_SOURCE_DIR}/include/tessaron/*.h")
 
 # Those that are C as well as C++.
 set(TESSARON_PUBLIC_C_HEADERS
-  engine/JobServiceC.h
-  frame/PlainEntryPoints.h
-  util/Export.h)
+  tessaron/engine/JobServiceC.h
+  tessaron/frame/PlainEntryPoints.h
+  tessaron/util/Export.h)

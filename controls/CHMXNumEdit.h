@@ -28,7 +28,8 @@ public:
     void setGeneralFormat(bool general) { m_generalFormat = general; }
     bool generalFormat() const { return m_generalFormat; }
 
-    /// Reads a text as an expression. \returns whether all of it was one.
+    /// Reads a text as an expression.
+    /// \returns whether all of it was one.
     static bool evaluate(const wxString& text, double& value);
 
     /// Formats the field's own text again. An empty field stays empty.

@@ -1,4 +1,4 @@
-#include "engine/Calculator.h"
+#include <tessaron/engine/Calculator.h>
 
 #include <algorithm>
 #include <array>

@@ -1,12 +1,12 @@
-#include "engine/JobService.h"
+#include <tessaron/engine/JobService.h>
 
 #include "engine/jobs/JobError.h"
 #include "engine/jobs/JobRegistry.h"
 #include "engine/pocketing/PocketingJob.h"
 #include "engine/pocketing/PocketingParameters.h"
-#include "exchange/Archives.h"
-#include "exchange/StatusTable.h"
-#include "exchange/Tessaron2dInput.h"
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/exchange/Tessaron2dInput.h>
 
 #include <exception>
 #include <memory>

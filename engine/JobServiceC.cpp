@@ -1,9 +1,9 @@
-#include "engine/JobServiceC.h"
+#include <tessaron/engine/JobServiceC.h>
 
-#include "engine/JobService.h"
-#include "exchange/Archives.h"
-#include "exchange/StatusTable.h"
-#include "exchange/ToolpathRecords.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/exchange/ToolpathRecords.h>
 
 #include <algorithm>
 #include <exception>

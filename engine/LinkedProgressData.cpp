@@ -1,5 +1,5 @@
-#include "engine/JobService.h"
-#include "engine/ProgressData.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/engine/ProgressData.h>
 
 #include <boost/make_shared.hpp>
 

@@ -1,4 +1,4 @@
-#include "engine/ProgressData.h"
+#include <tessaron/engine/ProgressData.h>
 
 #include <chrono>
 #include <thread>

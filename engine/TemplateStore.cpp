@@ -1,4 +1,4 @@
-#include "engine/TemplateStore.h"
+#include <tessaron/engine/TemplateStore.h>
 
 #include "engine/templates/ExpertDatabase.h"
 #include "engine/templates/FileNames.h"
@@ -8,9 +8,9 @@
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateFolder.h"
 #include "engine/templates/TemplateListing.h"
-#include "exchange/StatusTable.h"
-#include "util/FolderLock.h"
-#include "util/Keys.h"
+#include "util/platform/FolderLock.h"
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <algorithm>
 #include <exception>

@@ -1,8 +1,8 @@
-#include "exchange/Archives.h"
+#include <tessaron/exchange/Archives.h>
 
 #include "exchange/archive/Failure.h"
 #include "exchange/archive/RecordTable.h"
-#include "util/AtomicFile.h"
+#include "util/platform/AtomicFile.h"
 
 #include <cerrno>
 #include <exception>

@@ -1,8 +1,8 @@
 #ifndef EXCHANGE_ORRIMANTINPUTSERIALIZATION_H
 #define EXCHANGE_ORRIMANTINPUTSERIALIZATION_H
 
-#include "exchange/OrrimantInput.h"
 #include "exchange/Tessaron2dInputSerialization.h"
+#include <tessaron/exchange/OrrimantInput.h>
 
 BOOST_CLASS_VERSION(exchange::OrrimantInput, 1)
 

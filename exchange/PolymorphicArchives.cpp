@@ -1,4 +1,4 @@
-#include "exchange/PolymorphicArchives.h"
+#include <tessaron/exchange/PolymorphicArchives.h>
 
 #include "exchange/archive/BinaryReader.h"
 #include "exchange/archive/BinaryWriter.h"
@@ -7,7 +7,7 @@
 #include "exchange/archive/RecordTable.h"
 #include "exchange/archive/XmlReader.h"
 #include "exchange/archive/XmlWriter.h"
-#include "exchange/geom/CurveSerialization.h"
+#include <tessaron/exchange/geom/CurveSerialization.h>
 
 #include <utility>
 #include <variant>

@@ -1,4 +1,4 @@
-#include "exchange/StatusTable.h"
+#include <tessaron/exchange/StatusTable.h>
 
 #include <map>
 

@@ -1,9 +1,9 @@
 #ifndef EXCHANGE_TESSARON2DINPUTSERIALIZATION_H
 #define EXCHANGE_TESSARON2DINPUTSERIALIZATION_H
 
-#include "exchange/Tessaron2dInput.h"
 #include "exchange/TessaronDrillHolesSerialization.h"
-#include "exchange/geom/CurveSerialization.h"
+#include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/exchange/geom/CurveSerialization.h>
 
 BOOST_CLASS_VERSION(exchange::Tessaron2dInput, 2)
 

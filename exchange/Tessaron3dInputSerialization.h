@@ -2,8 +2,8 @@
 #define EXCHANGE_TESSARON3DINPUTSERIALIZATION_H
 
 #include "exchange/Tessaron2dInputSerialization.h"
-#include "exchange/Tessaron3dInput.h"
 #include "exchange/mesh/MeshSerialization.h"
+#include <tessaron/exchange/Tessaron3dInput.h>
 
 BOOST_CLASS_VERSION(exchange::Tessaron3dBoundaries, 3)
 BOOST_CLASS_VERSION(exchange::Tessaron3dInput, 3)

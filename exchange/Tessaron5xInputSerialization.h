@@ -2,8 +2,8 @@
 #define EXCHANGE_TESSARON5XINPUTSERIALIZATION_H
 
 #include "exchange/Tessaron2dInputSerialization.h"
-#include "exchange/Tessaron5xInput.h"
 #include "exchange/mesh/MeshSerialization.h"
+#include <tessaron/exchange/Tessaron5xInput.h>
 
 namespace exchange
 {

@@ -1,8 +1,8 @@
 #ifndef EXCHANGE_TESSARONDRILLHOLESSERIALIZATION_H
 #define EXCHANGE_TESSARONDRILLHOLESSERIALIZATION_H
 
-#include "exchange/TessaronDrillHoles.h"
-#include "exchange/geom/GeomSerialization.h"
+#include <tessaron/exchange/TessaronDrillHoles.h>
+#include <tessaron/exchange/geom/GeomSerialization.h>
 
 #include <boost/serialization/deque.hpp>
 #include <boost/serialization/nvp.hpp>

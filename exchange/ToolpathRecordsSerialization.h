@@ -1,9 +1,9 @@
 #ifndef EXCHANGE_TOOLPATHRECORDSSERIALIZATION_H
 #define EXCHANGE_TOOLPATHRECORDSSERIALIZATION_H
 
-#include "exchange/ToolpathRecords.h"
-#include "exchange/geom/GeomSerialization.h"
-#include "util/VariantSerialization.h"
+#include <tessaron/exchange/ToolpathRecords.h>
+#include <tessaron/exchange/geom/GeomSerialization.h>
+#include <tessaron/util/VariantSerialization.h>
 
 #include <boost/serialization/deque.hpp>
 #include <boost/serialization/nvp.hpp>

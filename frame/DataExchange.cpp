@@ -1,7 +1,7 @@
-#include "frame/DataExchange.h"
+#include <tessaron/frame/DataExchange.h>
 
-#include "frame/DialogBase.h"
 #include "frame/Translation.h"
+#include <tessaron/frame/DialogBase.h>
 
 #include <wx/checkbox.h>
 #include <wx/ctrlsub.h>

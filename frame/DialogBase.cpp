@@ -1,14 +1,14 @@
-#include "frame/DialogBase.h"
 #include "frame/ControlId.h"
+#include <tessaron/frame/DialogBase.h>
 
-#include "frame/DataExchange.h"
 #include "frame/MessageDialog.h"
 #include "frame/MessagePump.h"
-#include "frame/ModuleState.h"
-#include "frame/NativeToolkit.h"
-#include "frame/ResourceSet.h"
 #include "frame/Toolkit.h"
-#include "frame/VisualManager.h"
+#include "frame/looks/VisualManager.h"
+#include "frame/native/NativeToolkit.h"
+#include <tessaron/frame/DataExchange.h>
+#include <tessaron/frame/ModuleState.h>
+#include <tessaron/frame/ResourceSet.h>
 
 #include <wx/button.h>
 #include <wx/checkbox.h>

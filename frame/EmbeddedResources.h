@@ -1,7 +1,7 @@
 #ifndef FRAME_EMBEDDEDRESOURCES_H
 #define FRAME_EMBEDDEDRESOURCES_H
 
-#include "frame/ResourceSet.h"
+#include <tessaron/frame/ResourceSet.h>
 
 #include <memory>
 #include <set>

@@ -2,7 +2,7 @@
 #include "frame/ControlId.h"
 #include "frame/Translation.h"
 
-#include "frame/DialogBase.h"
+#include <tessaron/frame/DialogBase.h>
 
 #include <wx/artprov.h>
 #include <wx/button.h>

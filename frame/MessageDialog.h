@@ -15,10 +15,12 @@ enum class MessageKind
     error,
 };
 
-/// Shows a message with an OK button, modal, in the look in force. \returns when the user has closed it.
+/// Shows a message with an OK button, modal, in the look in force.
+/// \returns when the user has closed it.
 void showMessage(wxWindow* owner, const wxString& caption, const wxString& text, MessageKind kind);
 
-/// Asks a question with the buttons OK and Cancel. \returns whether the answer was OK.
+/// Asks a question with the buttons OK and Cancel.
+/// \returns whether the answer was OK.
 bool askOkCancel(wxWindow* owner, const wxString& caption, const wxString& text, MessageKind kind);
 
 } // namespace TessaronResources

@@ -1,8 +1,8 @@
 #include "frame/MessagePump.h"
 
-#include "frame/NativeToolkit.h"
-#include "frame/PlainEntryPoints.h"
 #include "frame/Toolkit.h"
+#include "frame/native/NativeToolkit.h"
+#include <tessaron/frame/PlainEntryPoints.h>
 
 #include <wx/app.h>
 #include <wx/evtloop.h>

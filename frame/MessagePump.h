@@ -33,8 +33,8 @@ public:
     MessagePump(const MessagePump&) = delete;
     MessagePump& operator=(const MessagePump&) = delete;
 
-    /// Dispatches the messages that wait, until none is left. \returns whether the quit message was among them, in this
-    /// pass or an earlier one.
+    /// Dispatches the messages that wait, until none is left.
+    /// \returns whether the quit message was among them, in this pass or an earlier one.
     bool pump();
 
     /// Hands the quit message on: to the calls around this one, and to the host's loop.

@@ -1,7 +1,7 @@
 #ifndef FRAME_MODULEHANDLE_H
 #define FRAME_MODULEHANDLE_H
 
-#include "frame/Platform.h"
+#include <tessaron/frame/Platform.h>
 
 #include <string>
 

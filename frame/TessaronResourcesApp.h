@@ -1,7 +1,7 @@
 #ifndef FRAME_TESSARONRESOURCESAPP_H
 #define FRAME_TESSARONRESOURCESAPP_H
 
-#include "frame/WinApp.h"
+#include <tessaron/frame/WinApp.h>
 
 namespace TessaronResources
 {

@@ -1,6 +1,6 @@
 #include "frame/Toolkit.h"
 
-#include "frame/NativeToolkit.h"
+#include "frame/native/NativeToolkit.h"
 
 #include <wx/app.h>
 #include <wx/init.h>

@@ -2,7 +2,7 @@
 #define FRAME_TOOLKIT_H
 
 #include "frame/MessagePump.h"
-#include "frame/ModuleState.h"
+#include <tessaron/frame/ModuleState.h>
 
 #include <wx/debug.h>
 
@@ -10,7 +10,8 @@ namespace TessaronResources
 {
 
 /// Brings the toolkit up unless it is already: the host's own, where it runs one, or one that the module starts and
-/// keeps. The process's locale and signal handlers stay what they are. \returns false when there is no display.
+/// keeps. The process's locale and signal handlers stay what they are.
+/// \returns false when there is no display.
 bool startToolkit();
 
 /// Whether windows can be made.

@@ -1,7 +1,7 @@
 #ifndef HOST_GEOMETRY_H
 #define HOST_GEOMETRY_H
 
-#include "exchange/geom/PointNd.h"
+#include <tessaron/exchange/geom/PointNd.h>
 
 #include <algorithm>
 #include <limits>

@@ -1,11 +1,11 @@
 #include "host/HostFrame.h"
 
-#include "exchange/Archives.h"
 #include "host/Accessibility.h"
 #include "host/Icons.h"
 #include "host/PartView.h"
 #include "host/SidePanel.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/util/Keys.h>
 
 #include <boost/make_shared.hpp>
 

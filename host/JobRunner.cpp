@@ -1,6 +1,6 @@
 #include "host/JobRunner.h"
 
-#include "exchange/StatusTable.h"
+#include <tessaron/exchange/StatusTable.h>
 
 #include <chrono>
 

@@ -1,9 +1,9 @@
 #ifndef HOST_JOBRUNNER_H
 #define HOST_JOBRUNNER_H
 
-#include "engine/JobService.h"
-#include "exchange/Tessaron2dInput.h"
-#include "exchange/ToolpathRecords.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/exchange/ToolpathRecords.h>
 
 #include <boost/shared_ptr.hpp>
 

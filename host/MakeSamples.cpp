@@ -1,9 +1,9 @@
 // Writes the sample parts of the demonstration host: make-samples FOLDER
 
-#include "exchange/Archives.h"
-#include "exchange/Tessaron2dInput.h"
-#include "exchange/geom/Curves.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/exchange/geom/Curves.h>
+#include <tessaron/util/Keys.h>
 
 #include <boost/make_shared.hpp>
 #include <boost/math/constants/constants.hpp>

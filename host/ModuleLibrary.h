@@ -1,7 +1,7 @@
 #ifndef HOST_MODULELIBRARY_H
 #define HOST_MODULELIBRARY_H
 
-#include "frame/EntryPoints.h"
+#include <tessaron/frame/EntryPoints.h>
 
 #include <stdexcept>
 #include <string>

@@ -1,7 +1,7 @@
 #include "host/Outline.h"
 
-#include "exchange/geom/Line.h"
-#include "exchange/geom/Polyline.h"
+#include <tessaron/exchange/geom/Line.h>
+#include <tessaron/exchange/geom/Polyline.h>
 
 #include <loki/Visitor.h>
 

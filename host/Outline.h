@@ -1,8 +1,8 @@
 #ifndef HOST_OUTLINE_H
 #define HOST_OUTLINE_H
 
-#include "exchange/Tessaron2dInput.h"
 #include "host/Geometry.h"
+#include <tessaron/exchange/Tessaron2dInput.h>
 
 #include <vector>
 

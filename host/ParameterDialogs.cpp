@@ -1,6 +1,6 @@
 #include "host/ParameterDialogs.h"
 
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 namespace host
 {

@@ -2,9 +2,9 @@
 #define HOST_PARAMETERDIALOGS_H
 
 #include "host/ModuleLibrary.h"
-#include "machining/GougeCheckData.h"
-#include "machining/SmartLinkData.h"
-#include "util/Parameterized.h"
+#include <tessaron/machining/GougeCheckData.h>
+#include <tessaron/machining/SmartLinkData.h>
+#include <tessaron/util/Parameterized.h>
 
 #include <string>
 

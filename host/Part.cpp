@@ -1,8 +1,8 @@
 #include "host/Part.h"
 
-#include "engine/JobService.h"
-#include "exchange/Archives.h"
-#include "util/Keys.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/util/Keys.h>
 
 #include <cctype>
 #include <cmath>

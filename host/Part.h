@@ -1,9 +1,9 @@
 #ifndef HOST_PART_H
 #define HOST_PART_H
 
-#include "exchange/Tessaron2dInput.h"
 #include "host/Geometry.h"
 #include "host/Outline.h"
+#include <tessaron/exchange/Tessaron2dInput.h>
 
 #include <stdexcept>
 #include <string>

@@ -1,7 +1,7 @@
 #include "host/PartPainter.h"
 
 #include "host/Palette.h"
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 #include <wx/brush.h>
 #include <wx/graphics.h>

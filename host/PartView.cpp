@@ -3,7 +3,7 @@
 #include "host/OverlayPainter.h"
 #include "host/PartPainter.h"
 #include "host/ToolpathPainter.h"
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 #include <wx/dcbuffer.h>
 #include <wx/dcmemory.h>

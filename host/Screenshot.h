@@ -8,7 +8,8 @@ class wxRect;
 namespace host
 {
 
-/// Saves what the screen shows of an area as a PNG file. \returns false when it could not be written
+/// Saves what the screen shows of an area as a PNG file.
+/// \returns false when it could not be written
 bool saveScreenshot(const wxRect& area, const std::string& path);
 
 } // namespace host

@@ -2,7 +2,7 @@
 
 #include "host/Accessibility.h"
 #include "host/Palette.h"
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 #include <wx/checkbox.h>
 #include <wx/choice.h>

@@ -25,7 +25,8 @@ class SidePanel : public wxScrolledWindow
 public:
     explicit SidePanel(wxWindow* parent);
 
-    /// Shows a scene. \param seconds how long its toolpath took to compute; 0 when that is not known
+    /// Shows a scene.
+    /// \param seconds how long its toolpath took to compute; 0 when that is not known
     void show(const Scene& scene, double seconds);
     void setShownLevel(int level);
 

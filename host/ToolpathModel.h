@@ -1,8 +1,8 @@
 #ifndef HOST_TOOLPATHMODEL_H
 #define HOST_TOOLPATHMODEL_H
 
-#include "exchange/ToolpathRecords.h"
 #include "host/Geometry.h"
+#include <tessaron/exchange/ToolpathRecords.h>
 
 #include <cstddef>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "host/ToolpathPainter.h"
 
 #include "host/Palette.h"
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 #include <cmath>
 

@@ -1,12 +1,12 @@
 #include "host/Tour.h"
 
-#include "exchange/Archives.h"
-#include "exchange/StatusTable.h"
 #include "host/HostFrame.h"
 #include "host/PartView.h"
 #include "host/ScratchFolder.h"
 #include "host/Screenshot.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <wx/app.h>
 #include <wx/evtloop.h>

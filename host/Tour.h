@@ -25,7 +25,8 @@ public:
     /// \param pictures the folder for the pictures; made when it is missing
     Tour(HostFrame& frame, std::vector<std::string> parts, std::string pictures);
 
-    /// Runs inside the event loop. \returns whether everything went as it should
+    /// Runs inside the event loop.
+    /// \returns whether everything went as it should
     bool run();
 
 private:

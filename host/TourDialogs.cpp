@@ -1,7 +1,7 @@
 // The part of the tour that uses the module's dialogs.
 #include "host/HostFrame.h"
 #include "host/Tour.h"
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 #include <wx/choice.h>
 #include <wx/combobox.h>

@@ -2,14 +2,14 @@
 
 #include "controls/CHMXNumEdit.h"
 #include "frame/ControlId.h"
-#include "frame/DataExchange.h"
-#include "frame/EntryPoints.h"
 #include "frame/ModuleHandle.h"
-#include "frame/ModuleState.h"
-#include "frame/NativeToolkit.h"
-#include "frame/ResourceSet.h"
 #include "frame/Toolkit.h"
-#include "util/Keys.h"
+#include "frame/native/NativeToolkit.h"
+#include <tessaron/frame/DataExchange.h>
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/frame/ModuleState.h>
+#include <tessaron/frame/ResourceSet.h>
+#include <tessaron/util/Keys.h>
 
 #include <wx/button.h>
 #include <wx/choice.h>

@@ -1,9 +1,9 @@
 #ifndef MACHINING_CHIPCONTROLDIALOG_H
 #define MACHINING_CHIPCONTROLDIALOG_H
 
-#include "frame/DataExchange.h"
-#include "frame/DialogBase.h"
 #include "machining/ChipControlRules.h"
+#include <tessaron/frame/DataExchange.h>
+#include <tessaron/frame/DialogBase.h>
 
 #include <array>
 #include <optional>

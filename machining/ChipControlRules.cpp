@@ -1,9 +1,9 @@
 #include "machining/ChipControlRules.h"
 
 #include "controls/NumericExpression.h"
-#include "engine/Calculator.h"
-#include "util/Assertion.h"
-#include "util/Keys.h"
+#include <tessaron/engine/Calculator.h>
+#include <tessaron/util/Assertion.h>
+#include <tessaron/util/Keys.h>
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 #ifndef MACHINING_CHIPCONTROLRULES_H
 #define MACHINING_CHIPCONTROLRULES_H
 
-#include "util/Parameterized.h"
+#include <tessaron/util/Parameterized.h>
 
 #include <array>
 #include <string>

@@ -1,12 +1,12 @@
 #include "machining/GougeCheckDialog.h"
 
 #include "frame/ControlId.h"
-#include "frame/DataExchange.h"
-#include "frame/EntryPoints.h"
-#include "frame/ModuleState.h"
-#include "frame/ResourceSet.h"
 #include "frame/Toolkit.h"
 #include "frame/Translation.h"
+#include <tessaron/frame/DataExchange.h>
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/frame/ModuleState.h>
+#include <tessaron/frame/ResourceSet.h>
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
 #ifndef MACHINING_GOUGECHECKDIALOG_H
 #define MACHINING_GOUGECHECKDIALOG_H
 
-#include "frame/DialogBase.h"
-#include "machining/GougeCheckData.h"
+#include <tessaron/frame/DialogBase.h>
+#include <tessaron/machining/GougeCheckData.h>
 
 namespace TessaronResources
 {

@@ -1,12 +1,12 @@
 #include "machining/SmartLinkDialog.h"
 
 #include "frame/ControlId.h"
-#include "frame/DataExchange.h"
-#include "frame/EntryPoints.h"
-#include "frame/ModuleState.h"
-#include "frame/NativeToolkit.h"
-#include "frame/ResourceSet.h"
 #include "frame/Toolkit.h"
+#include "frame/native/NativeToolkit.h"
+#include <tessaron/frame/DataExchange.h>
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/frame/ModuleState.h>
+#include <tessaron/frame/ResourceSet.h>
 
 #include <wx/checkbox.h>
 #include <wx/radiobut.h>

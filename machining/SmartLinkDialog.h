@@ -1,8 +1,8 @@
 #ifndef MACHINING_SMARTLINKDIALOG_H
 #define MACHINING_SMARTLINKDIALOG_H
 
-#include "frame/DialogBase.h"
 #include "machining/SmartLinkRules.h"
+#include <tessaron/frame/DialogBase.h>
 
 class wxCheckBox;
 class wxRadioButton;

@@ -1,7 +1,7 @@
 #ifndef MACHINING_SMARTLINKRULES_H
 #define MACHINING_SMARTLINKRULES_H
 
-#include "machining/SmartLinkData.h"
+#include <tessaron/machining/SmartLinkData.h>
 
 namespace TessaronResources
 {

@@ -1,11 +1,11 @@
-#include "progress/MultiProgressDialog.h"
+#include <tessaron/progress/MultiProgressDialog.h>
 
 #include "controls/TransparentImage.h"
 #include "frame/ControlId.h"
-#include "frame/DataExchange.h"
-#include "frame/ModuleState.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
+#include <tessaron/frame/DataExchange.h>
+#include <tessaron/frame/ModuleState.h>
 
 #include <wx/stattext.h>
 #include <wx/weakref.h>
@@ -44,11 +44,11 @@ struct DestroyLine
 wxIMPLEMENT_ABSTRACT_CLASS(MultiProgressDialog, wxDialog);
 
 wxBEGIN_EVENT_TABLE(MultiProgressDialog, DialogBase)
-    EVT_CHECKBOX(progressIds::showDetails, MultiProgressDialog::onShowDetails) wxEND_EVENT_TABLE()
+    EVT_CHECKBOX(progressIds::showDetails, MultiProgressDialog::onShowDetails)
+wxEND_EVENT_TABLE()
 
-        MultiProgressDialog::MultiProgressDialog(int templateId,
-                                                 const boost::shared_ptr<exchange::ProgressData>& progress,
-                                                 const boost::shared_ptr<bool>& cancelled, CWnd* parent)
+MultiProgressDialog::MultiProgressDialog(int templateId, const boost::shared_ptr<exchange::ProgressData>& progress,
+                                         const boost::shared_ptr<bool>& cancelled, CWnd* parent)
     : m_progress(progress), m_cancelled(cancelled), m_templateId(templateId), m_parent(parent)
 {
 }

@@ -1,11 +1,11 @@
 #include "progress/ProgressControls.h"
 
 #include "controls/TransparentImage.h"
-#include "frame/DialogBase.h"
-#include "frame/ModuleState.h"
-#include "frame/NativeToolkit.h"
-#include "frame/ResourceSet.h"
 #include "frame/Translation.h"
+#include "frame/native/NativeToolkit.h"
+#include <tessaron/frame/DialogBase.h>
+#include <tessaron/frame/ModuleState.h>
+#include <tessaron/frame/ResourceSet.h>
 
 #include <wx/gauge.h>
 #include <wx/stattext.h>

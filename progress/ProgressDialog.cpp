@@ -1,21 +1,22 @@
-#include "progress/ProgressDialog.h"
+#include <tessaron/progress/ProgressDialog.h>
 
 #include "controls/TransparentImage.h"
-#include "frame/DataExchange.h"
-#include "frame/ModuleState.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
+#include <tessaron/frame/DataExchange.h>
+#include <tessaron/frame/ModuleState.h>
 
 namespace TessaronResources
 {
 
 wxIMPLEMENT_ABSTRACT_CLASS(ProgressDialog, wxDialog);
 
-wxBEGIN_EVENT_TABLE(ProgressDialog, DialogBase) wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(ProgressDialog, DialogBase)
+wxEND_EVENT_TABLE()
 
-    ProgressDialog::ProgressDialog(int templateId, const char* caption,
-                                   const boost::shared_ptr<exchange::ProgressData>& progress,
-                                   const boost::shared_ptr<bool>& cancelled, CWnd* parent)
+ProgressDialog::ProgressDialog(int templateId, const char* caption,
+                               const boost::shared_ptr<exchange::ProgressData>& progress,
+                               const boost::shared_ptr<bool>& cancelled, CWnd* parent)
     : m_templateId(templateId), m_caption(caption ? caption : ""), m_progress(progress), m_cancelled(cancelled),
       m_parent(parent)
 {

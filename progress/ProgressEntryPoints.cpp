@@ -1,11 +1,11 @@
-#include "engine/ProgressData.h"
-#include "frame/EntryPoints.h"
 #include "frame/Toolkit.h"
-#include "progress/MultiProgressDialog.h"
 #include "progress/ProgressControls.h"
-#include "progress/ProgressDialog.h"
 #include "progress/ProgressLoop.h"
 #include "progress/ProgressPoll.h"
+#include <tessaron/engine/ProgressData.h>
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/progress/MultiProgressDialog.h>
+#include <tessaron/progress/ProgressDialog.h>
 
 #include <boost/make_shared.hpp>
 

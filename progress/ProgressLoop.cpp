@@ -1,9 +1,9 @@
 #include "progress/ProgressLoop.h"
 
-#include "engine/ProgressData.h"
 #include "frame/MessagePump.h"
-#include "frame/ModuleState.h"
-#include "frame/WinApp.h"
+#include <tessaron/engine/ProgressData.h>
+#include <tessaron/frame/ModuleState.h>
+#include <tessaron/frame/WinApp.h>
 
 #include <chrono>
 

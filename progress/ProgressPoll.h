@@ -1,8 +1,8 @@
 #ifndef PROGRESS_PROGRESSPOLL_H
 #define PROGRESS_PROGRESSPOLL_H
 
-#include "engine/ProgressData.h"
 #include "progress/ProgressStages.h"
+#include <tessaron/engine/ProgressData.h>
 
 #include <string>
 

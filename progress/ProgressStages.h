@@ -1,8 +1,8 @@
 #ifndef PROGRESS_PROGRESSSTAGES_H
 #define PROGRESS_PROGRESSSTAGES_H
 
-#include "util/Keys.h"
-#include "util/Parameterized.h"
+#include <tessaron/util/Keys.h>
+#include <tessaron/util/Parameterized.h>
 
 #include <functional>
 #include <string>

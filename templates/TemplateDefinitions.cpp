@@ -1,9 +1,9 @@
 #include "templates/TemplateDefinitions.h"
 
-#include "engine/TemplateStore.h"
-#include "exchange/StatusTable.h"
 #include "frame/Translation.h"
-#include "util/Keys.h"
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <array>
 

@@ -1,9 +1,9 @@
 #ifndef TEMPLATES_TEMPLATEDEFINITIONS_H
 #define TEMPLATES_TEMPLATEDEFINITIONS_H
 
-#include "engine/TechnologyExpertData.h"
-#include "engine/TemplateInfo.h"
 #include "templates/TemplateUser.h"
+#include <tessaron/engine/TechnologyExpertData.h>
+#include <tessaron/engine/TemplateInfo.h>
 
 #include <string>
 #include <vector>

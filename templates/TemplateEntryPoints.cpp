@@ -1,9 +1,9 @@
-#include "frame/EntryPoints.h"
 #include "frame/MessagePump.h"
 #include "frame/Toolkit.h"
 #include "templates/TemplateManagerFormView.h"
 #include "templates/TemplateManagerFrameWnd.h"
-#include "util/VisualTheme.h"
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/util/VisualTheme.h>
 
 #include <wx/app.h>
 #include <wx/utils.h>

@@ -1,7 +1,7 @@
 #include "templates/TemplateFind.h"
 
-#include "templates/ColumnSearch.h"
-#include "templates/FoldCase.h"
+#include "templates/columns/ColumnSearch.h"
+#include "util/text/FoldCase.h"
 
 #include <algorithm>
 #include <utility>

@@ -2,8 +2,8 @@
 #define TEMPLATES_TEMPLATEFIND_H
 
 #include "frame/Translation.h"
-#include "templates/GridColumnInfo.h"
 #include "templates/TemplateRows.h"
+#include "templates/columns/GridColumnInfo.h"
 
 #include <string>
 #include <vector>

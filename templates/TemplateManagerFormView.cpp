@@ -1,19 +1,19 @@
 #include "templates/TemplateManagerFormView.h"
 
-#include "frame/ModuleState.h"
-#include "frame/NativeToolkit.h"
-#include "frame/ResourceSet.h"
 #include "frame/Translation.h"
-#include "frame/VisualManager.h"
-#include "frame/VisualThemes.h"
-#include "templates/GridPlace.h"
-#include "templates/SaveOperationTemplateDialog.h"
-#include "templates/TemplateColumnsDialog.h"
-#include "templates/TemplateManagerFindDialog.h"
+#include "frame/looks/VisualManager.h"
+#include "frame/looks/VisualThemes.h"
+#include "frame/native/NativeToolkit.h"
 #include "templates/TemplateManagerFrameWnd.h"
 #include "templates/TemplateManagerIds.h"
-#include "templates/TemplatePreferencesDialog.h"
-#include "templates/TemplateSortDialog.h"
+#include "templates/dialogs/SaveOperationTemplateDialog.h"
+#include "templates/dialogs/TemplateColumnsDialog.h"
+#include "templates/dialogs/TemplateManagerFindDialog.h"
+#include "templates/dialogs/TemplatePreferencesDialog.h"
+#include "templates/dialogs/TemplateSortDialog.h"
+#include "templates/grid/GridPlace.h"
+#include <tessaron/frame/ModuleState.h>
+#include <tessaron/frame/ResourceSet.h>
 
 #include <wx/button.h>
 #include <wx/choice.h>

@@ -2,9 +2,9 @@
 #define TEMPLATES_TEMPLATEMANAGERFORMVIEW_H
 
 #include "controls/ControlMover.h"
-#include "templates/TemplateManagerGrid.h"
 #include "templates/TemplateSession.h"
 #include "templates/TemplateWindowUser.h"
+#include "templates/grid/TemplateManagerGrid.h"
 
 #include <wx/panel.h>
 
@@ -36,7 +36,8 @@ class TemplateManagerFormView : public wxPanel, private TemplateGridCommands
 public:
     TemplateManagerFormView(wxFrame& frame, const TemplateManagerInputs& inputs);
 
-    /// Loads folders and definitions and fills the grid. \returns false when there is no form.
+    /// Loads folders and definitions and fills the grid.
+    /// \returns false when there is no form.
     bool setUp();
 
     /// Where the result goes; holds -1 until the user is done. `finished` is called when it has been written. Without
@@ -51,7 +52,8 @@ public:
     /// Save mode: asks for the name, and finishes with 1 when the operation is stored.
     void saveAs();
 
-    /// Answers a command of the window (TemplateManagerIds.h). \returns whether it is one.
+    /// Answers a command of the window (TemplateManagerIds.h).
+    /// \returns whether it is one.
     bool onCommand(int command);
 
     const util::TemplateInfo& info() const { return m_session.info(); }
@@ -73,7 +75,8 @@ private:
     bool isRunning() const { return m_slot && *m_slot == -1; }
     bool makeControls();
     void bindControls();
-    /// Asks for edits that are not stored. \returns whether the window may end.
+    /// Asks for edits that are not stored.
+    /// \returns whether the window may end.
     bool settleBeforeEnd();
     /// Stores the definitions with the heading height and the window's size.
     void storeLayout(bool byUser);

@@ -1,11 +1,11 @@
 #include "templates/TemplateManagerFrameWnd.h"
 
-#include "frame/ModuleState.h"
-#include "frame/ResourceSet.h"
 #include "frame/Translation.h"
-#include "frame/VisualManager.h"
+#include "frame/looks/VisualManager.h"
 #include "templates/TemplateManagerFormView.h"
 #include "templates/TemplateManagerRibbon.h"
+#include <tessaron/frame/ModuleState.h>
+#include <tessaron/frame/ResourceSet.h>
 
 #include <wx/display.h>
 #include <wx/sizer.h>

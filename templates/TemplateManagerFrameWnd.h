@@ -16,7 +16,8 @@ class TemplateManagerFrameWnd : public wxFrame
 public:
     TemplateManagerFrameWnd(wxWindow* owner, const TemplateManagerInputs& inputs);
 
-    /// Sets up the form and shows the window. \returns false when there is no form.
+    /// Sets up the form and shows the window.
+    /// \returns false when there is no form.
     bool initialUpdate();
 
     /// Takes on the look in force.

@@ -1,13 +1,13 @@
 #include "templates/TemplateManagerRibbon.h"
 
-#include "frame/ModuleState.h"
-#include "frame/NativeLoop.h"
-#include "frame/NativeToolkit.h"
-#include "frame/ResourceSet.h"
-#include "frame/RibbonArt.h"
 #include "frame/Translation.h"
-#include "frame/VisualManager.h"
+#include "frame/looks/RibbonArt.h"
+#include "frame/looks/VisualManager.h"
+#include "frame/native/NativeLoop.h"
+#include "frame/native/NativeToolkit.h"
 #include "templates/TemplateManagerIds.h"
+#include <tessaron/frame/ModuleState.h>
+#include <tessaron/frame/ResourceSet.h>
 
 #include <wx/menu.h>
 #include <wx/ribbon/art.h>

@@ -1,7 +1,7 @@
 #include "templates/TemplateMatch.h"
 
 #include "frame/Translation.h"
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #ifndef TEMPLATES_TEMPLATEMATCH_H
 #define TEMPLATES_TEMPLATEMATCH_H
 
-#include "util/Parameterized.h"
+#include <tessaron/util/Parameterized.h>
 
 #include <string>
 #include <vector>

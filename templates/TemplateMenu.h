@@ -1,7 +1,7 @@
 #ifndef TEMPLATES_TEMPLATEMENU_H
 #define TEMPLATES_TEMPLATEMENU_H
 
-#include "engine/TemplateInfo.h"
+#include <tessaron/engine/TemplateInfo.h>
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "templates/TemplateRows.h"
 
 #include "templates/TemplateMatch.h"
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 #include <algorithm>
 #include <utility>

@@ -1,9 +1,9 @@
 #ifndef TEMPLATES_TEMPLATEROWS_H
 #define TEMPLATES_TEMPLATEROWS_H
 
-#include "templates/ColumnValues.h"
-#include "templates/GridColumnInfo.h"
-#include "util/Parameterized.h"
+#include "templates/columns/ColumnValues.h"
+#include "templates/columns/GridColumnInfo.h"
+#include <tessaron/util/Parameterized.h>
 
 #include <cstddef>
 #include <memory>
@@ -34,8 +34,8 @@ public:
     /// valuePlaces() is asked for a new key.
     const ColumnValues::Values& valuesAt(std::size_t row) const;
 
-    /// Takes what the user typed into a cell. \return whether the template has changed by it. A text equal to what the
-    /// cell shows changes nothing.
+    /// Takes what the user typed into a cell.
+    /// \returns whether the template has changed by it. A text equal to what the cell shows changes nothing.
     bool edit(std::size_t row, const GridColumnInfo& column, const std::string& text);
     bool isEdited(std::size_t row) const { return m_rows[row].stored != nullptr; }
     bool hasEdits() const;

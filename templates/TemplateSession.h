@@ -1,11 +1,11 @@
 #ifndef TEMPLATES_TEMPLATESESSION_H
 #define TEMPLATES_TEMPLATESESSION_H
 
-#include "engine/TemplateInfo.h"
 #include "templates/TemplateDefinitions.h"
 #include "templates/TemplateRows.h"
 #include "templates/TemplateUser.h"
-#include "util/Parameterized.h"
+#include <tessaron/engine/TemplateInfo.h>
+#include <tessaron/util/Parameterized.h>
 
 #include <cstddef>
 #include <functional>
@@ -53,15 +53,16 @@ public:
     // Definitions and preferences
 
     /// Stores the definitions: columns, heading height, window size, preferences. Definitions that could not be loaded
-    /// are not overwritten before the user has changed them (`byUser`). \return whether they are stored.
+    /// are not overwritten before the user has changed them (`byUser`).
+    /// \returns whether they are stored.
     bool storeDefinitions(bool byUser);
     /// Reads the list of known folders anew, as the preferences dialog does when it opens.
     void reloadKnownFolders();
     /// Must the rows be filled again, without their edits, when acceptPreferences() is called with these?
     bool changesRows(const util::TemplatePreferences& preferences, const std::string& folder) const;
-    /// Accepts the preferences dialog: the preferences, and the folder to use from now on. Stores both. \return whether
-    /// the rows must be filled again. The folder given by the user is taken without blanks around it; an empty one is
-    /// the host's.
+    /// Accepts the preferences dialog: the preferences, and the folder to use from now on. Stores both.
+    /// \returns whether the rows must be filled again. The folder given by the user is taken without blanks around it;
+    /// an empty one is the host's.
     bool acceptPreferences(const util::TemplatePreferences& preferences, const std::string& folder);
 
     // Names
@@ -72,18 +73,21 @@ public:
     // Commands
 
     /// Reads the files that the user chooses and saves their templates in this folder. Does not fill the rows.
-    /// \return how many templates have been saved.
+    /// \returns how many templates have been saved.
     std::size_t importTemplates();
     /// Writes the templates of the given rows, in this order, into a file that the user chooses.
     bool exportTemplates(const std::vector<std::size_t>& rows);
-    /// Deletes the stored templates of the given rows. Does not fill the rows. \return how many are gone.
+    /// Deletes the stored templates of the given rows. Does not fill the rows.
+    /// \returns how many are gone.
     std::size_t deleteTemplates(const std::vector<std::size_t>& rows);
     /// Saves all edited templates; asks before one is replaced. Rows that were not saved, by a failure or by the user's
-    /// choice, stay edited. Does not fill the rows. \return whether no edits are left.
+    /// choice, stay edited. Does not fill the rows.
+    /// \returns whether no edits are left.
     bool storeEdits();
 
     /// May the rows be dropped? With edits not stored yet the user is asked whether they are to be stored; on OK they
-    /// are. \return whether no edits are left, or the user gave them up.
+    /// are.
+    /// \returns whether no edits are left, or the user gave them up.
     bool settleEdits();
 
     /// Load mode, "Apply": copies the template of a row, without the keys that belong to the tool of the operation,
@@ -91,8 +95,8 @@ public:
     void applyTemplate(std::size_t row, util::Parameterized& result) const;
 
     /// Save mode, "Save", after settleEdits(): saves the current operation as the template `name`, over one that is
-    /// there, and tells the user the name. `result`, unless null, receives what was stored. \return whether it is
-    /// stored.
+    /// there, and tells the user the name. `result`, unless null, receives what was stored.
+    /// \returns whether it is stored.
     bool saveCurrent(const std::string& name, util::Parameterized* result);
 
     /// What the save-as dialog is given and gives back.
@@ -103,7 +107,8 @@ public:
     };
     /// The save entry point: runs the save-as dialog (false: cancelled) until a name is accepted, asks before a
     /// template is replaced, and stores the definitions. `result` and `loadSaved`, unless null, receive what was stored
-    /// and the user's wish to load it. \return whether it is stored.
+    /// and the user's wish to load it.
+    /// \returns whether it is stored.
     bool saveCurrentAs(const std::function<bool(SaveAsAnswer& answer)>& dialog, util::Parameterized* result,
                        bool* loadSaved);
 

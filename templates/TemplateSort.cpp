@@ -1,7 +1,7 @@
 #include "templates/TemplateSort.h"
 
 #include "frame/Translation.h"
-#include "templates/FoldCase.h"
+#include "util/text/FoldCase.h"
 
 #include <algorithm>
 #include <charconv>

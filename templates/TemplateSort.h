@@ -1,8 +1,8 @@
 #ifndef TEMPLATES_TEMPLATESORT_H
 #define TEMPLATES_TEMPLATESORT_H
 
-#include "engine/TemplateInfo.h"
 #include "templates/TemplateRows.h"
+#include <tessaron/engine/TemplateInfo.h>
 
 #include <array>
 #include <cstddef>
@@ -41,8 +41,8 @@ public:
     /// The two texts offered in the order cell.
     const std::array<std::string, 2>& orderTexts(std::size_t level) const;
 
-    /// Appends an ascending level by the first column that no level sorts by yet. \return its number; the number of
-    /// levels, and nothing appended, when every column is in use.
+    /// Appends an ascending level by the first column that no level sorts by yet.
+    /// \returns its number; the number of levels, and nothing appended, when every column is in use.
     std::size_t add();
     void remove(std::size_t level);
     bool canAdd() const;

@@ -1,9 +1,9 @@
 #include "templates/TemplateWindowUser.h"
 
 #include "frame/MessageDialog.h"
-#include "frame/NativeLoop.h"
 #include "frame/Translation.h"
-#include "templates/UserProfile.h"
+#include "frame/configuration/UserProfile.h"
+#include "frame/native/NativeLoop.h"
 
 #include <wx/filedlg.h>
 #include <wx/filename.h>

@@ -1,4 +1,4 @@
-#include "util/Assertion.h"
+#include <tessaron/util/Assertion.h>
 
 namespace util
 {

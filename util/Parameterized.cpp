@@ -1,6 +1,6 @@
-#include "util/Parameterized.h"
+#include <tessaron/util/Parameterized.h>
 
-#include "util/Assertion.h"
+#include <tessaron/util/Assertion.h>
 
 #include <boost/smart_ptr/intrusive_ref_counter.hpp>
 

@@ -1,7 +1,7 @@
-#include "engine/JobService.h"
-#include "exchange/Tessaron2dInput.h"
 #include "tests/engine/PocketShapes.h"
-#include "util/Keys.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/util/Keys.h>
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
 #include "BenchRecords.h"
 
-#include "exchange/geom/Curves.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/geom/Curves.h>
+#include <tessaron/util/Keys.h>
 
 #include <boost/smart_ptr/make_shared.hpp>
 

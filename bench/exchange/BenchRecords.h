@@ -1,7 +1,7 @@
 #ifndef BENCH_EXCHANGE_BENCHRECORDS_H
 #define BENCH_EXCHANGE_BENCHRECORDS_H
 
-#include "exchange/Archives.h"
+#include <tessaron/exchange/Archives.h>
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #ifndef BENCH_EXCHANGE_STOCKARCHIVES_H
 #define BENCH_EXCHANGE_STOCKARCHIVES_H
 
-#include "exchange/Archives.h"
+#include <tessaron/exchange/Archives.h>
 
 #include <iosfwd>
 

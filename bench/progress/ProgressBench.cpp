@@ -1,9 +1,9 @@
 // What a progress window costs while a job runs, on the user-interface thread, and how fast Cancel is. A real job of
 // the engine runs beside it. Needs a display.
-#include "engine/JobService.h"
-#include "frame/EntryPoints.h"
 #include "tests/progress/ScriptedProgress.h"
 #include "tests/support/WindowDriver.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/frame/EntryPoints.h>
 
 #include <boost/make_shared.hpp>
 

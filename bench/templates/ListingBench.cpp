@@ -2,11 +2,11 @@
 // when nothing has changed; and again when one file has.
 
 #include "bench/templates/SampleTemplates.h"
-#include "engine/TemplateStore.h"
 #include "engine/templates/Folder.h"
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateListing.h"
 #include "tests/support/TemporaryFolder.h"
+#include <tessaron/engine/TemplateStore.h>
 
 #include <benchmark/benchmark.h>
 

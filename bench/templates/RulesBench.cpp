@@ -1,12 +1,12 @@
 // What the manager does with listed templates: filter, format a screenful, sort, find.
 
 #include "bench/templates/SampleTemplates.h"
-#include "engine/TemplateStore.h"
 #include "templates/TemplateDefinitions.h"
 #include "templates/TemplateFind.h"
 #include "templates/TemplateMatch.h"
 #include "templates/TemplateRows.h"
 #include "templates/TemplateSort.h"
+#include <tessaron/engine/TemplateStore.h>
 
 #include <benchmark/benchmark.h>
 

@@ -1,8 +1,8 @@
 #ifndef BENCH_TEMPLATES_SAMPLETEMPLATES_H
 #define BENCH_TEMPLATES_SAMPLETEMPLATES_H
 
-#include "util/Keys.h"
-#include "util/Parameterized.h"
+#include <tessaron/util/Keys.h>
+#include <tessaron/util/Parameterized.h>
 
 #include <random>
 #include <string>

@@ -1,6 +1,6 @@
 #include "engine/jobs/Job.h"
 
-#include "exchange/StatusTable.h"
+#include <tessaron/exchange/StatusTable.h>
 
 #include <algorithm>
 #include <chrono>

@@ -1,8 +1,8 @@
 #ifndef ENGINE_JOBS_JOB_H
 #define ENGINE_JOBS_JOB_H
 
-#include "engine/JobService.h"
 #include "engine/jobs/CancelFlag.h"
+#include <tessaron/engine/JobService.h>
 
 #include <condition_variable>
 #include <functional>

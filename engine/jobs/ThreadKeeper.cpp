@@ -1,6 +1,6 @@
 #include "engine/jobs/ThreadKeeper.h"
 
-#include "engine/jobs/SignalBlock.h"
+#include "util/platform/SignalBlock.h"
 
 #include <system_error>
 #include <utility>

@@ -24,7 +24,8 @@ public:
     /// Receives the number of the worker that runs it, counted from 0.
     using Task = std::function<void(int)>;
 
-    /// Starts the workers. \throws std::system_error when the system refuses a thread.
+    /// Starts the workers.
+    /// \throws std::system_error when the system refuses a thread.
     WorkerPool(ThreadKeeper& threads, int workers, const std::shared_ptr<const CancelFlag>& cancel);
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;

@@ -1,6 +1,6 @@
 #include "engine/pocketing/CurveFlattener.h"
 
-#include "util/Constants.h"
+#include <tessaron/util/Constants.h>
 
 #include <algorithm>
 #include <cmath>

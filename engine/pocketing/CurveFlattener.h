@@ -3,11 +3,11 @@
 
 #include "engine/jobs/CancelFlag.h"
 #include "engine/pocketing/Grid.h"
-#include "exchange/geom/Arc.h"
-#include "exchange/geom/BSplineCurve.h"
-#include "exchange/geom/Line.h"
-#include "exchange/geom/Polyline.h"
-#include "exchange/geom/RationalBSplineCurve.h"
+#include <tessaron/exchange/geom/Arc.h>
+#include <tessaron/exchange/geom/BSplineCurve.h>
+#include <tessaron/exchange/geom/Line.h>
+#include <tessaron/exchange/geom/Polyline.h>
+#include <tessaron/exchange/geom/RationalBSplineCurve.h>
 
 #include <loki/Visitor.h>
 

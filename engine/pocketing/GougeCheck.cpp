@@ -1,7 +1,7 @@
 #include "engine/pocketing/GougeCheck.h"
 
 #include "engine/jobs/JobError.h"
-#include "exchange/StatusTable.h"
+#include <tessaron/exchange/StatusTable.h>
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #ifndef ENGINE_POCKETING_GRID_H
 #define ENGINE_POCKETING_GRID_H
 
-#include "exchange/geom/PointNd.h"
+#include <tessaron/exchange/geom/PointNd.h>
 
 #include <polyclipping/clipper.hpp>
 

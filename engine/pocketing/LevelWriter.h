@@ -4,7 +4,7 @@
 #include "engine/jobs/CancelFlag.h"
 #include "engine/pocketing/PocketingParameters.h"
 #include "engine/pocketing/RingOrder.h"
-#include "exchange/ToolpathRecords.h"
+#include <tessaron/exchange/ToolpathRecords.h>
 
 #include <functional>
 #include <vector>

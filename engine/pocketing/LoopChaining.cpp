@@ -2,7 +2,7 @@
 
 #include "engine/jobs/JobError.h"
 #include "engine/pocketing/Place.h"
-#include "exchange/StatusTable.h"
+#include <tessaron/exchange/StatusTable.h>
 
 #include <cmath>
 #include <cstddef>

@@ -1,7 +1,7 @@
 #ifndef ENGINE_POCKETING_PLACE_H
 #define ENGINE_POCKETING_PLACE_H
 
-#include "exchange/geom/PointNd.h"
+#include <tessaron/exchange/geom/PointNd.h>
 
 #include <locale>
 #include <sstream>

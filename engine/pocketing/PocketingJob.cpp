@@ -8,7 +8,7 @@
 #include "engine/pocketing/RegionBuilder.h"
 #include "engine/pocketing/RingOrder.h"
 #include "engine/pocketing/Rings.h"
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 #include <boost/make_shared.hpp>
 

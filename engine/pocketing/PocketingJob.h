@@ -3,8 +3,8 @@
 
 #include "engine/jobs/Job.h"
 #include "engine/jobs/ThreadKeeper.h"
-#include "exchange/Tessaron2dInput.h"
-#include "exchange/ToolpathRecords.h"
+#include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/exchange/ToolpathRecords.h>
 
 #include <functional>
 #include <memory>

@@ -1,9 +1,9 @@
 #include "engine/pocketing/PocketingParameters.h"
 
 #include "engine/jobs/JobError.h"
-#include "exchange/StatusTable.h"
-#include "exchange/Tessaron2dInput.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/util/Keys.h>
 
 #include <algorithm>
 #include <cmath>

@@ -4,8 +4,8 @@
 #include "engine/pocketing/CurveFlattener.h"
 #include "engine/pocketing/LoopChaining.h"
 #include "engine/pocketing/LoopCheck.h"
-#include "exchange/StatusTable.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <algorithm>
 #include <cmath>

@@ -4,7 +4,7 @@
 #include "engine/jobs/CancelFlag.h"
 #include "engine/pocketing/PocketingParameters.h"
 #include "engine/pocketing/Polygons.h"
-#include "exchange/Tessaron2dInput.h"
+#include <tessaron/exchange/Tessaron2dInput.h>
 
 #include <functional>
 #include <vector>
@@ -32,7 +32,9 @@ constexpr double leastToleranceFactor = 1e-6;
 
 /// Flattens, chains and checks the boundaries of an input and finds where the tool may go: the stock less the part,
 /// made smaller by the tool radius and "XY Stock to Leave". Never nearer to the curves than that; farther by at most
-/// the cut tolerance. \param done receives the part that is done, 0 to 1 \throws jobs::JobError, jobs::Cancelled
+/// the cut tolerance.
+/// \param done receives the part that is done, 0 to 1
+/// \throws jobs::JobError, jobs::Cancelled
 RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters& parameters,
                         const jobs::CancelFlag& cancel, const std::function<void(double)>& done);
 

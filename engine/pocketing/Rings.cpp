@@ -1,7 +1,7 @@
 #include "engine/pocketing/Rings.h"
 
 #include "engine/jobs/JobError.h"
-#include "exchange/StatusTable.h"
+#include <tessaron/exchange/StatusTable.h>
 
 #include <algorithm>
 #include <iterator>

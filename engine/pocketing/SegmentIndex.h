@@ -54,7 +54,7 @@ public:
     const std::vector<Segment>& segments() const { return m_segments; }
 
     /// Calls `visit(index)` for every segment whose box overlaps the given one, until it returns false.
-    /// \return false when a visit did
+    /// \returns false when a visit did
     template <class Visit>
     bool visitOverlapping(const Box& box, const Visit& visit) const
     {

@@ -1,6 +1,6 @@
 #include "engine/templates/ExpertDatabase.h"
 
-#include "exchange/StatusTable.h"
+#include <tessaron/exchange/StatusTable.h>
 
 #include <sqlite3.h>
 

@@ -1,7 +1,7 @@
 #ifndef ENGINE_TEMPLATES_EXPERTDATABASE_H
 #define ENGINE_TEMPLATES_EXPERTDATABASE_H
 
-#include "engine/TechnologyExpertData.h"
+#include <tessaron/engine/TechnologyExpertData.h>
 
 #include <string>
 

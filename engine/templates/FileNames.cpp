@@ -1,6 +1,6 @@
 #include "engine/templates/FileNames.h"
 
-#include "engine/TemplatePath.h"
+#include <tessaron/engine/TemplatePath.h>
 
 #include <boost/uuid/name_generator_sha1.hpp>
 #include <boost/uuid/uuid.hpp>

@@ -1,7 +1,7 @@
 #include "engine/templates/Folder.h"
 
-#include "engine/TemplatePath.h"
-#include "util/AtomicFile.h"
+#include "util/platform/AtomicFile.h"
+#include <tessaron/engine/TemplatePath.h>
 
 #include <filesystem>
 #include <ostream>

@@ -1,6 +1,6 @@
 #include "engine/templates/Folder.h"
 
-#include "util/Descriptor_posix.h"
+#include "util/platform/Descriptor_posix.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,8 +1,8 @@
 #ifndef ENGINE_TEMPLATES_INFOFILE_H
 #define ENGINE_TEMPLATES_INFOFILE_H
 
-#include "engine/TemplateInfo.h"
-#include "util/Parameterized.h"
+#include <tessaron/engine/TemplateInfo.h>
+#include <tessaron/util/Parameterized.h>
 
 #include <string>
 #include <vector>

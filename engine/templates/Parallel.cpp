@@ -1,6 +1,6 @@
 #include "engine/templates/Parallel.h"
 
-#include "engine/jobs/SignalBlock.h"
+#include "util/platform/SignalBlock.h"
 
 #include <algorithm>
 #include <atomic>

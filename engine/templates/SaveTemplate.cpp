@@ -2,9 +2,9 @@
 
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateFolder.h"
-#include "exchange/StatusTable.h"
-#include "util/FolderLock.h"
-#include "util/Keys.h"
+#include "util/platform/FolderLock.h"
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <boost/uuid/random_generator.hpp>
 #include <boost/uuid/uuid.hpp>

@@ -2,7 +2,7 @@
 #define ENGINE_TEMPLATES_SAVETEMPLATE_H
 
 #include "engine/templates/Folder.h"
-#include "util/Parameterized.h"
+#include <tessaron/util/Parameterized.h>
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "engine/templates/TemplateFile.h"
 
-#include "exchange/Archives.h"
-#include "exchange/StatusTable.h"
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/StatusTable.h>
 
 #include <algorithm>
 #include <istream>

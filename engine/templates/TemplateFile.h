@@ -1,7 +1,7 @@
 #ifndef ENGINE_TEMPLATES_TEMPLATEFILE_H
 #define ENGINE_TEMPLATES_TEMPLATEFILE_H
 
-#include "util/Parameterized.h"
+#include <tessaron/util/Parameterized.h>
 
 #include <cstddef>
 #include <string>
@@ -27,12 +27,12 @@ enum class FileKind
 };
 FileKind fileKind(std::string_view bytes);
 
-/// \return templateFormatError when the bytes are not an archive of one set, or of a list. A byte-order mark in front
+/// \returns templateFormatError when the bytes are not an archive of one set, or of a list. A byte-order mark in front
 /// and line ends of any kind are accepted. The output is changed only on success.
 int readSet(std::string_view bytes, Parameterized& set);
 int readSets(std::string_view bytes, std::vector<Parameterized>& sets);
 
-/// \return templateWriteError when a value cannot be told in an archive so that it comes back unchanged.
+/// \returns templateWriteError when a value cannot be told in an archive so that it comes back unchanged.
 int writeSet(const Parameterized& set, std::string& bytes);
 int writeSets(const std::vector<Parameterized>& sets, std::string& bytes);
 

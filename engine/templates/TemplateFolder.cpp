@@ -1,11 +1,11 @@
 #include "engine/templates/TemplateFolder.h"
 
-#include "engine/TemplatePath.h"
 #include "engine/templates/FileNames.h"
 #include "engine/templates/SaveTemplate.h"
 #include "engine/templates/TemplateFile.h"
-#include "exchange/StatusTable.h"
-#include "util/Keys.h"
+#include <tessaron/engine/TemplatePath.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <algorithm>
 

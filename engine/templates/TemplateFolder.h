@@ -2,7 +2,7 @@
 #define ENGINE_TEMPLATES_TEMPLATEFOLDER_H
 
 #include "engine/templates/Folder.h"
-#include "util/Parameterized.h"
+#include <tessaron/util/Parameterized.h>
 
 #include <optional>
 #include <string>

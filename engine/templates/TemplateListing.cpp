@@ -1,10 +1,10 @@
 #include "engine/templates/TemplateListing.h"
 
-#include "engine/TemplatePath.h"
 #include "engine/templates/Parallel.h"
 #include "engine/templates/TemplateFolder.h"
-#include "exchange/StatusTable.h"
-#include "util/FolderLock.h"
+#include "util/platform/FolderLock.h"
+#include <tessaron/engine/TemplatePath.h>
+#include <tessaron/exchange/StatusTable.h>
 
 #include <algorithm>
 #include <atomic>
@@ -176,7 +176,7 @@ private:
     std::unordered_map<std::string_view, std::size_t> m_places;
 };
 
-/// \return whether the file had to be read.
+/// \returns whether the file had to be read.
 bool look(const Folder& folder, const std::string& fileName, const ListedFile* before, ListedFile& file)
 {
     FileStamp stamp;

@@ -2,7 +2,7 @@
 #define ENGINE_TEMPLATES_TEMPLATELISTING_H
 
 #include "engine/templates/Folder.h"
-#include "util/Parameterized.h"
+#include <tessaron/util/Parameterized.h>
 
 #include <cstddef>
 #include <string>
@@ -22,7 +22,8 @@ struct FaultyFile
     int code = 0;
 };
 
-/// The files that a listing would skip, in name order. \return as listTemplates().
+/// The files that a listing would skip, in name order.
+/// \returns as listTemplates().
 int listFaults(const Folder& folder, std::vector<FaultyFile>& faults);
 
 /// Forgets what files held, so that the next listing reads all of them.

@@ -2,8 +2,8 @@
 #define EXCHANGE_ARCHIVE_FLATITEMS_H
 
 #include "exchange/archive/TypeList.h"
-#include "exchange/geom/PointNd.h"
-#include "exchange/mesh/TriMeshFacets.h"
+#include <tessaron/exchange/geom/PointNd.h>
+#include <tessaron/exchange/mesh/TriMeshFacets.h>
 
 #include <boost/mpl/bool.hpp>
 #include <boost/serialization/nvp.hpp>

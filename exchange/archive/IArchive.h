@@ -4,11 +4,11 @@
 #include "exchange/archive/BinaryFormat.h"
 #include "exchange/archive/ByteSource.h"
 #include "exchange/archive/ClassTable.h"
-#include "exchange/archive/CountedReference.h"
 #include "exchange/archive/Failure.h"
 #include "exchange/archive/FlatItems.h"
 #include "exchange/archive/PointerClasses.h"
-#include "util/ClassVersion.h"
+#include <tessaron/exchange/archive/CountedReference.h>
+#include <tessaron/util/ClassVersion.h>
 
 #include <boost/mpl/bool.hpp>
 #include <boost/serialization/nvp.hpp>

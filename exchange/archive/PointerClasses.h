@@ -1,10 +1,10 @@
 #ifndef EXCHANGE_ARCHIVE_POINTERCLASSES_H
 #define EXCHANGE_ARCHIVE_POINTERCLASSES_H
 
-#include "exchange/archive/CountedReference.h"
 #include "exchange/archive/TypeList.h"
-#include "exchange/geom/CurveSerialization.h"
-#include "exchange/mesh/TriMeshFacets.h"
+#include <tessaron/exchange/archive/CountedReference.h>
+#include <tessaron/exchange/geom/CurveSerialization.h>
+#include <tessaron/exchange/mesh/TriMeshFacets.h>
 
 // base_object() in the serialize() routines of curves only declares what these headers define.
 #include <boost/serialization/extended_type_info_typeid.hpp>

@@ -1,7 +1,7 @@
 #ifndef EXCHANGE_ARCHIVE_RECORDTABLE_H
 #define EXCHANGE_ARCHIVE_RECORDTABLE_H
 
-#include "exchange/archive/Records.h"
+#include <tessaron/exchange/archive/Records.h>
 
 #include <iosfwd>
 

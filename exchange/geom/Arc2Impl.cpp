@@ -1,7 +1,7 @@
-#include "exchange/geom/Arc2Impl.h"
+#include <tessaron/exchange/geom/Arc2Impl.h>
 
 #include "exchange/geom/CurveAssertion.h"
-#include "util/Constants.h"
+#include <tessaron/util/Constants.h>
 
 #include <cmath>
 

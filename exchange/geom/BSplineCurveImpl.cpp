@@ -1,4 +1,4 @@
-#include "exchange/geom/BSplineCurveImpl.h"
+#include <tessaron/exchange/geom/BSplineCurveImpl.h>
 
 #include "exchange/geom/BSplineBasis.h"
 

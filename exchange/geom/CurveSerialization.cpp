@@ -1,9 +1,9 @@
-#include "exchange/archive/PolymorphicPointer.h"
-#include "exchange/archive/PolymorphicVector.h"
+#include <tessaron/exchange/archive/PolymorphicPointer.h>
+#include <tessaron/exchange/archive/PolymorphicVector.h>
 
 #include <boost/archive/polymorphic_oarchive.hpp>
 
-#include "exchange/geom/CurveSerialization.h"
+#include <tessaron/exchange/geom/CurveSerialization.h>
 
 // The implementations of the export keys: the pointer serializers of the polymorphic archives, which are the only
 // archive classes that are known where this file has included its headers.

@@ -2,8 +2,8 @@
 #define EXCHANGE_GEOM_HOMOGENEOUS_H
 
 #include "exchange/geom/CurveAssertion.h"
-#include "exchange/geom/PointNd.h"
-#include "exchange/geom/VecNd.h"
+#include <tessaron/exchange/geom/PointNd.h>
+#include <tessaron/exchange/geom/VecNd.h>
 
 #include <array>
 

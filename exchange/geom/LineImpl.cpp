@@ -1,4 +1,4 @@
-#include "exchange/geom/LineImpl.h"
+#include <tessaron/exchange/geom/LineImpl.h>
 
 #include "exchange/geom/Segment.h"
 

@@ -1,4 +1,4 @@
-#include "exchange/geom/ParametricCurve.h"
+#include <tessaron/exchange/geom/ParametricCurve.h>
 
 #include "exchange/geom/CurveAssertion.h"
 

@@ -1,4 +1,4 @@
-#include "exchange/geom/PlaneCurve3dImpl.h"
+#include <tessaron/exchange/geom/PlaneCurve3dImpl.h>
 
 #include "exchange/geom/CurveAssertion.h"
 #include "exchange/geom/Homogeneous.h"

@@ -1,4 +1,4 @@
-#include "exchange/geom/PolylineImpl.h"
+#include <tessaron/exchange/geom/PolylineImpl.h>
 
 #include "exchange/geom/CurveAssertion.h"
 #include "exchange/geom/Segment.h"

@@ -1,4 +1,4 @@
-#include "exchange/geom/RationalBSplineCurveImpl.h"
+#include <tessaron/exchange/geom/RationalBSplineCurveImpl.h>
 
 #include "exchange/geom/BSplineBasis.h"
 #include "exchange/geom/Homogeneous.h"

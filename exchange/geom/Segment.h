@@ -1,8 +1,8 @@
 #ifndef EXCHANGE_GEOM_SEGMENT_H
 #define EXCHANGE_GEOM_SEGMENT_H
 
-#include "exchange/geom/PointNd.h"
-#include "exchange/geom/VecNd.h"
+#include <tessaron/exchange/geom/PointNd.h>
+#include <tessaron/exchange/geom/VecNd.h>
 
 namespace geom
 {

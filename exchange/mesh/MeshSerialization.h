@@ -1,8 +1,8 @@
 #ifndef EXCHANGE_MESH_MESHSERIALIZATION_H
 #define EXCHANGE_MESH_MESHSERIALIZATION_H
 
-#include "exchange/geom/GeomSerialization.h"
-#include "exchange/mesh/TriMeshFacets.h"
+#include <tessaron/exchange/geom/GeomSerialization.h>
+#include <tessaron/exchange/mesh/TriMeshFacets.h>
 
 #include <boost/serialization/deque.hpp>
 #include <boost/serialization/nvp.hpp>

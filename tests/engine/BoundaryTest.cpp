@@ -4,7 +4,7 @@
 #include "engine/pocketing/LoopCheck.h"
 #include "engine/pocketing/RegionBuilder.h"
 #include "tests/engine/PocketShapes.h"
-#include "util/Constants.h"
+#include <tessaron/util/Constants.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "tests/engine/CClient.h"
 
-#include "engine/JobServiceC.h"
+#include <tessaron/engine/JobServiceC.h>
 
 #include <string.h>
 

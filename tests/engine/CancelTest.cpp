@@ -1,7 +1,7 @@
-#include "engine/JobService.h"
 #include "tests/engine/PocketShapes.h"
 #include "tests/engine/RunningJob.h"
-#include "util/Keys.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "tests/engine/CutChecker.h"
 
-#include "exchange/geom/Line.h"
-#include "util/Constants.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/geom/Line.h>
+#include <tessaron/util/Constants.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #ifndef TESTS_ENGINE_CUTCHECKER_H
 #define TESTS_ENGINE_CUTCHECKER_H
 
-#include "exchange/Tessaron2dInput.h"
-#include "exchange/ToolpathRecords.h"
+#include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/exchange/ToolpathRecords.h>
 
 #include <map>
 #include <string>

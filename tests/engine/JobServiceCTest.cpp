@@ -1,12 +1,12 @@
-#include "engine/JobServiceC.h"
-#include "engine/JobService.h"
-#include "exchange/Archives.h"
-#include "exchange/ToolpathRecords.h"
 #include "tests/engine/CClient.h"
 #include "tests/engine/PocketShapes.h"
 #include "tests/engine/RunningJob.h"
 #include "tests/engine/TemporaryFile.h"
-#include "util/Keys.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/engine/JobServiceC.h>
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/ToolpathRecords.h>
+#include <tessaron/util/Keys.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

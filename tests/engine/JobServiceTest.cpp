@@ -1,15 +1,15 @@
-#include "engine/JobService.h"
+#include <tessaron/engine/JobService.h>
 
-#include "exchange/Archives.h"
-#include "exchange/StatusTable.h"
-#include "exchange/ToolpathRecords.h"
-#include "exchange/geom/Arc2Impl.h"
-#include "exchange/geom/BSplineCurveImpl.h"
-#include "exchange/geom/PolylineImpl.h"
 #include "tests/engine/PocketShapes.h"
 #include "tests/engine/RunningJob.h"
 #include "tests/engine/TemporaryFile.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/exchange/ToolpathRecords.h>
+#include <tessaron/exchange/geom/Arc2Impl.h>
+#include <tessaron/exchange/geom/BSplineCurveImpl.h>
+#include <tessaron/exchange/geom/PolylineImpl.h>
+#include <tessaron/util/Keys.h>
 
 #include <boost/make_shared.hpp>
 #include <gmock/gmock.h>

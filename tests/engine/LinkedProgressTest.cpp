@@ -1,8 +1,8 @@
-#include "engine/JobService.h"
-#include "engine/ProgressData.h"
 #include "tests/engine/PocketShapes.h"
 #include "tests/engine/RunningJob.h"
-#include "util/Keys.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/engine/ProgressData.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 #include "tests/engine/PocketShapes.h"
 
-#include "exchange/geom/Arc2Impl.h"
-#include "exchange/geom/BSplineCurveImpl.h"
-#include "exchange/geom/LineImpl.h"
-#include "exchange/geom/PolylineImpl.h"
-#include "exchange/geom/RationalBSplineCurveImpl.h"
-#include "util/Constants.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/geom/Arc2Impl.h>
+#include <tessaron/exchange/geom/BSplineCurveImpl.h>
+#include <tessaron/exchange/geom/LineImpl.h>
+#include <tessaron/exchange/geom/PolylineImpl.h>
+#include <tessaron/exchange/geom/RationalBSplineCurveImpl.h>
+#include <tessaron/util/Constants.h>
+#include <tessaron/util/Keys.h>
 
 #include <boost/make_shared.hpp>
 

@@ -1,7 +1,7 @@
 #ifndef TESTS_ENGINE_POCKETSHAPES_H
 #define TESTS_ENGINE_POCKETSHAPES_H
 
-#include "exchange/Tessaron2dInput.h"
+#include <tessaron/exchange/Tessaron2dInput.h>
 
 #include <vector>
 

@@ -1,9 +1,9 @@
-#include "engine/JobService.h"
-#include "exchange/StatusTable.h"
-#include "exchange/ToolpathRecords.h"
 #include "tests/engine/CutChecker.h"
 #include "tests/engine/PocketShapes.h"
-#include "util/Keys.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/exchange/ToolpathRecords.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

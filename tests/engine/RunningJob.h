@@ -1,8 +1,8 @@
 #ifndef TESTS_ENGINE_RUNNINGJOB_H
 #define TESTS_ENGINE_RUNNINGJOB_H
 
-#include "engine/JobService.h"
-#include "exchange/Tessaron2dInput.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/exchange/Tessaron2dInput.h>
 
 #include <gtest/gtest.h>
 

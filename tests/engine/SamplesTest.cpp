@@ -1,7 +1,7 @@
-#include "engine/JobService.h"
-#include "exchange/Archives.h"
 #include "tests/engine/CutChecker.h"
 #include "tests/engine/RunningJob.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/exchange/Archives.h>
 
 #include <gtest/gtest.h>
 

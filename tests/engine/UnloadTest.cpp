@@ -1,6 +1,6 @@
-#include "engine/JobService.h"
 #include "tests/engine/PocketShapes.h"
-#include "util/Keys.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "frame/EntryPoints.h"
+#include <tessaron/frame/EntryPoints.h>
 
 #include <gtest/gtest.h>
 #include <wx/app.h>

@@ -97,9 +97,9 @@ std::set<std::string> declaredNames(const std::string& header, const std::string
 
 TEST(Exports, EveryPublishedNameIsDeclaredAndLeavesTheLibrary)
 {
-    std::set<std::string> declared = declaredNames("frame/PlainEntryPoints.h", "");
-    declared.merge(declaredNames("frame/EntryPoints.h", "TessaronResources::"));
-    declared.merge(declaredNames("frame/ModuleState.h", "TessaronResources::"));
+    std::set<std::string> declared = declaredNames("include/tessaron/frame/PlainEntryPoints.h", "");
+    declared.merge(declaredNames("include/tessaron/frame/EntryPoints.h", "TessaronResources::"));
+    declared.merge(declaredNames("include/tessaron/frame/ModuleState.h", "TessaronResources::"));
     EXPECT_EQ(declared, publishedNames);
 
     std::set<std::string> exported;

@@ -1,8 +1,8 @@
 // A host that runs the toolkit and loads the module only when its user asks for it.
-#include "frame/EntryPoints.h"
 #include "tests/support/ToolkitHost.h"
-#include "util/Parameterized.h"
-#include "util/VisualTheme.h"
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/util/Parameterized.h>
+#include <tessaron/util/VisualTheme.h>
 
 #include <wx/dialog.h>
 

@@ -1,9 +1,9 @@
-#include "frame/EntryPoints.h"
-#include "frame/ResourceSet.h"
-#include "frame/WinApp.h"
-#include "progress/ProgressDialog.h"
 #include "tests/progress/ScriptedProgress.h"
 #include "tests/support/WindowDriver.h"
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/frame/ResourceSet.h>
+#include <tessaron/frame/WinApp.h>
+#include <tessaron/progress/ProgressDialog.h>
 
 #include <boost/make_shared.hpp>
 

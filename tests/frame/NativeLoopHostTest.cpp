@@ -1,6 +1,6 @@
 // A host that runs GTK's own loop and knows nothing of the toolkit.
-#include "frame/EntryPoints.h"
 #include "tests/progress/ScriptedProgress.h"
+#include <tessaron/frame/EntryPoints.h>
 
 #include <boost/make_shared.hpp>
 

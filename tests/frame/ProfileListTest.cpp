@@ -1,4 +1,4 @@
-#include "frame/ProfileList.h"
+#include "frame/configuration/ProfileList.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // A host that runs the toolkit's main loop and is told to quit while a window of the module is up.
 #include "tests/support/ToolkitHost.h"
-#include "frame/EntryPoints.h"
-#include "frame/PlainEntryPoints.h"
 #include "tests/progress/ScriptedProgress.h"
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/frame/PlainEntryPoints.h>
 
 #include <boost/make_shared.hpp>
 

@@ -1,9 +1,9 @@
-#include "frame/VisualThemes.h"
-#include "frame/DialogBase.h"
-#include "frame/PaletteColour.h"
-#include "frame/QdrVisualManager.h"
+#include "frame/looks/VisualThemes.h"
+#include "frame/looks/PaletteColour.h"
+#include "frame/looks/QdrVisualManager.h"
 #include "tests/support/WindowDriver.h"
-#include "util/VisualTheme.h"
+#include <tessaron/frame/DialogBase.h>
+#include <tessaron/util/VisualTheme.h>
 
 #include <wx/ribbon/art.h>
 

@@ -1,7 +1,7 @@
 // Feeds arbitrary bytes to the archive readers of FUZZ_RECORD, to the polymorphic ones if FUZZ_POLYMORPHIC is 1. What
 // reads must survive being written and read again.
 
-#include "exchange/PolymorphicArchives.h"
+#include <tessaron/exchange/PolymorphicArchives.h>
 
 #include <cstddef>
 #include <cstdint>

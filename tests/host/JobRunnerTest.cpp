@@ -1,8 +1,8 @@
 #include "host/JobRunner.h"
 
-#include "exchange/StatusTable.h"
 #include "host/Part.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "host/Outline.h"
 
-#include "exchange/geom/Curves.h"
+#include <tessaron/exchange/geom/Curves.h>
 
 #include <boost/make_shared.hpp>
 #include <boost/math/constants/constants.hpp>

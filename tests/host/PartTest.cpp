@@ -1,8 +1,8 @@
 #include "host/Part.h"
 
-#include "exchange/Archives.h"
-#include "exchange/ToolpathRecords.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/ToolpathRecords.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

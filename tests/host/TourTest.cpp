@@ -1,6 +1,6 @@
-#include "exchange/Archives.h"
-#include "exchange/Tessaron2dInput.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "frame/EntryPoints.h"
 #include "tests/support/WindowDriver.h"
-#include "util/Keys.h"
-#include "util/Parameterized.h"
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/util/Keys.h>
+#include <tessaron/util/Parameterized.h>
 
 #include <wx/choice.h>
 #include <wx/file.h>

@@ -1,7 +1,7 @@
 #include "machining/ChipControlRules.h"
 
-#include "util/Assertion.h"
-#include "util/Keys.h"
+#include <tessaron/util/Assertion.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "frame/EntryPoints.h"
-#include "machining/GougeCheckData.h"
 #include "tests/support/WindowDriver.h"
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/machining/GougeCheckData.h>
 
 #include <wx/checkbox.h>
 #include <wx/textctrl.h>

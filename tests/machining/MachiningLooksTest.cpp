@@ -1,10 +1,10 @@
-#include "frame/EntryPoints.h"
-#include "frame/PaletteColour.h"
-#include "frame/VisualManager.h"
-#include "frame/VisualThemes.h"
-#include "machining/GougeCheckData.h"
-#include "machining/SmartLinkData.h"
+#include "frame/looks/PaletteColour.h"
+#include "frame/looks/VisualManager.h"
+#include "frame/looks/VisualThemes.h"
 #include "tests/support/WindowDriver.h"
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/machining/GougeCheckData.h>
+#include <tessaron/machining/SmartLinkData.h>
 
 #include <wx/toplevel.h>
 

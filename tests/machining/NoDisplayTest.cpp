@@ -1,9 +1,9 @@
-#include "frame/EntryPoints.h"
-#include "machining/GougeCheckData.h"
-#include "machining/SmartLinkData.h"
-#include "util/Assertion.h"
-#include "util/Keys.h"
-#include "util/Parameterized.h"
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/machining/GougeCheckData.h>
+#include <tessaron/machining/SmartLinkData.h>
+#include <tessaron/util/Assertion.h>
+#include <tessaron/util/Keys.h>
+#include <tessaron/util/Parameterized.h>
 
 #include <gtest/gtest.h>
 

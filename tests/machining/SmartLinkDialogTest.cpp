@@ -1,6 +1,6 @@
-#include "frame/EntryPoints.h"
-#include "machining/SmartLinkData.h"
 #include "tests/support/WindowDriver.h"
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/machining/SmartLinkData.h>
 
 #include <wx/checkbox.h>
 #include <wx/radiobut.h>

@@ -1,7 +1,7 @@
-#include "engine/ProgressData.h"
-#include "frame/EntryPoints.h"
 #include "tests/progress/ScriptedProgress.h"
 #include "tests/support/WindowDriver.h"
+#include <tessaron/engine/ProgressData.h>
+#include <tessaron/frame/EntryPoints.h>
 
 #include <boost/make_shared.hpp>
 

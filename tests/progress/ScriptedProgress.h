@@ -1,7 +1,7 @@
 #ifndef TESTS_PROGRESS_SCRIPTEDPROGRESS_H
 #define TESTS_PROGRESS_SCRIPTEDPROGRESS_H
 
-#include "engine/ProgressData.h"
+#include <tessaron/engine/ProgressData.h>
 
 #include <boost/thread/locks.hpp>
 

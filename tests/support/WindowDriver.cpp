@@ -1,6 +1,6 @@
 #include "tests/support/WindowDriver.h"
 
-#include "frame/PlainEntryPoints.h"
+#include <tessaron/frame/PlainEntryPoints.h>
 
 #include <wx/app.h>
 #include <wx/filename.h>

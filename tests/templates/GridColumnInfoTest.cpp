@@ -1,4 +1,4 @@
-#include "templates/GridColumnInfo.h"
+#include "templates/columns/GridColumnInfo.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

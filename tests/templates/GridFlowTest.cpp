@@ -1,4 +1,4 @@
-#include "templates/RatingStars.h"
+#include "templates/columns/RatingStars.h"
 #include "tests/templates/ManagerRun.h"
 
 #include <wx/textctrl.h>

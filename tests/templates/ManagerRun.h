@@ -1,12 +1,12 @@
 #ifndef TESTS_TEMPLATES_MANAGERRUN_H
 #define TESTS_TEMPLATES_MANAGERRUN_H
 
-#include "engine/TemplateStore.h"
-#include "frame/EntryPoints.h"
 #include "tests/support/WindowDriver.h"
-#include "util/Keys.h"
-#include "util/Parameterized.h"
-#include "util/VisualTheme.h"
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/util/Keys.h>
+#include <tessaron/util/Parameterized.h>
+#include <tessaron/util/VisualTheme.h>
 
 #include <wx/app.h>
 #include <wx/choice.h>

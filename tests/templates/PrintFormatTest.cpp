@@ -1,6 +1,6 @@
-#include "templates/PrintFormat.h"
-#include "templates/FoldCase.h"
-#include "templates/LocalTime.h"
+#include "templates/columns/PrintFormat.h"
+#include "templates/columns/LocalTime.h"
+#include "util/text/FoldCase.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "templates/TemplateColumnList.h"
+#include "templates/columns/TemplateColumnList.h"
 #include "templates/TemplateMenu.h"
 
 #include <gmock/gmock.h>

@@ -1,8 +1,8 @@
 #include "templates/TemplateDefinitions.h"
 
-#include "engine/TemplatePath.h"
 #include "templates/TemplateMatch.h"
-#include "util/Keys.h"
+#include <tessaron/engine/TemplatePath.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "templates/TemplateFind.h"
 
-#include "templates/FoldCase.h"
+#include "util/text/FoldCase.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include "templates/TemplateSession.h"
 
-#include "engine/TemplateStore.h"
-#include "exchange/StatusTable.h"
 #include "templates/TemplateMatch.h"
 #include "tests/support/TemporaryFolder.h"
-#include "util/Keys.h"
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "templates/UserProfile.h"
+#include "frame/configuration/UserProfile.h"
 
 #include "templates/TemplateUser.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,9 +1,9 @@
 // The module in a host whose user's language is German: every window, through its exported entry point.
-#include "frame/PlainEntryPoints.h"
-#include "machining/GougeCheckData.h"
-#include "machining/SmartLinkData.h"
 #include "tests/progress/ScriptedProgress.h"
 #include "tests/templates/ManagerRun.h"
+#include <tessaron/frame/PlainEntryPoints.h>
+#include <tessaron/machining/GougeCheckData.h>
+#include <tessaron/machining/SmartLinkData.h>
 
 #include <boost/make_shared.hpp>
 

@@ -1,4 +1,4 @@
-#include "util/AtomicFile.h"
+#include "util/platform/AtomicFile.h"
 
 #include <gtest/gtest.h>
 

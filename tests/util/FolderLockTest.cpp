@@ -1,4 +1,4 @@
-#include "util/FolderLock.h"
+#include "util/platform/FolderLock.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

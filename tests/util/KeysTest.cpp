@@ -1,4 +1,4 @@
-#include "util/Keys.h"
+#include <tessaron/util/Keys.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "util/Parameterized.h"
-#include "util/Assertion.h"
-#include "util/Keys.h"
+#include <tessaron/util/Assertion.h>
+#include <tessaron/util/Keys.h>
+#include <tessaron/util/Parameterized.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "engine/templates/ExpertDatabase.h"
-#include "exchange/StatusTable.h"
 #include "tests/support/TemporaryFolder.h"
+#include <tessaron/exchange/StatusTable.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "engine/templates/FileNames.h"
-#include "engine/TemplatePath.h"
+#include <tessaron/engine/TemplatePath.h>
 
 #include <gtest/gtest.h>
 

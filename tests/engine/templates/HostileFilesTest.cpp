@@ -1,8 +1,8 @@
-#include "engine/TemplateStore.h"
 #include "engine/templates/FileNames.h"
-#include "exchange/StatusTable.h"
 #include "tests/support/TemporaryFolder.h"
-#include "util/Keys.h"
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

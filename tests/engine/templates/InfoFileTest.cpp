@@ -1,7 +1,7 @@
 #include "engine/templates/InfoFile.h"
-#include "engine/TemplateStore.h"
-#include "exchange/StatusTable.h"
 #include "tests/support/TemporaryFolder.h"
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/exchange/StatusTable.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

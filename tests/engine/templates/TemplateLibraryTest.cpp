@@ -1,5 +1,5 @@
-#include "engine/TemplateStore.h"
-#include "exchange/StatusTable.h"
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/exchange/StatusTable.h>
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include "engine/templates/TemplateListing.h"
-#include "engine/TemplateStore.h"
 #include "engine/templates/Folder.h"
 #include "engine/templates/Parallel.h"
-#include "exchange/StatusTable.h"
 #include "tests/support/TemporaryFolder.h"
-#include "util/Keys.h"
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // What the store promises to processes: that they may die at any moment, work at the same time, and be refused.
 
-#include "engine/TemplateStore.h"
-#include "exchange/StatusTable.h"
 #include "tests/support/TemporaryFolder.h"
-#include "util/Keys.h"
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #ifndef TESTS_EXCHANGE_ARCHIVE_ANYRECORD_H
 #define TESTS_EXCHANGE_ARCHIVE_ANYRECORD_H
 
-#include "exchange/Archives.h"
+#include <tessaron/exchange/Archives.h>
 
 #include <filesystem>
 #include <fstream>

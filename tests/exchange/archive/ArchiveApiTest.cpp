@@ -2,8 +2,8 @@
 
 #include "ArchiveText.h"
 
-#include "exchange/geom/Curves.h"
 #include "tests/support/TemporaryFolder.h"
+#include <tessaron/exchange/geom/Curves.h>
 
 #include <gtest/gtest.h>
 

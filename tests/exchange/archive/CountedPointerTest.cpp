@@ -4,8 +4,8 @@
 
 #include "ArchiveText.h"
 
-#include "exchange/PolymorphicArchives.h"
-#include "exchange/geom/CurveSerialization.h"
+#include <tessaron/exchange/PolymorphicArchives.h>
+#include <tessaron/exchange/geom/CurveSerialization.h>
 
 #include <gtest/gtest.h>
 

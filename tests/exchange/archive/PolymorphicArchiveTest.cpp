@@ -1,7 +1,7 @@
 #include "ArchiveText.h"
 
-#include "exchange/PolymorphicArchives.h"
-#include "exchange/geom/CurveSerialization.h"
+#include <tessaron/exchange/PolymorphicArchives.h>
+#include <tessaron/exchange/geom/CurveSerialization.h>
 
 #include <gtest/gtest.h>
 

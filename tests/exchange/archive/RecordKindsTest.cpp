@@ -1,8 +1,8 @@
 // Which record goes into which archive: each comes back from every kind of archive that holds it, and no other
 // compiles.
 
-#include "exchange/PolymorphicArchives.h"
-#include "exchange/geom/Curves.h"
+#include <tessaron/exchange/PolymorphicArchives.h>
+#include <tessaron/exchange/geom/Curves.h>
 
 #include <gtest/gtest.h>
 

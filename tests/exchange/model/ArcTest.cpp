@@ -1,6 +1,6 @@
 #include "CurveChecks.h"
-#include "exchange/geom/Arc2Impl.h"
-#include "util/Constants.h"
+#include <tessaron/exchange/geom/Arc2Impl.h>
+#include <tessaron/util/Constants.h>
 
 #include <limits>
 

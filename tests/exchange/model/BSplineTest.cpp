@@ -1,6 +1,6 @@
 #include "CurveChecks.h"
-#include "exchange/geom/BSplineCurveImpl.h"
-#include "exchange/geom/RationalBSplineCurveImpl.h"
+#include <tessaron/exchange/geom/BSplineCurveImpl.h>
+#include <tessaron/exchange/geom/RationalBSplineCurveImpl.h>
 
 #include <limits>
 #include <vector>

@@ -1,8 +1,8 @@
 #ifndef TESTS_EXCHANGE_MODEL_CURVECHECKS_H
 #define TESTS_EXCHANGE_MODEL_CURVECHECKS_H
 
-#include "exchange/geom/ParametricCurve.h"
-#include "util/Assertion.h"
+#include <tessaron/exchange/geom/ParametricCurve.h>
+#include <tessaron/util/Assertion.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "CurveChecks.h"
-#include "exchange/geom/Curves.h"
+#include <tessaron/exchange/geom/Curves.h>
 
 #include <boost/make_shared.hpp>
 

@@ -1,12 +1,12 @@
 // Compiled as C++17: hosts that are not on C++20 yet use these headers.
-#include "exchange/Archives.h"
-#include "exchange/OrrimantInput.h"
-#include "exchange/StatusTable.h"
-#include "exchange/Tessaron3dInput.h"
-#include "exchange/Tessaron5xInput.h"
-#include "exchange/ToolpathRecords.h"
-#include "exchange/geom/Curves.h"
-#include "util/Keys.h"
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/OrrimantInput.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/exchange/Tessaron3dInput.h>
+#include <tessaron/exchange/Tessaron5xInput.h>
+#include <tessaron/exchange/ToolpathRecords.h>
+#include <tessaron/exchange/geom/Curves.h>
+#include <tessaron/util/Keys.h>
 
 #include <boost/make_shared.hpp>
 

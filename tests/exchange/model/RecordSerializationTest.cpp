@@ -1,5 +1,5 @@
 #include "StockArchives.h"
-#include "util/Assertion.h"
+#include <tessaron/util/Assertion.h>
 
 #include <boost/make_shared.hpp>
 

@@ -1,4 +1,4 @@
-#include "exchange/geom/Curves.h"
+#include <tessaron/exchange/geom/Curves.h>
 
 #include <boost/make_shared.hpp>
 

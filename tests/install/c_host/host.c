@@ -1,6 +1,6 @@
 /* A host in C: what it needs are two headers and two libraries. */
-#include "engine/JobServiceC.h"
-#include "frame/PlainEntryPoints.h"
+#include <tessaron/engine/JobServiceC.h>
+#include <tessaron/frame/PlainEntryPoints.h>
 
 #include <stdio.h>
 

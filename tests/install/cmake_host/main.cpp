@@ -1,15 +1,15 @@
 // A host in C++ without a display: a record through an archive, a job under a progress window of its own, and what lies
 // beside the libraries.
-#include "engine/JobService.h"
-#include "engine/ProgressData.h"
-#include "engine/TemplateStore.h"
-#include "exchange/Archives.h"
-#include "exchange/Tessaron2dInput.h"
-#include "exchange/ToolpathRecords.h"
-#include "frame/EntryPoints.h"
-#include "machining/SmartLinkData.h"
-#include "progress/ProgressDialog.h"
-#include "util/Keys.h"
+#include <tessaron/engine/JobService.h>
+#include <tessaron/engine/ProgressData.h>
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/exchange/Archives.h>
+#include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/exchange/ToolpathRecords.h>
+#include <tessaron/frame/EntryPoints.h>
+#include <tessaron/machining/SmartLinkData.h>
+#include <tessaron/progress/ProgressDialog.h>
+#include <tessaron/util/Keys.h>
 
 #include <cstdio>
 #include <fstream>

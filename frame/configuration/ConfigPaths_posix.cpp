@@ -1,0 +1,89 @@
+#include "frame/configuration/ConfigPaths.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace TessaronResources::configPaths
+{
+
+namespace
+{
+
+// The XDG variables name absolute paths; anything else in them counts as not set.
+std::string absoluteFolder(const char* text)
+{
+    std::string path = text && *text == '/' ? text : "";
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return path;
+}
+
+std::string homeFolder()
+{
+    if (const char* const home = std::getenv("HOME"); home && *home)
+        return home;
+    passwd entry{};
+    passwd* found = nullptr;
+    std::array<char, 16384> texts{};
+    if (::getpwuid_r(::getuid(), &entry, texts.data(), texts.size(), &found) != 0 || !found || !found->pw_dir)
+        return {};
+    return found->pw_dir;
+}
+
+} // namespace
+
+const char separator = '/';
+
+std::string userConfigurationFolder()
+{
+    std::string folder = absoluteFolder(std::getenv("XDG_CONFIG_HOME"));
+    if (!folder.empty())
+        return folder;
+    const std::string home = homeFolder();
+    return home.empty() ? home : home + "/.config";
+}
+
+std::vector<std::string> sharedDataFolders()
+{
+    const char* const variable = std::getenv("XDG_DATA_DIRS");
+    const std::string list = variable && *variable ? variable : "/usr/local/share:/usr/share";
+    std::vector<std::string> folders;
+    for (std::size_t begin = 0; begin <= list.size();)
+    {
+        const std::size_t end = std::min(list.find(':', begin), list.size());
+        const std::string folder = absoluteFolder(list.substr(begin, end - begin).c_str());
+        if (!folder.empty())
+            folders.push_back(folder);
+        begin = end + 1;
+    }
+    return folders;
+}
+
+bool canBeRead(const std::string& path)
+{
+    // Without O_NONBLOCK, opening a pipe would wait for somebody to write into it.
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (file < 0)
+        return false;
+    struct stat data = {};
+    const bool isFile = ::fstat(file, &data) == 0 && !S_ISDIR(data.st_mode);
+    ::close(file);
+    return isFile;
+}
+
+void makeFolders(const std::string& path)
+{
+    // Folders below the user's configuration folder are the user's alone.
+    constexpr mode_t userOnly = 0700;
+    for (std::size_t end = path.find('/', 1); end != std::string::npos; end = path.find('/', end + 1))
+        ::mkdir(path.substr(0, end).c_str(), userOnly);
+    ::mkdir(path.c_str(), userOnly);
+}
+
+} // namespace TessaronResources::configPaths

@@ -1,0 +1,66 @@
+#ifndef FRAME_NATIVE_NATIVETOOLKIT_H
+#define FRAME_NATIVE_NATIVETOOLKIT_H
+
+#include <memory>
+#include <string>
+
+class wxString;
+class wxWindow;
+
+/// What the toolkit's portable interface does not offer, for the platform's native widgets and event loop.
+namespace TessaronResources::native
+{
+
+/// Puts the process's locale and signal handlers back when it goes.
+class ProcessStateKeeper
+{
+public:
+    ProcessStateKeeper();
+    ~ProcessStateKeeper();
+    ProcessStateKeeper(const ProcessStateKeeper&) = delete;
+    ProcessStateKeeper& operator=(const ProcessStateKeeper&) = delete;
+
+private:
+    struct State;
+    std::unique_ptr<State> m_state;
+};
+
+/// Whether there is a display to connect to, as far as can be told without connecting. The toolkit connects by itself,
+/// and complains when that was done before it.
+bool displayIsNamed();
+
+bool displayIsOpen();
+
+/// Whether the host runs the native event loop, so that the loop's end can be told while it is polled.
+bool insideNativeLoop();
+
+/// Suspends the thread until the native event queue has something or the time is over. Dispatches nothing.
+void waitForMessage(int milliseconds);
+
+/// Lets the window manager treat a window as modal for the whole application, also for windows that are not the
+/// toolkit's.
+void setModal(wxWindow& window, bool modal);
+
+/// Lets a dialog's controls be as small as its template says: the native theme's paddings and least sizes assume more
+/// room.
+void makeCompact(wxWindow& dialog);
+
+/// Keeps the text of a dialog's field easy to read while the field is disabled, because it shows a result.
+void markAsResult(wxWindow& field);
+
+/// Gives a control the name that a screen reader says.
+void setAccessibleName(wxWindow& control, const wxString& name);
+
+/// The name that a screen reader says for a control; empty when it has none.
+wxString accessibleName(wxWindow& control);
+
+/// Draws a tick below a horizontal track bar. For its ends: the toolkit's own ticks leave them out.
+void addTick(wxWindow& trackBar, int position);
+
+/// Opens a file with the viewer that the desktop has for it, which "xdg-open" finds. Does not wait, and tells nobody
+/// when there is no such file or no such viewer.
+void openDocument(const std::string& path);
+
+} // namespace TessaronResources::native
+
+#endif

@@ -1,0 +1,42 @@
+#ifndef TEMPLATES_DIALOGS_TEMPLATEPREFERENCESDIALOG_H
+#define TEMPLATES_DIALOGS_TEMPLATEPREFERENCESDIALOG_H
+
+#include <tessaron/engine/TemplateInfo.h>
+#include <tessaron/frame/DialogBase.h>
+
+#include <string>
+
+namespace TessaronResources
+{
+
+/// The preferences of the template manager. Nothing is stored by the dialog.
+class TemplatePreferencesDialog : public DialogBase
+{
+public:
+    /// \param folder     the template folder in use
+    /// \param homeFolder the one that "Reset All" goes back to
+    TemplatePreferencesDialog(const util::TemplatePreferences& preferences, const std::string& folder,
+                              const std::string& homeFolder, wxWindow* owner);
+
+    // After OK
+    const util::TemplatePreferences& preferences() const { return m_preferences; }
+    std::string folder() const { return m_folder.utf8_string(); }
+
+protected:
+    bool OnInitDialog() override;
+    void DoDataExchange(CDataExchange* exchange) override;
+
+private:
+    void chooseFolder();
+    void chooseFont();
+    void resetAll();
+    void showFont();
+
+    util::TemplatePreferences m_preferences;
+    wxString m_folder;
+    wxString m_homeFolder;
+};
+
+} // namespace TessaronResources
+
+#endif

@@ -1,0 +1,206 @@
+#include "templates/grid/TemplateGridInput.h"
+
+#include "frame/native/NativeLoop.h"
+#include "templates/TemplateMenu.h"
+#include "templates/grid/TemplateGridTable.h"
+#include "templates/grid/TemplateManagerGrid.h"
+#include "util/text/FoldCase.h"
+
+#include <wx/menu.h>
+#include <wx/time.h>
+
+#include <algorithm>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+constexpr int nameColumn = 0;
+constexpr long typeAheadMilliseconds = 1000;
+
+bool isTyping(const wxKeyEvent& event)
+{
+    return event.GetUnicodeKey() > WXK_SPACE && event.GetUnicodeKey() != WXK_DELETE &&
+           (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
+}
+
+bool isNavigation(int key)
+{
+    switch (key)
+    {
+    case WXK_UP:
+    case WXK_DOWN:
+    case WXK_LEFT:
+    case WXK_RIGHT:
+    case WXK_PAGEUP:
+    case WXK_PAGEDOWN:
+    case WXK_HOME:
+    case WXK_END:
+    case WXK_RETURN:
+    case WXK_NUMPAD_ENTER:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+TemplateGridInput::TemplateGridInput(TemplateManagerGrid& grid, TemplateGridTable& table, TemplateSession& session,
+                                     TemplateGridCommands& commands)
+    : m_grid(grid), m_table(table), m_session(session), m_commands(commands)
+{
+    m_grid.Bind(wxEVT_GRID_CELL_LEFT_CLICK, &TemplateGridInput::onCellClick, this);
+    m_grid.Bind(wxEVT_GRID_CELL_RIGHT_CLICK, [this](wxGridEvent& event) { showMenu(event.GetRow()); });
+    m_grid.Bind(wxEVT_GRID_LABEL_RIGHT_CLICK, [this](wxGridEvent& event) { showMenu(event.GetRow()); });
+    m_grid.Bind(wxEVT_KEY_DOWN, &TemplateGridInput::onKeyDown, this);
+    m_grid.Bind(wxEVT_CHAR, &TemplateGridInput::onChar, this);
+}
+
+void TemplateGridInput::selectCurrentRowLater()
+{
+    // The toolkit moves the current cell, and clears the selection, after the event that makes it do so.
+    m_grid.CallAfter(
+        [this]
+        {
+            const int row = m_grid.GetGridCursorRow();
+            if (row >= 0 && row < m_grid.GetNumberRows() && !m_grid.IsInSelection(row, 0))
+                m_grid.SelectRow(row);
+        });
+}
+
+void TemplateGridInput::onCellClick(wxGridEvent& event)
+{
+    if (event.ControlDown() || event.ShiftDown())
+    {
+        event.Skip();
+        return;
+    }
+    // The first click into the current cell only selects its row; the toolkit would start to edit.
+    const bool isCurrent = event.GetRow() == m_grid.GetGridCursorRow() && event.GetCol() == m_grid.GetGridCursorCol();
+    if (isCurrent && !m_grid.IsInSelection(event.GetRow(), 0))
+    {
+        m_grid.GetGridWindow()->SetFocus();
+        m_grid.SelectRow(event.GetRow());
+    }
+    else
+    {
+        event.Skip();
+        selectCurrentRowLater();
+    }
+    if (m_table.column(event.GetCol()).definition().type == util::templateColumnType::rating)
+        rateByClick(event.GetRow(), event.GetCol());
+}
+
+void TemplateGridInput::rateByClick(int row, int col)
+{
+    const wxPoint at = m_grid.CalcUnscrolledPosition(m_grid.GetGridWindow()->ScreenToClient(wxGetMousePosition()));
+    double rating = 0.0;
+    m_grid.GetCellValue(row, col).ToCDouble(&rating);
+    const StarRow stars = RatingCellRenderer::stars(m_grid, m_grid.CellToRect(row, col));
+    if (const int clicked = ratingAt(stars, at.x, rating); clicked >= 0)
+        m_grid.SetCellValue(row, col, wxString::Format("%d", clicked));
+}
+
+void TemplateGridInput::onKeyDown(wxKeyEvent& event)
+{
+    const bool onlyControl = event.GetModifiers() == wxMOD_CONTROL;
+    // While a cell is edited, keys are for its text, also those that come before its editor has the focus.
+    if (m_grid.IsCellEditControlEnabled())
+        event.Skip();
+    else if (event.GetKeyCode() == WXK_DELETE && event.GetModifiers() == wxMOD_NONE)
+        m_commands.deleteByKey();
+    else if (event.GetKeyCode() == 'A' && onlyControl)
+        m_grid.SelectAll();
+    else if (event.GetKeyCode() == 'F' && onlyControl)
+        m_commands.find();
+    else if (event.GetKeyCode() == WXK_F3 && event.GetModifiers() == wxMOD_NONE)
+        m_commands.findAgain();
+    else
+    {
+        event.Skip();
+        if ((event.GetModifiers() == wxMOD_NONE || onlyControl) && isNavigation(event.GetKeyCode()))
+            selectCurrentRowLater();
+    }
+}
+
+void TemplateGridInput::onChar(wxKeyEvent& event)
+{
+    const int col = m_grid.GetGridCursorCol();
+    if (col < 0 || m_grid.GetGridCursorRow() < 0 || !isTyping(event) || m_grid.IsCellEditControlEnabled())
+    {
+        event.Skip();
+        return;
+    }
+    const wxChar typed = event.GetUnicodeKey();
+    const bool isDigit = typed >= '0' && typed <= '0' + ratingStars;
+    if (col == nameColumn)
+        typeAhead(typed);
+    else if (!isDigit || !rateByDigit(static_cast<int>(typed - '0')))
+        event.Skip();
+}
+
+bool TemplateGridInput::rateByDigit(int rating)
+{
+    if (m_table.column(m_grid.GetGridCursorCol()).definition().type != util::templateColumnType::rating)
+        return false;
+    m_grid.SetCellValue(m_grid.GetGridCursorRow(), m_grid.GetGridCursorCol(), wxString::Format("%d", rating));
+    return true;
+}
+
+void TemplateGridInput::typeAhead(wxUniChar typed)
+{
+    const wxLongLong now = wxGetLocalTimeMillis();
+    if (now - m_lastTyped > typeAheadMilliseconds)
+        m_typed.clear();
+    m_lastTyped = now;
+    m_typed += wxString(typed).utf8_string();
+    const std::string wanted = foldCase(m_typed);
+    const int rows = m_grid.GetNumberRows();
+    for (int k = 0; k < rows; ++k)
+    {
+        const int row = (std::max(m_grid.GetGridCursorRow(), 0) + k) % rows;
+        const util::Parameterized& set = m_session.rows().at(static_cast<std::size_t>(row));
+        if (foldCase(m_table.column(nameColumn).format(set)).starts_with(wanted))
+        {
+            m_grid.GoToCell(row, nameColumn);
+            m_grid.SelectRow(row);
+            return;
+        }
+    }
+}
+
+void TemplateGridInput::showMenu(int row)
+{
+    m_grid.finishEdit();
+    if (row >= 0 && !m_grid.IsInSelection(row, 0))
+    {
+        m_grid.SetGridCursor(row, std::max(m_grid.GetGridCursorCol(), 0));
+        m_grid.SelectRow(row);
+    }
+    wxMenu menu;
+    for (const TemplateMenuItem& item : templateMenu(m_session.info().columns, m_grid.IsSelection()))
+    {
+        if (item.id == 0)
+        {
+            menu.AppendSeparator();
+            continue;
+        }
+        const wxString text = wxControl::EscapeMnemonics(wxString::FromUTF8(item.text));
+        wxMenuItem* const line = item.isCheck ? menu.AppendCheckItem(item.id, text) : menu.Append(item.id, text);
+        if (item.isCheck)
+            line->Check(item.checked);
+        line->Enable(item.enabled);
+    }
+    const int chosen = native::chooseFromMenu(m_grid, menu);
+    if (chosen == templateMenuId::configure)
+        m_commands.configureColumns();
+    else if (chosen == templateMenuId::remove)
+        m_commands.deleteSelected();
+    else if (toggleColumn(m_session.info().columns, chosen))
+        m_commands.columnsChanged();
+}
+
+} // namespace TessaronResources

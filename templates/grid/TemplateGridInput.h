@@ -1,0 +1,50 @@
+#ifndef TEMPLATES_GRID_TEMPLATEGRIDINPUT_H
+#define TEMPLATES_GRID_TEMPLATEGRIDINPUT_H
+
+#include <wx/longlong.h>
+
+#include <string>
+
+class wxGridEvent;
+class wxKeyEvent;
+class wxUniChar;
+
+namespace TessaronResources
+{
+
+class TemplateGridCommands;
+class TemplateGridTable;
+class TemplateManagerGrid;
+class TemplateSession;
+
+/// What the keys and the pointer do in the template grid.
+class TemplateGridInput
+{
+public:
+    /// None is owned; all outlive the object.
+    TemplateGridInput(TemplateManagerGrid& grid, TemplateGridTable& table, TemplateSession& session,
+                      TemplateGridCommands& commands);
+    TemplateGridInput(const TemplateGridInput&) = delete;
+    TemplateGridInput& operator=(const TemplateGridInput&) = delete;
+
+private:
+    void onCellClick(wxGridEvent& event);
+    void onKeyDown(wxKeyEvent& event);
+    void onChar(wxKeyEvent& event);
+    void selectCurrentRowLater();
+    void rateByClick(int row, int col);
+    bool rateByDigit(int rating);
+    void typeAhead(wxUniChar typed);
+    void showMenu(int row);
+
+    TemplateManagerGrid& m_grid;
+    TemplateGridTable& m_table;
+    TemplateSession& m_session;
+    TemplateGridCommands& m_commands;
+    std::string m_typed;
+    wxLongLong m_lastTyped;
+};
+
+} // namespace TessaronResources
+
+#endif

@@ -1,0 +1,108 @@
+#ifndef TEMPLATES_GRID_TEMPLATEGRIDRENDERERS_H
+#define TEMPLATES_GRID_TEMPLATEGRIDRENDERERS_H
+
+#include "templates/TemplateRows.h"
+#include "templates/columns/RatingStars.h"
+
+#include <wx/grid.h>
+
+#include <cstdint>
+
+namespace TessaronResources
+{
+
+/// What the headings of the template grid show besides their titles.
+struct HeadingState
+{
+    int sortColumn = -1; ///< -1: none carries an arrow
+    bool sortAscending = true;
+    std::uint32_t textColour;
+    std::uint32_t backColour;
+};
+
+/// A cell of text. Selected rows have the look's accent, every other row a slightly different background.
+class TemplateCellRenderer : public wxGridCellStringRenderer
+{
+public:
+    void Draw(wxGrid& grid, wxGridCellAttr& attr, wxDC& dc, const wxRect& rect, int row, int col,
+              bool selected) override;
+    TemplateCellRenderer* Clone() const override { return new TemplateCellRenderer; }
+
+protected:
+    void drawBackground(wxDC& dc, const wxRect& rect, int row, bool selected) const;
+
+private:
+    /// May change the font of `dc` so that a text fits the width.
+    virtual void fitFont(wxDC&, const wxString&, int) const {}
+};
+
+/// A date. It is of no use without its end: where the column is too narrow, it is written smaller.
+class DateCellRenderer : public TemplateCellRenderer
+{
+public:
+    DateCellRenderer* Clone() const override { return new DateCellRenderer; }
+
+private:
+    void fitFont(wxDC& dc, const wxString& text, int width) const override;
+};
+
+/// A rating as stars.
+class RatingCellRenderer : public TemplateCellRenderer
+{
+public:
+    void Draw(wxGrid& grid, wxGridCellAttr& attr, wxDC& dc, const wxRect& rect, int row, int col,
+              bool selected) override;
+    RatingCellRenderer* Clone() const override { return new RatingCellRenderer; }
+
+    static StarRow stars(const wxWindow& grid, const wxRect& cell);
+};
+
+/// Draws the headings in the look in force, with the arrow of the sorted column, and marks edited rows.
+class TemplateHeadings : public wxGridCellAttrProvider
+{
+public:
+    /// Both are not owned.
+    TemplateHeadings(const HeadingState& state, const TemplateRows& rows);
+
+    const wxGridColumnHeaderRenderer& GetColumnHeaderRenderer(int col) override;
+    const wxGridRowHeaderRenderer& GetRowHeaderRenderer(int row) override;
+    const wxGridCornerHeaderRenderer& GetCornerRenderer() override { return m_corner; }
+
+private:
+    class ColumnHeading : public wxGridColumnHeaderRenderer
+    {
+    public:
+        explicit ColumnHeading(const HeadingState& state) : m_state(state) {}
+        void DrawBorder(const wxGrid& grid, wxDC& dc, wxRect& rect) const override;
+        void DrawLabel(const wxGrid& grid, wxDC& dc, const wxString& value, const wxRect& rect, int horizAlign,
+                       int vertAlign, int textOrientation) const override;
+        int m_column = -1;
+
+    private:
+        const HeadingState& m_state;
+    };
+
+    class RowHeading : public wxGridRowHeaderRenderer
+    {
+    public:
+        void DrawBorder(const wxGrid& grid, wxDC& dc, wxRect& rect) const override;
+        void DrawLabel(const wxGrid&, wxDC& dc, const wxString&, const wxRect& rect, int, int, int) const override;
+        bool m_edited = false;
+    };
+
+    class Corner : public wxGridCornerHeaderRenderer
+    {
+    public:
+        void DrawBorder(const wxGrid& grid, wxDC& dc, wxRect& rect) const override;
+        void DrawLabel(const wxGrid&, wxDC&, const wxString&, const wxRect&, int, int, int) const override {}
+    };
+
+    const TemplateRows& m_rows;
+    ColumnHeading m_column;
+    RowHeading m_row;
+    Corner m_corner;
+};
+
+} // namespace TessaronResources
+
+#endif

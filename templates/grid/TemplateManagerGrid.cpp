@@ -1,0 +1,341 @@
+#include "templates/grid/TemplateManagerGrid.h"
+
+#include "frame/Translation.h"
+#include "frame/looks/VisualManager.h"
+#include "frame/native/NativeToolkit.h"
+#include "templates/TemplateSort.h"
+#include "templates/grid/GridFont.h"
+#include "templates/grid/GridPlace.h"
+#include "templates/grid/GridSizing.h"
+#include "templates/grid/TemplateGridTable.h"
+
+#include <wx/dcclient.h>
+#include <wx/generic/gridsel.h>
+
+#include <algorithm>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+constexpr int rowMarkWidth = 22;
+constexpr int rowPadding = 8;
+constexpr int smallestColumn = 24;
+constexpr int nameColumn = 0;
+
+} // namespace
+
+TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSession& session,
+                                         TemplateGridCommands& commands)
+    : wxGrid(parent, id, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_NONE), m_session(session),
+      m_commands(commands), m_table(new TemplateGridTable(session.rows(), [this] { onEdited(); })), m_hint(*this),
+      m_input(*this, *m_table, session, commands)
+{
+    m_table->SetAttrProvider(new TemplateHeadings(m_headings, session.rows()));
+    SetTable(m_table, true, wxGridSelectRows);
+    SetRowLabelSize(FromDIP(rowMarkWidth));
+    SetColMinimalAcceptableWidth(FromDIP(smallestColumn));
+    DisableDragRowSize();
+    EnableDragColMove();
+    DisableHidingColumns();
+    SetTabBehaviour(Tab_Leave);
+    native::setAccessibleName(*this, translatedLabel("Templates"));
+
+    Bind(wxEVT_GRID_COL_SORT,
+         [this](wxGridEvent& event)
+         {
+             event.Veto();
+             const bool descending = m_headings.sortColumn == event.GetCol() && m_headings.sortAscending;
+             sortBy({{m_table->column(event.GetCol()).definition().key, descending}});
+         });
+    Bind(wxEVT_GRID_COL_SIZE,
+         [this](wxGridSizeEvent& event)
+         {
+             const auto col = static_cast<std::size_t>(event.GetRowOrCol());
+             for (util::TemplateColumn& column : m_session.info().columns)
+                 if (col < m_table->columns().size() && &column == &m_table->columns()[col]->definition())
+                     column.width = ToDIP(GetColSize(event.GetRowOrCol()));
+             m_session.info().headingHeight = -1;
+             fitHeadings();
+             event.Skip();
+         });
+    Bind(wxEVT_GRID_COL_MOVE,
+         [this](wxGridEvent& event)
+         {
+             event.Skip();
+             CallAfter([this] { onColumnMoved(); });
+         });
+    Bind(wxEVT_GRID_EDITOR_CREATED,
+         [](wxGridEditorCreatedEvent& event) { VisualManager::current().apply(*event.GetWindow()); });
+    GetGridWindow()->Bind(wxEVT_SIZE,
+                          [this](wxSizeEvent& event)
+                          {
+                              updateHint();
+                              event.Skip();
+                          });
+    applyLook();
+}
+
+void TemplateManagerGrid::onEdited()
+{
+    m_commands.templateEdited();
+    GetGridRowLabelWindow()->Refresh();
+    GetGridWindow()->Refresh();
+}
+
+// Columns and look
+
+void TemplateManagerGrid::setHeading(int column, const std::string&, int width, const std::string&,
+                                     std::uint32_t textColour, std::uint32_t backColour)
+{
+    m_headings.textColour = textColour;
+    m_headings.backColour = backColour;
+    SetColSize(column, FromDIP(std::max(width, smallestColumn)));
+}
+
+void TemplateManagerGrid::rebuildColumns()
+{
+    finishEdit();
+    const util::TemplateInfo& info = m_session.info();
+    m_headings.sortColumn = -1;
+    BeginBatch();
+    m_table->setColumns(makeGridColumns(info.columns, true));
+    ResetColPos();
+    for (const GridColumnPtr& column : m_table->columns())
+        setUpColumn(*column);
+    sizeColumns();
+    sizeRows();
+    fitHeadings();
+    EndBatch();
+    updateHint();
+}
+
+void TemplateManagerGrid::setUpColumn(const GridColumnInfo& column)
+{
+    const util::TemplateColumn& definition = column.definition();
+    const bool isRating = definition.type == util::templateColumnType::rating;
+    auto* const attr = new wxGridCellAttr;
+    attr->SetAlignment(column.alignment() == CellAlignment::right ? wxALIGN_RIGHT : wxALIGN_LEFT, wxALIGN_CENTRE);
+    // Stars are set by a click or a digit, not by typing over them.
+    attr->SetReadOnly(!column.isEditable() || !column.enabled || isRating);
+    attr->SetRenderer(isRating                                            ? new RatingCellRenderer
+                      : definition.type == util::templateColumnType::date ? new DateCellRenderer
+                                                                          : new TemplateCellRenderer);
+    if (const auto* const list = dynamic_cast<const GridColumnInfoListBox*>(&column))
+    {
+        wxArrayString choices;
+        for (const std::string& choice : list->choices())
+            choices.Add(wxString::FromUTF8(choice));
+        attr->SetEditor(new wxGridCellChoiceEditor(choices));
+    }
+    SetColAttr(column.index, attr);
+    ShowCol(column.index);
+    column.setupHeading(*this, m_session.info().headingTextColour, m_session.info().headingBackColour);
+    if (!definition.shown)
+        HideCol(column.index);
+}
+
+void TemplateManagerGrid::applyLook()
+{
+    finishEdit();
+    colourGrid(*this);
+    wxFont font = gridFont(m_session.info().preferences.font);
+    SetDefaultCellFont(font);
+    SetLabelFont(font);
+    m_hint.applyLook();
+    sizeRows();
+    fitHeadings();
+    ForceRefresh();
+}
+
+void TemplateManagerGrid::sizeColumns()
+{
+    if (!m_session.info().preferences.autoSizeColumns)
+        return;
+    wxClientDC dc(this);
+    for (const GridColumnPtr& column : m_table->columns())
+        if (column->definition().shown)
+            SetColSize(column->index, fittingColumnWidth(*this, dc, *column));
+}
+
+void TemplateManagerGrid::fitHeadings()
+{
+    wxClientDC dc(this);
+    const int stored = m_session.info().headingHeight;
+    SetColLabelSize(std::max(stored, fittingHeadingHeight(*this, dc, m_table->columns())));
+}
+
+void TemplateManagerGrid::sizeRows()
+{
+    wxClientDC dc(this);
+    dc.SetFont(GetDefaultCellFont());
+    const int line = dc.GetCharHeight();
+    SetDefaultRowSize(line + FromDIP(rowPadding), true);
+    if (!m_session.info().preferences.autoSizeRows)
+        return;
+    const std::vector<int> extraLines = extraTextLines(m_session.rows(), m_table->columns());
+    if (extraLines.empty())
+        return;
+    std::vector<int> heights;
+    heights.reserve(extraLines.size());
+    for (const int extra : extraLines)
+        heights.push_back(GetDefaultRowSize() + extra * line);
+    setRowHeights(heights);
+}
+
+void TemplateManagerGrid::setRowHeights(const std::vector<int>& heights)
+{
+    // The toolkit's own way, row by row, moves all the rows below each time.
+    m_rowHeights.clear();
+    m_rowHeights.reserve(heights.size());
+    m_rowBottoms.clear();
+    m_rowBottoms.reserve(heights.size());
+    int bottom = 0;
+    for (const int height : heights)
+    {
+        bottom += height;
+        m_rowHeights.push_back(height);
+        m_rowBottoms.push_back(bottom);
+    }
+    CalcDimensions();
+}
+
+void TemplateManagerGrid::onColumnMoved()
+{
+    std::vector<util::TemplateColumn> columns;
+    columns.reserve(m_session.info().columns.size());
+    for (int position = 0; position < GetNumberCols(); ++position)
+        columns.push_back(m_table->column(GetColAt(position)).definition());
+    for (const util::TemplateColumn& column : m_session.info().columns)
+        if (!column.offered)
+            columns.push_back(column);
+    // The name column stays where it is.
+    if (GetNumberCols() > 0 && GetColAt(0) == nameColumn)
+        m_session.info().columns = columns;
+    m_commands.columnsChanged();
+}
+
+// Rows
+
+void TemplateManagerGrid::rowsRefilled()
+{
+    ClearSelection();
+    m_headings.sortColumn = -1;
+    BeginBatch();
+    m_table->rowsChanged();
+    sizeColumns();
+    sizeRows();
+    fitHeadings();
+    EndBatch();
+    updateHint();
+    ForceRefresh();
+}
+
+void TemplateManagerGrid::updateHint()
+{
+    m_hint.update(m_session.info().preferences.matchFilter != 0);
+}
+
+void TemplateManagerGrid::finishEdit()
+{
+    DisableCellEditControl();
+}
+
+std::vector<std::size_t> TemplateManagerGrid::selectedRows() const
+{
+    std::vector<std::size_t> rows;
+    for (const wxGridBlockCoords& block : GetSelectedBlocks())
+        for (int row = block.GetTopRow(); row <= block.GetBottomRow(); ++row)
+            rows.push_back(static_cast<std::size_t>(row));
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+void TemplateManagerGrid::select(const std::vector<bool>& selected)
+{
+    ClearSelection();
+    // The toolkit's own way, block by block, compares each with all that are there, and tells everyone of each.
+    wxVectorGridBlockCoords& blocks = m_selection->GetBlocks();
+    const auto count = static_cast<int>(selected.size());
+    const auto isSelected = [&](int row) { return selected[static_cast<std::size_t>(row)]; };
+    for (int row = 0; row < count; ++row)
+        if (isSelected(row))
+        {
+            const int first = row;
+            while (row + 1 < count && isSelected(row + 1))
+                ++row;
+            blocks.push_back(wxGridBlockCoords(first, 0, row, GetNumberCols() - 1));
+        }
+    if (blocks.empty())
+        return;
+    const wxGridBlockCoords last = blocks.back();
+    blocks.pop_back();
+    SelectBlock(last.GetTopLeft(), last.GetBottomRight(), true);
+}
+
+void TemplateManagerGrid::sortBy(const std::vector<util::TemplateSortLevel>& levels)
+{
+    finishEdit();
+    m_headings.sortColumn = -1;
+    const std::vector<std::size_t> order = sortedOrder(m_session.rows(), levels, m_session.info().columns);
+    reorderRows(order);
+    if (levels.size() == 1)
+        for (const GridColumnPtr& column : m_table->columns())
+            if (column->definition().key == levels.front().key)
+            {
+                m_headings.sortColumn = column->index;
+                m_headings.sortAscending = !levels.front().descending;
+                break;
+            }
+    ForceRefresh();
+}
+
+void TemplateManagerGrid::reorderRows(const std::vector<std::size_t>& order)
+{
+    std::vector<bool> wasSelected(order.size());
+    for (const std::size_t row : selectedRows())
+        wasSelected[row] = true;
+    const auto wasCurrent = static_cast<std::size_t>(std::max(GetGridCursorRow(), 0));
+    m_session.rows().reorder(order);
+
+    std::vector<bool> selected(order.size());
+    std::vector<int> heights;
+    int current = -1;
+    for (std::size_t row = 0; row < order.size(); ++row)
+    {
+        selected[row] = wasSelected[order[row]];
+        if (order[row] == wasCurrent)
+            current = static_cast<int>(row);
+        if (!m_rowHeights.empty())
+            heights.push_back(m_rowHeights[order[row]]);
+    }
+    if (!heights.empty())
+        setRowHeights(heights);
+    if (current >= 0 && GetGridCursorCol() >= 0)
+        GoToCell(current, GetGridCursorCol());
+    select(selected);
+}
+
+void TemplateManagerGrid::quickSort(bool descending)
+{
+    const int col = std::max(GetGridCursorCol(), 0);
+    if (col < GetNumberCols())
+        sortBy({{m_table->column(col).definition().key, descending}});
+}
+
+TemplateFind::Result TemplateManagerGrid::findNext(const std::string& text)
+{
+    finishEdit();
+    const TemplateFind::Result result = m_find.findNext(text, m_session.rows(), m_table->columns());
+    if (result == TemplateFind::Result::found)
+    {
+        GoToCell(m_find.hit().row, m_find.hit().column);
+        SelectRow(m_find.hit().row);
+    }
+    return result;
+}
+
+} // namespace TessaronResources

@@ -1,0 +1,101 @@
+#ifndef TEMPLATES_GRID_TEMPLATEMANAGERGRID_H
+#define TEMPLATES_GRID_TEMPLATEMANAGERGRID_H
+
+#include "templates/TemplateFind.h"
+#include "templates/TemplateSession.h"
+#include "templates/grid/EmptyGridHint.h"
+#include "templates/grid/TemplateGridInput.h"
+#include "templates/grid/TemplateGridRenderers.h"
+
+#include <wx/grid.h>
+
+#include <string>
+#include <vector>
+
+namespace TessaronResources
+{
+
+class TemplateGridTable;
+
+/// What the user asks of the manager from within the grid.
+class TemplateGridCommands
+{
+public:
+    virtual ~TemplateGridCommands() = default;
+
+    virtual void deleteSelected() = 0;
+    /// As deleteSelected(), but asks first: a key is easily hit.
+    virtual void deleteByKey() = 0;
+    virtual void configureColumns() = 0;
+    virtual void find() = 0;
+    virtual void findAgain() = 0;
+    /// The column definitions have been changed in place: they are to be stored and the columns made anew.
+    virtual void columnsChanged() = 0;
+    /// A template has been edited.
+    virtual void templateEdited() = 0;
+};
+
+/// The grid of templates: one row a template, one column a column definition.
+class TemplateManagerGrid : public wxGrid, private TemplateCells
+{
+public:
+    /// Both are not owned and outlive the grid.
+    TemplateManagerGrid(wxWindow* parent, int id, TemplateSession& session, TemplateGridCommands& commands);
+
+    /// Makes the columns anew from the session's definitions.
+    void rebuildColumns();
+    /// The session's rows are others now. Takes the selection and the sort mark away.
+    void rowsRefilled();
+    /// Takes on the look in force and the preferred font.
+    void applyLook();
+    /// Ends an edit that is under way; what was typed counts.
+    void finishEdit();
+
+    /// Ascending.
+    std::vector<std::size_t> selectedRows() const;
+
+    /// Sorts by levels; the selected templates stay selected. A mark is shown only for a sort by one column.
+    void sortBy(const std::vector<util::TemplateSortLevel>& levels);
+    /// Sorts by the current column.
+    void quickSort(bool descending);
+
+    /// Moves the current cell to the next one that holds a text. Result as TemplateFind has it.
+    TemplateFind::Result findNext(const std::string& text);
+    /// The next search begins at the first cell again.
+    void searchFromStart() { m_find.startOver(); }
+    const std::vector<std::string>& searchedTexts() const { return m_find.history(); }
+
+private:
+    // The grid as its columns see it. Cells are drawn on demand: only headings are set up.
+    void setCell(int, int, const std::string&, CellAlignment, const std::string&) override {}
+    void setCellChoices(int, int, const std::vector<std::string>&) override {}
+    void setRowHeight(int, int) override {}
+    void setHeading(int column, const std::string& title, int width, const std::string& font, std::uint32_t textColour,
+                    std::uint32_t backColour) override;
+
+    void setUpColumn(const GridColumnInfo& column);
+    void sizeColumns();
+    void sizeRows();
+    /// As high as their text needs, and no lower than stored.
+    void fitHeadings();
+    void setRowHeights(const std::vector<int>& heights);
+    void updateHint();
+    /// One flag for each row.
+    void select(const std::vector<bool>& selected);
+    /// Selected rows, the current cell and heights go with their templates.
+    void reorderRows(const std::vector<std::size_t>& order);
+    void onColumnMoved();
+    void onEdited();
+
+    TemplateSession& m_session;
+    TemplateGridCommands& m_commands;
+    HeadingState m_headings;
+    TemplateGridTable* m_table;
+    TemplateFind m_find;
+    EmptyGridHint m_hint;
+    TemplateGridInput m_input;
+};
+
+} // namespace TessaronResources
+
+#endif

@@ -1,0 +1,57 @@
+#ifndef UTIL_PLATFORM_ATOMICFILE_H
+#define UTIL_PLATFORM_ATOMICFILE_H
+
+#include <tessaron/util/Export.h>
+
+#include <iosfwd>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace util
+{
+
+/// Thrown when a file cannot be written. The text names the file, the step that failed and the system's reason.
+class TESSARON_EXCHANGE_API AtomicFileError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+    ~AtomicFileError() override;
+};
+
+/// Writes a file so that it is there whole or not at all.
+///
+/// The bytes go to a temporary file in the target's folder (its name starts with a dot and ends in ".tmp"). commit()
+/// brings them to the disk, renames the file over the target and brings the folder's entry to the disk. At every
+/// moment, power failures included, the target is either the old file or the complete new one. Without a commit(), or
+/// when it fails, the target stays as it was and the temporary file is removed.
+///
+/// A target that exists keeps its access rights; a target that is a symbolic link stays one, and what it leads to is
+/// replaced. Two writers of one target do not disturb each other: the last to commit wins.
+class TESSARON_EXCHANGE_API AtomicFile
+{
+public:
+    /// Creates the temporary file.
+    /// \throws AtomicFileError
+    explicit AtomicFile(const std::string& path);
+    /// Discards what was not committed.
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+
+    /// Where to write the bytes. Sets its badbit when the disk does not take them; commit() tells why.
+    std::ostream& stream();
+    /// Whether writing has failed so far.
+    bool failed() const;
+    /// Makes the file the target; at most once.
+    /// \throws AtomicFileError, also for what failed while writing.
+    void commit();
+
+private:
+    class Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+} // namespace util
+
+#endif

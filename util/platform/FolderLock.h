@@ -1,0 +1,45 @@
+#ifndef UTIL_PLATFORM_FOLDERLOCK_H
+#define UTIL_PLATFORM_FOLDERLOCK_H
+
+#include <tessaron/util/Export.h>
+
+#include <memory>
+#include <string>
+
+namespace util
+{
+
+class Descriptor;
+
+/// A claim on a folder that holds between processes as well as between threads, for the lifetime of the object. It
+/// leaves nothing in the folder, needs no right to write there, and ends with the process however that ends.
+class TESSARON_EXCHANGE_API FolderLock
+{
+public:
+    enum class Kind
+    {
+        shared,   ///< excludes exclusive claims
+        exclusive ///< excludes all other claims
+    };
+
+    /// Waits for the claim for `patience` milliseconds at most.
+    FolderLock(const std::string& folder, Kind kind, int patience = 10000);
+    ~FolderLock();
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+    /// The claim holds.
+    bool isHeld() const { return m_held; }
+    /// Somebody else holds on to the folder. Neither held nor busy: there is no such folder, or its file system has no
+    /// such claims.
+    bool isBusy() const { return m_busy; }
+
+private:
+    std::unique_ptr<Descriptor> m_folder;
+    bool m_held = false;
+    bool m_busy = false;
+};
+
+} // namespace util
+
+#endif
