@@ -3,6 +3,7 @@
 #include "engine/templates/Parallel.h"
 #include "engine/templates/TemplateFolder.h"
 #include "util/platform/FolderLock.h"
+#include "util/text/Ascii.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/exchange/StatusTable.h>
 
@@ -196,9 +197,8 @@ bool look(const Folder& folder, const std::string& fileName, const ListedFile* b
 
 bool comesBefore(const Remembered& a, const Remembered& b)
 {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    const auto less = [lower](char x, char y)
-    { return static_cast<unsigned char>(lower(x)) < static_cast<unsigned char>(lower(y)); };
+    const auto less = [](char x, char y)
+    { return static_cast<unsigned char>(asciiLower(x)) < static_cast<unsigned char>(asciiLower(y)); };
     if (std::lexicographical_compare(a->name.begin(), a->name.end(), b->name.begin(), b->name.end(), less))
         return true;
     if (std::lexicographical_compare(b->name.begin(), b->name.end(), a->name.begin(), a->name.end(), less))

@@ -1,8 +1,6 @@
 #ifndef UTIL_PLATFORM_ATOMICFILE_H
 #define UTIL_PLATFORM_ATOMICFILE_H
 
-#include <tessaron/util/Export.h>
-
 #include <iosfwd>
 #include <memory>
 #include <stdexcept>
@@ -12,7 +10,7 @@ namespace util
 {
 
 /// Thrown when a file cannot be written. The text names the file, the step that failed and the system's reason.
-class TESSARON_EXCHANGE_API AtomicFileError : public std::runtime_error
+class AtomicFileError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
@@ -28,7 +26,7 @@ public:
 ///
 /// A target that exists keeps its access rights; a target that is a symbolic link stays one, and what it leads to is
 /// replaced. Two writers of one target do not disturb each other: the last to commit wins.
-class TESSARON_EXCHANGE_API AtomicFile
+class AtomicFile
 {
 public:
     /// Creates the temporary file.

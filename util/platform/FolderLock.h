@@ -1,8 +1,6 @@
 #ifndef UTIL_PLATFORM_FOLDERLOCK_H
 #define UTIL_PLATFORM_FOLDERLOCK_H
 
-#include <tessaron/util/Export.h>
-
 #include <memory>
 #include <string>
 
@@ -13,7 +11,7 @@ class Descriptor;
 
 /// A claim on a folder that holds between processes as well as between threads, for the lifetime of the object. It
 /// leaves nothing in the folder, needs no right to write there, and ends with the process however that ends.
-class TESSARON_EXCHANGE_API FolderLock
+class FolderLock
 {
 public:
     enum class Kind
