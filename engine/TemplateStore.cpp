@@ -9,6 +9,7 @@
 #include "engine/templates/TemplateFolder.h"
 #include "engine/templates/TemplateListing.h"
 #include "util/platform/FolderLock.h"
+#include "util/platform/LibraryFile.h"
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
 
@@ -116,7 +117,7 @@ int getTechnologyExpertData(TechnologyExpertData* data)
     return guarded(status::expertDatabaseCorrupted,
                    [&]
                    {
-                       const std::string path = templatePath(store::engineFolder(), store::expertDatabaseName);
+                       const std::string path = templatePath(thisLibraryFolder(), store::expertDatabaseName);
                        return store::readExpertDatabase(path, *data);
                    });
 }

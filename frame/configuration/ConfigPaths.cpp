@@ -1,7 +1,7 @@
 #include "frame/configuration/ConfigPaths.h"
 
-#include "frame/ModuleHandle.h"
 #include "frame/configuration/ProfileList.h"
+#include "util/platform/LibraryFile.h"
 #include <tessaron/frame/EntryPoints.h>
 
 #include <algorithm>
@@ -27,8 +27,7 @@ const Product products[] = {
 
 std::string shippedFile(const Product& product)
 {
-    const std::string module = moduleFilePath();
-    return module.substr(0, module.rfind(separator) + 1) + product.configurationFile;
+    return util::thisLibraryFolder() + separator + product.configurationFile;
 }
 
 } // namespace
