@@ -3,6 +3,7 @@
 #include "engine/templates/Parallel.h"
 #include "engine/templates/TemplateFolder.h"
 #include "util/platform/FolderLock.h"
+#include "util/platform/TemporaryFile.h"
 #include "util/text/Ascii.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/exchange/StatusTable.h>
@@ -108,25 +109,7 @@ std::int64_t now()
     return duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
 }
 
-/// Removes temporary files of saving processes that died. The caller's claim on the folder says that no process on this
-/// machine is saving now; the age leaves those of other machines in peace.
-void removeLeftovers(const Folder& folder, const std::vector<std::string>& names)
-{
-    constexpr std::int64_t oldEnough = std::int64_t(3600) * 1000000000;
-    const std::string part = std::string(templateExtension) + '.';
-    for (const std::string& name : names)
-    {
-        constexpr std::string_view ending = ".tmp";
-        const bool temporary =
-            name.front() == '.' && name.find(part) != std::string::npos &&
-            name.compare(name.size() - std::min(name.size(), ending.size()), ending.size(), ending) == 0;
-        FileStamp stamp;
-        if (temporary && folder.stamp(name, stamp) == FileState::ok && stamp.modified + oldEnough < now())
-            folder.remove(name);
-    }
-}
-
-/// The names of the template files. An exclusive claim held by a saving process would mean that a name is on the move
+/// The names of the template files. An exclusive lock held by a saving process would mean that a name is on the move
 /// from one place of the folder to another, and could be missed.
 bool templateFileNames(const Folder& folder, std::vector<std::string>& names)
 {
@@ -134,7 +117,7 @@ bool templateFileNames(const Folder& folder, std::vector<std::string>& names)
     if (!folder.entries(names))
         return false;
     if (lock.isHeld())
-        removeLeftovers(folder, names);
+        removeLeftovers(folder, names, templateExtension);
     names.erase(std::remove_if(names.begin(), names.end(), [](const auto& name) { return !isTemplateFileName(name); }),
                 names.end());
     return true;

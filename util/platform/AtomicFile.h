@@ -19,10 +19,11 @@ public:
 
 /// Writes a file so that it is there whole or not at all.
 ///
-/// The bytes go to a temporary file in the target's folder (its name starts with a dot and ends in ".tmp"). commit()
+/// The bytes go to a temporary file in the target's folder (see TemporaryFile.h for its name). commit()
 /// brings them to the disk, renames the file over the target and brings the folder's entry to the disk. At every
 /// moment, power failures included, the target is either the old file or the complete new one. Without a commit(), or
-/// when it fails, the target stays as it was and the temporary file is removed.
+/// when it fails, the target stays as it was and the temporary file is removed; only when the very last step fails, the
+/// new file is in place and may still be lost in a power failure.
 ///
 /// A target that exists keeps its access rights; a target that is a symbolic link stays one, and what it leads to is
 /// replaced. Two writers of one target do not disturb each other: the last to commit wins.
