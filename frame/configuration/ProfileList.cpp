@@ -3,15 +3,15 @@
 #include "frame/configuration/ConfigPaths.h"
 #include "util/platform/AtomicFile.h"
 #include "util/platform/FolderLock.h"
+#include "util/platform/ReadFile.h"
 #include "util/text/Ascii.h"
 
 #include <charconv>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <limits>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace TessaronResources
@@ -126,15 +126,10 @@ std::optional<std::int32_t> readCount(const std::string& text)
 /// The bytes of a file, none when there is no such file; nothing when it cannot be read.
 std::optional<std::string> readList(const std::string& path)
 {
-    std::error_code error;
-    const std::filesystem::file_type type = std::filesystem::status(path, error).type();
-    if (type == std::filesystem::file_type::not_found)
+    util::FileContents contents = util::readFile(path, std::numeric_limits<std::size_t>::max());
+    if (contents.state == util::FileState::missing)
         return std::string();
-    if (type != std::filesystem::file_type::regular)
-        return std::nullopt;
-    std::ifstream file(path, std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(file), {});
-    return file ? std::optional(std::move(text)) : std::nullopt;
+    return contents.state == util::FileState::ok ? std::optional(std::move(contents.bytes)) : std::nullopt;
 }
 
 } // namespace
