@@ -32,7 +32,7 @@ void failJob(Job& job, int status, const std::string& text, const std::string& f
 void drive(const std::shared_ptr<Job>& job, std::shared_ptr<const Tessaron2dInput> input)
 {
     JobRegistry& registry = JobRegistry::instance();
-    // Declared outside so that its data are let go after the end of the job has been told.
+    // Declared outside, so that its data are freed after the end of the job has been told.
     pocketing::PocketingJob pocketing(job, std::move(input));
     try
     {

@@ -64,17 +64,28 @@ int readStoreFile(const std::string& path, std::size_t limit, int codeOfMissing,
     return codeOfState(contents.state);
 }
 
-/// Calls `list` with a folder open for reading; one that is not there holds nothing.
-template <class List>
-int withFolder(const std::string& path, List list)
+/// Lists a folder; one that is not there holds nothing.
+int listFolder(const std::string& path, std::vector<Parameterized>* templates, std::vector<FaultyTemplateFile>* faulty)
 {
+    if (templates)
+        templates->clear();
+    if (faulty)
+        faulty->clear();
     return guarded(status::templateReadError,
                    [&]
                    {
                        const Folder folder(nativePath(path));
-                       if (folder.state() == FileState::ok)
-                           return list(folder);
-                       return folder.state() == FileState::missing ? status::ok : status::templateReadError;
+                       if (folder.state() == FileState::missing)
+                           return status::ok;
+                       if (folder.state() != FileState::ok)
+                           return status::templateReadError;
+                       store::TemplateListing listing = store::listTemplates(folder);
+                       if (faulty)
+                           for (const store::FaultyFile& fault : listing.faults)
+                               faulty->push_back({templatePath(folder.path(), fault.fileName), fault.code});
+                       if (templates)
+                           *templates = std::move(listing.templates);
+                       return listing.code;
                    });
 }
 
@@ -183,26 +194,18 @@ int saveTemplateFolders(const std::string& path, const std::vector<std::string>&
 
 int loadTemplateFiles(const std::string& folder, int /*selector*/, std::vector<Parameterized>* templates)
 {
-    if (!templates)
-        return status::internalError;
-    templates->clear();
-    return withFolder(folder, [&](const Folder& opened) { return store::listTemplates(opened, *templates); });
+    return templates ? listFolder(folder, templates, nullptr) : status::internalError;
+}
+
+int loadTemplateFiles(const std::string& folder, int /*selector*/, std::vector<Parameterized>* templates,
+                      std::vector<FaultyTemplateFile>* faulty)
+{
+    return templates && faulty ? listFolder(folder, templates, faulty) : status::internalError;
 }
 
 int findFaultyTemplateFiles(const std::string& folder, std::vector<FaultyTemplateFile>* faulty)
 {
-    if (!faulty)
-        return status::internalError;
-    faulty->clear();
-    return withFolder(folder,
-                      [&](const Folder& opened)
-                      {
-                          std::vector<store::FaultyFile> faults;
-                          const int code = store::listFaults(opened, faults);
-                          for (const store::FaultyFile& fault : faults)
-                              faulty->push_back({templatePath(opened.path(), fault.fileName), fault.code});
-                          return code;
-                      });
+    return faulty ? listFolder(folder, nullptr, faulty) : status::internalError;
 }
 
 int loadTemplateFile(const std::string& path, Parameterized* result)
@@ -224,7 +227,7 @@ int loadTemplateFile(const std::string& path, Parameterized* result)
                            return status::templateWithoutGuid;
                        if (set.stringOr(keys::templateName, "").empty())
                            set.set(keys::templateName, store::listedName(splitTemplatePath(native, "").name, ""));
-                       store::nameCam(set);
+                       store::ensureCam(set);
                        *result = std::move(set);
                        return status::ok;
                    });
@@ -249,7 +252,7 @@ int loadTemplateArrayFile(const std::string& path, std::vector<Parameterized>* t
                            return code;
                        if (std::any_of(sets.begin(), sets.end(), lacksGuid))
                            return status::templateWithoutGuid;
-                       std::for_each(sets.begin(), sets.end(), store::nameCam);
+                       std::for_each(sets.begin(), sets.end(), store::ensureCam);
                        *templates = std::move(sets);
                        return status::ok;
                    });

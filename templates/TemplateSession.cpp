@@ -78,7 +78,9 @@ DefinitionsState TemplateSession::open(bool titleVariant)
 void TemplateSession::fill()
 {
     std::vector<util::Parameterized> listed;
-    reportListing(util::loadTemplateFiles(kindFolder(), m_selector, &listed));
+    std::vector<util::FaultyTemplateFile> faulty;
+    const int code = util::loadTemplateFiles(kindFolder(), m_selector, &listed, &faulty);
+    reportListing(code, faulty);
     m_existingNames.clear();
     m_existingNames.reserve(listed.size());
     for (const util::Parameterized& set : listed)
@@ -86,11 +88,8 @@ void TemplateSession::fill()
     m_rows.fill(std::move(listed), m_info.preferences.matchFilter, m_current);
 }
 
-void TemplateSession::reportListing(int code)
+void TemplateSession::reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty)
 {
-    std::vector<util::FaultyTemplateFile> faulty;
-    if (code != status::ok)
-        util::findFaultyTemplateFiles(kindFolder(), &faulty);
     std::set<std::pair<std::string, int>> faults;
     std::map<int, std::vector<std::string>, std::greater<>> unknown;
     const auto add = [&](const std::string& path, int fault)

@@ -5,6 +5,7 @@
 #include "templates/TemplateRows.h"
 #include "templates/TemplateUser.h"
 #include <tessaron/engine/TemplateInfo.h>
+#include <tessaron/engine/TemplateStore.h>
 #include <tessaron/util/Parameterized.h>
 
 #include <cstddef>
@@ -115,7 +116,7 @@ public:
 private:
     std::string chosenFolder(const std::string& typed) const;
     void report(int code, const std::string& detail = {});
-    void reportListing(int code);
+    void reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty);
     bool importFile(const std::string& path, std::vector<util::Parameterized>& templates);
     util::Parameterized currentAs(const std::string& name) const;
     bool storeRow(std::size_t row);

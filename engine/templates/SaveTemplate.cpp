@@ -43,7 +43,7 @@ long long secondsNow()
     return duration_cast<seconds>(system_clock::now().time_since_epoch()).count();
 }
 
-void nameCam(Parameterized& set)
+void ensureCam(Parameterized& set)
 {
     if (!set.has(keys::templateCam))
         set.set(keys::templateCam, std::string(defaultCam));
@@ -69,7 +69,7 @@ void stampTemplate(Parameterized& set, const Parameterized* stored, long long ti
     set.set(keys::templateVersion, std::string(recordVersion));
     set.set(keys::templateDateCreated, isTime(created) ? created : now);
     set.set(keys::templateDateModified, now);
-    nameCam(set);
+    ensureCam(set);
 }
 
 int saveTemplate(const Folder& folder, const std::string& name, bool failIfExists, Parameterized& set)

@@ -10,7 +10,7 @@ namespace util::store
 {
 
 /// Gives a template that does not name its CAM system the one that it then counts as coming from.
-void nameCam(Parameterized& set);
+void ensureCam(Parameterized& set);
 
 /// Gives a template what the store keeps: guid, version, dates and CAM system. `stored` is the template whose place it
 /// takes, or null. `time` is in seconds since 1970.

@@ -1,4 +1,4 @@
-#include "engine/jobs/ThreadKeeper.h"
+#include "engine/jobs/ThreadGroup.h"
 
 #include "util/platform/SignalBlock.h"
 
@@ -8,7 +8,7 @@
 namespace exchange::jobs
 {
 
-void ThreadKeeper::run(std::function<void()> function)
+void ThreadGroup::run(std::function<void()> function)
 {
     const std::lock_guard lock(m_mutex);
     if (m_closed)
@@ -35,7 +35,7 @@ void ThreadKeeper::run(std::function<void()> function)
     }
 }
 
-void ThreadKeeper::joinAll()
+void ThreadGroup::joinAll()
 {
     std::list<Entry> entries;
     {
@@ -47,7 +47,7 @@ void ThreadKeeper::joinAll()
         entry.thread.join();
 }
 
-void ThreadKeeper::joinEnded()
+void ThreadGroup::joinEnded()
 {
     for (auto it = m_entries.begin(); it != m_entries.end();)
     {

@@ -1,5 +1,5 @@
-#ifndef ENGINE_JOBS_THREADKEEPER_H
-#define ENGINE_JOBS_THREADKEEPER_H
+#ifndef ENGINE_JOBS_THREADGROUP_H
+#define ENGINE_JOBS_THREADGROUP_H
 
 #include <atomic>
 #include <functional>
@@ -11,9 +11,9 @@
 namespace exchange::jobs
 {
 
-/// Owns every thread of the job service, so that none outlives the library. The threads leave the process's signals to
-/// the host.
-class ThreadKeeper
+/// The threads of the job service, all of which end before the library goes. They leave the process's signals to the
+/// host.
+class ThreadGroup
 {
 public:
     /// Runs a function, which must not throw, on a thread of its own.

@@ -1,4 +1,4 @@
-#include "engine/templates/Parallel.h"
+#include "engine/templates/ParallelFor.h"
 
 #include "util/platform/SignalBlock.h"
 
@@ -20,7 +20,7 @@ constexpr std::size_t rangeLength = 32;
 constexpr std::size_t mostThreads = 16;
 } // namespace
 
-void inParallel(std::size_t count, const std::function<void(std::size_t, std::size_t)>& work)
+void parallelFor(std::size_t count, const std::function<void(std::size_t, std::size_t)>& work)
 {
     std::atomic<std::size_t> next = 0;
     std::mutex mutex;
