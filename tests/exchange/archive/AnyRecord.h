@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace tests
+namespace testing_support
 {
 
 inline std::string fileBytes(const std::filesystem::path& path)
@@ -109,6 +109,6 @@ inline exchange::ArchiveFormat formatOf(const std::filesystem::path& path)
     return path.extension() == ".xml" ? exchange::ArchiveFormat::xml : exchange::ArchiveFormat::binary;
 }
 
-} // namespace tests
+} // namespace testing_support
 
 #endif

@@ -17,7 +17,7 @@
 
 #include <unistd.h>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -389,4 +389,4 @@ TEST(ArchiveFile, FailedWriteLeavesTheOldFileAndNothingElse)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support
