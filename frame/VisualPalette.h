@@ -1,5 +1,5 @@
-#ifndef FRAME_LOOKS_VISUALPALETTE_H
-#define FRAME_LOOKS_VISUALPALETTE_H
+#ifndef FRAME_VISUALPALETTE_H
+#define FRAME_VISUALPALETTE_H
 
 #include <cstdint>
 #include <utility>
