@@ -18,6 +18,7 @@ target_link_libraries(tessaron_wx INTERFACE ${wxWidgets_LIBRARIES})
 
 if(TESSARON_BUILD_TESTS OR TESSARON_BUILD_BENCH)
   find_package(GTest REQUIRED)
+  pkg_check_modules(XTEST REQUIRED IMPORTED_TARGET xtst x11)
 endif()
 
 find_program(SQLITE3_PROGRAM sqlite3 REQUIRED)
