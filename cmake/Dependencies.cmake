@@ -7,6 +7,7 @@ find_package(Boost 1.81 EXACT REQUIRED COMPONENTS serialization thread system)
 find_package(SQLite3 REQUIRED)
 pkg_check_modules(POLYCLIPPING REQUIRED IMPORTED_TARGET polyclipping)
 pkg_check_modules(GTK REQUIRED IMPORTED_TARGET gtk+-3.0)
+pkg_check_modules(GLIB REQUIRED IMPORTED_TARGET glib-2.0)
 
 set(wxWidgets_CONFIG_OPTIONS --toolkit=gtk3 --version=3.2)
 find_package(wxWidgets 3.2 REQUIRED COMPONENTS ribbon xrc adv core xml html base)

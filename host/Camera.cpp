@@ -1,7 +1,5 @@
 #include "host/Camera.h"
 
-#include <boost/math/constants/constants.hpp>
-
 #include <cmath>
 
 namespace host
