@@ -3,7 +3,6 @@
 PRESET ?= release
 BUILD = build/$(PRESET)
 JOBS ?= $(shell nproc)
-SUDO = $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 PACKAGES = $(shell sed 's/\#.*//' packages.txt)
 
 PREFIX ?= /usr/local
@@ -15,12 +14,7 @@ all: $(BUILD)/build.ninja
 
 # Installs what is missing, and asks for rights only then.
 setup:
-	@missing=$$(for p in $(PACKAGES); do dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q 'ok installed' || echo $$p; done); \
-	if [ -n "$$missing" ]; then \
-	  echo "Installing: $$missing"; \
-	  $(SUDO) apt-get update -qq && \
-	  $(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $$missing; \
-	fi
+	@tools/install-packages $(foreach package,$(PACKAGES),'$(package)')
 
 $(BUILD)/build.ninja: packages.txt | setup
 	cmake --preset $(PRESET)
