@@ -1,13 +1,13 @@
 #include "frame/ControlId.h"
 #include <tessaron/frame/DialogBase.h>
 
+#include "frame/CurrentModule.h"
 #include "frame/MessageDialog.h"
 #include "frame/MessagePump.h"
 #include "frame/Toolkit.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/native/NativeToolkit.h"
 #include <tessaron/frame/DataExchange.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/button.h>

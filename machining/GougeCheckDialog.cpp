@@ -1,11 +1,11 @@
 #include "machining/GougeCheckDialog.h"
 
 #include "frame/ControlId.h"
+#include "frame/CurrentModule.h"
 #include "frame/Toolkit.h"
 #include "frame/Translation.h"
 #include <tessaron/frame/DataExchange.h>
 #include <tessaron/frame/EntryPoints.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <cmath>

@@ -1,11 +1,11 @@
 #include "machining/SmartLinkDialog.h"
 
 #include "frame/ControlId.h"
+#include "frame/CurrentModule.h"
 #include "frame/Toolkit.h"
 #include "frame/native/NativeToolkit.h"
 #include <tessaron/frame/DataExchange.h>
 #include <tessaron/frame/EntryPoints.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/checkbox.h>

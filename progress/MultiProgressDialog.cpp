@@ -2,10 +2,10 @@
 
 #include "controls/TransparentImage.h"
 #include "frame/ControlId.h"
+#include "frame/CurrentModule.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
 #include <tessaron/frame/DataExchange.h>
-#include <tessaron/frame/ModuleState.h>
 
 #include <wx/stattext.h>
 #include <wx/weakref.h>

@@ -1,10 +1,10 @@
 #include <tessaron/progress/ProgressDialog.h>
 
 #include "controls/TransparentImage.h"
+#include "frame/CurrentModule.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
 #include <tessaron/frame/DataExchange.h>
-#include <tessaron/frame/ModuleState.h>
 
 namespace TessaronResources
 {

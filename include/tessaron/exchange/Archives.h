@@ -57,10 +57,6 @@ TESSARON_EXCHANGE_API void writeFile(const std::string& path, RecordKind kind, c
 TESSARON_EXCHANGE_API void read(std::istream& stream, RecordKind kind, void* record);
 TESSARON_EXCHANGE_API void readFile(const std::string& path, RecordKind kind, void* record);
 
-/// The format of the archive that a stream holds, by its first byte: archives of text start with "<", or with blanks or
-/// a byte order mark before it; binary ones with the low byte of a length.
-ArchiveFormat detectFormat(std::istream& stream);
-
 template <class Record>
 using IfBinary = std::enable_if_t<!isXmlOnly(RecordKindOf<Record>::value)>;
 

@@ -8,7 +8,7 @@
 namespace exchange
 {
 
-// The serialize functions are defined in exchange/TessaronDrillHolesSerialization.h.
+// The serialize functions are the library's own; hosts use <tessaron/exchange/Archives.h>.
 
 /// A hole that the tool may enter by. Class version 1.
 struct TessaronDrillHole

@@ -25,7 +25,7 @@ public:
     }
     friend constexpr bool operator!=(const TriMeshFacet& a, const TriMeshFacet& b) { return !(a == b); }
 
-    /// Reads or writes the element "idx"; defined in exchange/mesh/MeshSerialization.h.
+    /// Reads or writes the element "idx". The library's own; hosts use <tessaron/exchange/Archives.h>.
     template <class Archive>
     void serialize(Archive& archive, unsigned int version);
 
@@ -42,7 +42,7 @@ public:
     std::deque<Point> vertices;
     std::deque<TriMeshFacet> faces;
 
-    /// Reads or writes the mesh; defined in exchange/mesh/MeshSerialization.h.
+    /// Reads or writes the mesh. The library's own; hosts use <tessaron/exchange/Archives.h>.
     template <class Archive>
     void serialize(Archive& archive, unsigned int version);
 };
