@@ -5,6 +5,7 @@
 #include "frame/CurrentModule.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
+#include "resources/TextIds.h"
 #include <tessaron/frame/DataExchange.h>
 
 #include <wx/stattext.h>
@@ -23,7 +24,6 @@ constexpr int lineLeft = 10;
 constexpr int lineRight = 220;
 constexpr int firstLineTop = 110;
 constexpr int lineHeight = 15;
-constexpr int lineTextId = 1043;
 constexpr int lineId = 65535;
 
 // The window owns its controls; a line that leaves the list before the window goes is destroyed, a later one is gone
@@ -107,7 +107,7 @@ void MultiProgressDialog::matchLines(std::size_t workers)
 boost::shared_ptr<wxStaticText> MultiProgressDialog::makeLine(std::size_t index)
 {
     const int k = static_cast<int>(index);
-    const wxString text = wxString::FromUTF8(formatCount(currentString(lineTextId), k + 1));
+    const wxString text = wxString::FromUTF8(formatCount(currentString(texts::worker), k + 1));
     const wxPoint topLeft(templatePixels(lineLeft), templatePixels(firstLineTop + lineHeight * k));
     const wxSize size(templatePixels(lineRight) - topLeft.x,
                       templatePixels(firstLineTop + lineHeight * (k + 1)) - topLeft.y);
