@@ -115,4 +115,11 @@ TEST(Exports, HoldEveryFunctionAndClassThatAPublicHeaderMarks)
     EXPECT_GT(count, 50u);
 }
 
+TEST(PublicHeaders, SayHowStableTheyAre)
+{
+    const std::regex stated("#define TESSARON_\\w+_H\\n\\n// Stability: (stable|experimental|internal)\\.\\n");
+    for (const std::filesystem::path& header : publicHeaders())
+        EXPECT_TRUE(std::regex_search(contentOf(header), stated)) << header;
+}
+
 } // namespace

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_ARCHIVES_H
 #define TESSARON_EXCHANGE_ARCHIVES_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/archive/Records.h>
 #include <tessaron/util/Export.h>
 

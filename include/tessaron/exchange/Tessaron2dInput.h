@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_TESSARON2DINPUT_H
 #define TESSARON_EXCHANGE_TESSARON2DINPUT_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/TessaronDrillHoles.h>
 #include <tessaron/exchange/geom/ParametricCurve.h>
 #include <tessaron/util/Parameterized.h>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_TESSARON5XINPUT_H
 #define TESSARON_EXCHANGE_TESSARON5XINPUT_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/Tessaron2dInput.h>
 #include <tessaron/exchange/geom/VecNd.h>
 #include <tessaron/exchange/mesh/TriMeshFacets.h>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_TESSARONDRILLHOLES_H
 #define TESSARON_EXCHANGE_TESSARONDRILLHOLES_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/PointNd.h>
 
 #include <deque>

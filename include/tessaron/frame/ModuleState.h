@@ -1,6 +1,8 @@
 #ifndef TESSARON_FRAME_MODULESTATE_H
 #define TESSARON_FRAME_MODULESTATE_H
 
+// Stability: stable.
+
 #include <tessaron/frame/Platform.h>
 #include <tessaron/util/Export.h>
 

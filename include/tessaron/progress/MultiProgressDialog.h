@@ -1,6 +1,8 @@
 #ifndef TESSARON_PROGRESS_MULTIPROGRESSDIALOG_H
 #define TESSARON_PROGRESS_MULTIPROGRESSDIALOG_H
 
+// Stability: stable.
+
 #include <tessaron/frame/DialogBase.h>
 #include <tessaron/frame/Platform.h>
 #include <tessaron/util/Export.h>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_MESH_TRIMESHFACETS_H
 #define TESSARON_EXCHANGE_MESH_TRIMESHFACETS_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/PointNd.h>
 
 #include <boost/shared_ptr.hpp>
