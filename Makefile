@@ -19,7 +19,9 @@ setup:
 $(BUILD)/build.ninja: packages.txt | setup
 	cmake --preset $(PRESET)
 
-run: setup all
+# The host, or without a display its tour; nothing else is built.
+run: setup $(BUILD)/build.ninja
+	cmake --build $(BUILD) -j $(JOBS) --target $(if $(DISPLAY)$(WAYLAND_DISPLAY),tessaron-host,tessaron-tour)
 	tools/run-host $(BUILD)
 
 test: setup all
