@@ -24,7 +24,6 @@ public:
     /// the caret into view.
     void setError();
     void clearError();
-    bool hasError() const { return m_error; }
 
 protected:
     struct Look

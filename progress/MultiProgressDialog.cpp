@@ -48,8 +48,8 @@ wxBEGIN_EVENT_TABLE(MultiProgressDialog, DialogBase)
 wxEND_EVENT_TABLE()
 
 MultiProgressDialog::MultiProgressDialog(int templateId, const boost::shared_ptr<exchange::ProgressData>& progress,
-                                         const boost::shared_ptr<bool>& cancelled, CWnd* parent)
-    : m_progress(progress), m_cancelled(cancelled), m_templateId(templateId), m_parent(parent)
+                                         const boost::shared_ptr<bool>& cancelled, CWnd* /*parent*/)
+    : m_progress(progress), m_cancelled(cancelled), m_templateId(templateId)
 {
 }
 

@@ -16,9 +16,8 @@ wxEND_EVENT_TABLE()
 
 ProgressDialog::ProgressDialog(int templateId, const char* caption,
                                const boost::shared_ptr<exchange::ProgressData>& progress,
-                               const boost::shared_ptr<bool>& cancelled, CWnd* parent)
-    : m_templateId(templateId), m_caption(caption ? caption : ""), m_progress(progress), m_cancelled(cancelled),
-      m_parent(parent)
+                               const boost::shared_ptr<bool>& cancelled, CWnd* /*parent*/)
+    : m_templateId(templateId), m_caption(caption ? caption : ""), m_progress(progress), m_cancelled(cancelled)
 {
 }
 

@@ -51,9 +51,6 @@ void markAsResult(wxWindow& field);
 /// Gives a control the name that a screen reader says.
 void setAccessibleName(wxWindow& control, const wxString& name);
 
-/// The name that a screen reader says for a control; empty when it has none.
-wxString accessibleName(wxWindow& control);
-
 /// Draws a tick below a horizontal track bar. For its ends: the toolkit's own ticks leave them out.
 void addTick(wxWindow& trackBar, int position);
 

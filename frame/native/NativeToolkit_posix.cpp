@@ -169,13 +169,6 @@ void setAccessibleName(wxWindow& control, const wxString& name)
         atk_object_set_name(accessible, name.utf8_str());
 }
 
-wxString accessibleName(wxWindow& control)
-{
-    AtkObject* const accessible = gtk_widget_get_accessible(widgetOf(control));
-    const char* const name = accessible ? atk_object_get_name(accessible) : nullptr;
-    return name ? wxString::FromUTF8(name) : wxString();
-}
-
 void addTick(wxWindow& trackBar, int position)
 {
     if (GTK_IS_SCALE(widgetOf(trackBar)))
