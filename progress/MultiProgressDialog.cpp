@@ -26,8 +26,8 @@ constexpr int firstLineTop = 110;
 constexpr int lineHeight = 15;
 constexpr int lineId = 65535;
 
-// The window owns its controls; a line that leaves the list before the window goes is destroyed, a later one is gone
-// already.
+// The window owns its controls: a line that leaves the list before the window is destroyed has to be destroyed here, a
+// later one has been already.
 struct DestroyLine
 {
     wxWeakRef<wxStaticText> line;

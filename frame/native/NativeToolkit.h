@@ -11,14 +11,14 @@ class wxWindow;
 namespace TessaronResources::native
 {
 
-/// Puts the process's locale and signal handlers back when it goes.
-class ProcessStateKeeper
+/// Restores the process's locale and signal handlers at the end of its scope.
+class ProcessStateGuard
 {
 public:
-    ProcessStateKeeper();
-    ~ProcessStateKeeper();
-    ProcessStateKeeper(const ProcessStateKeeper&) = delete;
-    ProcessStateKeeper& operator=(const ProcessStateKeeper&) = delete;
+    ProcessStateGuard();
+    ~ProcessStateGuard();
+    ProcessStateGuard(const ProcessStateGuard&) = delete;
+    ProcessStateGuard& operator=(const ProcessStateGuard&) = delete;
 
 private:
     struct State;
