@@ -5,7 +5,6 @@ BUILD = build/$(PRESET)
 JOBS ?= $(shell nproc)
 # Tests of windows wait most of their time.
 TEST_JOBS ?= $(shell expr $(JOBS) + 2)
-SUDO = $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 PACKAGES = $(shell sed 's/\#.*//' packages.txt)
 
 PREFIX ?= /usr/local
@@ -17,18 +16,14 @@ all: $(BUILD)/build.ninja
 
 # Installs what is missing, and asks for rights only then.
 setup:
-	@missing=$$(for p in $(PACKAGES); do dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q 'ok installed' || echo $$p; done); \
-	if [ -n "$$missing" ]; then \
-	  echo "Installing: $$missing"; \
-	  $(SUDO) apt-get update -qq && \
-	  $(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $$missing; \
-	fi
+	@tools/install-packages $(foreach package,$(PACKAGES),'$(package)')
 
 $(BUILD)/build.ninja: packages.txt | setup
 	cmake --preset $(PRESET)
 
+# The host, or without a display its tour; nothing else is built.
 run: setup $(BUILD)/build.ninja
-	cmake --build $(BUILD) -j $(JOBS) --target tessaron-host
+	cmake --build $(BUILD) -j $(JOBS) --target $(if $(DISPLAY)$(WAYLAND_DISPLAY),tessaron-host,tessaron-tour)
 	tools/run-host $(BUILD)
 
 test: setup all

@@ -94,14 +94,6 @@ VisualPalette::VisualPalette(const PaletteSeed& seed) : PaletteSeed(seed)
     mark = readable(amber, alternateField);
 }
 
-std::vector<std::pair<Rgb, Rgb>> VisualPalette::textPairs() const
-{
-    return {{text, dialog},        {fieldText, field},        {fieldText, alternateField}, {chromeText, chrome},
-            {ribbonText, ribbon},  {ribbonText, hover},       {ribbonText, pressed},       {accentText, accent},
-            {buttonText, button},  {buttonText, buttonHover}, {headingText, heading},      {mark, field},
-            {mark, alternateField}};
-}
-
 PaletteSeed seedAround(Rgb dialog)
 {
     const bool dark = readableOn(dialog) == white;

@@ -1,5 +1,6 @@
 #include "templates/TemplateManagerFormView.h"
 
+#include "frame/CurrentModule.h"
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/looks/VisualThemes.h"
@@ -12,7 +13,6 @@
 #include "templates/dialogs/TemplatePreferencesDialog.h"
 #include "templates/dialogs/TemplateSortDialog.h"
 #include "templates/grid/GridPlace.h"
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/button.h>
