@@ -4,6 +4,7 @@
 #include "frame/looks/VisualManager.h"
 #include "frame/native/NativeToolkit.h"
 #include "templates/TemplateSort.h"
+#include "templates/columns/ColumnKinds.h"
 #include "templates/grid/GridFont.h"
 #include "templates/grid/GridPlace.h"
 #include "templates/grid/GridSizing.h"
@@ -104,7 +105,7 @@ void TemplateManagerGrid::rebuildColumns()
     m_table->setColumns(makeGridColumns(info.columns, true));
     ResetColPos();
     for (const GridColumnPtr& column : m_table->columns())
-        setUpColumn(*column);
+        setUpColumn(column);
     sizeColumns();
     sizeRows();
     fitHeadings();
@@ -112,29 +113,25 @@ void TemplateManagerGrid::rebuildColumns()
     updateHint();
 }
 
-void TemplateManagerGrid::setUpColumn(const GridColumnInfo& column)
+void TemplateManagerGrid::setUpColumn(const GridColumnPtr& column)
 {
-    const util::TemplateColumn& definition = column.definition();
-    const bool isRating = definition.type == util::templateColumnType::rating;
     auto* const attr = new wxGridCellAttr;
-    attr->SetAlignment(column.alignment() == CellAlignment::right ? wxALIGN_RIGHT : wxALIGN_LEFT, wxALIGN_CENTRE);
-    // Stars are set by a click or a digit, not by typing over them.
-    attr->SetReadOnly(!column.isEditable() || !column.enabled || isRating);
-    attr->SetRenderer(isRating                                            ? new RatingCellRenderer
-                      : definition.type == util::templateColumnType::date ? new DateCellRenderer
-                                                                          : new TemplateCellRenderer);
-    if (const auto* const list = dynamic_cast<const GridColumnInfoListBox*>(&column))
+    attr->SetAlignment(column->appearance().alignment == CellAlignment::right ? wxALIGN_RIGHT : wxALIGN_LEFT,
+                       wxALIGN_CENTRE);
+    attr->SetReadOnly(!column->isEditable() || !column->enabled || column->editor() == CellEditor::direct);
+    attr->SetRenderer(new ColumnCellRenderer(column));
+    if (column->editor() == CellEditor::list)
     {
         wxArrayString choices;
-        for (const std::string& choice : list->choices())
+        for (const std::string& choice : column->choices())
             choices.Add(wxString::FromUTF8(choice));
         attr->SetEditor(new wxGridCellChoiceEditor(choices));
     }
-    SetColAttr(column.index, attr);
-    ShowCol(column.index);
-    column.setupHeading(*this, m_session.info().headingTextColour, m_session.info().headingBackColour);
-    if (!definition.shown)
-        HideCol(column.index);
+    SetColAttr(column->index, attr);
+    ShowCol(column->index);
+    column->setupHeading(*this, m_session.info().headingTextColour, m_session.info().headingBackColour);
+    if (!column->definition().shown)
+        HideCol(column->index);
 }
 
 void TemplateManagerGrid::applyLook()

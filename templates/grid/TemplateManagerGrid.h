@@ -73,7 +73,7 @@ private:
     void setHeading(int column, const std::string& title, int width, const std::string& font, std::uint32_t textColour,
                     std::uint32_t backColour) override;
 
-    void setUpColumn(const GridColumnInfo& column);
+    void setUpColumn(const GridColumnPtr& column);
     void sizeColumns();
     void sizeRows();
     /// As high as their text needs, and no lower than stored.

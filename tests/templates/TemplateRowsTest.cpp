@@ -1,6 +1,7 @@
 #include "templates/TemplateRows.h"
 
 #include "templates/TemplateMatch.h"
+#include "templates/columns/ColumnKinds.h"
 #include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #include "templates/TemplateSession.h"
 
 #include "templates/TemplateMatch.h"
+#include "templates/columns/ColumnKinds.h"
 #include "tests/support/TemporaryFolder.h"
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
