@@ -57,16 +57,14 @@ bool TemplateManagerFormView::setUp()
     installVisualTheme(theme());
     if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
         themes->SetSelection(theme());
-    m_session.fill();
     m_grid->rebuildColumns();
-    m_grid->rowsRefilled();
+    m_session.fill();
     if (m_inputs.loadSaved)
         *m_inputs.loadSaved = m_session.info().preferences.loadSavedTemplates;
     if (auto* const name = dynamic_cast<wxTextCtrl*>(FindWindow(nameId)); name && m_inputs.saving)
         name->ChangeValue(wxString::FromUTF8(m_session.proposeName()));
     bindControls();
     applyLook();
-    updateButtons();
     m_grid->SetFocus();
     return true;
 }
@@ -77,6 +75,8 @@ bool TemplateManagerFormView::makeControls()
     if (!frameForGrid)
         return false;
     m_grid = new TemplateManagerGrid(this, gridId, m_session, *this);
+    // After the grid: the buttons follow its selection.
+    m_session.addObserver(*this);
     takeOverFrame(*m_grid, frameForGrid);
     if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
     {
@@ -153,15 +153,6 @@ void TemplateManagerFormView::applyLook()
         frame->applyLook();
 }
 
-void TemplateManagerFormView::refill()
-{
-    // Edits that are not stored would be gone.
-    if (!m_session.rows().hasEdits())
-        m_session.fill();
-    m_grid->rowsRefilled();
-    updateButtons();
-}
-
 void TemplateManagerFormView::updateButtons()
 {
     const bool selected = m_grid->IsSelection();
@@ -194,11 +185,6 @@ bool TemplateManagerFormView::settleBeforeEnd()
     m_busy = true;
     const bool settled = m_session.settleEdits();
     m_busy = false;
-    if (!settled)
-    {
-        m_grid->rowsRefilled();
-        updateButtons();
-    }
     return settled;
 }
 
@@ -237,10 +223,7 @@ void TemplateManagerFormView::save()
     if (!m_session.settleEdits())
         return;
     if (edited)
-    {
         m_session.fill();
-        m_grid->rowsRefilled();
-    }
     const auto* const name = dynamic_cast<wxTextCtrl*>(FindWindow(nameId));
     const wxString typed = name ? wxString(name->GetValue()).Trim().Trim(false) : wxString();
     finish(m_session.saveCurrent(typed.utf8_string(), m_inputs.result) ? 1 : 0);
@@ -309,7 +292,7 @@ void TemplateManagerFormView::storeEdits()
     m_grid->finishEdit();
     if (m_session.storeEdits())
         m_settingsChanged = false;
-    refill();
+    m_session.refresh();
 }
 
 void TemplateManagerFormView::deleteSelected()
@@ -320,8 +303,6 @@ void TemplateManagerFormView::deleteSelected()
         return;
     m_session.deleteTemplates(selected);
     m_session.fill();
-    m_grid->rowsRefilled();
-    updateButtons();
 }
 
 void TemplateManagerFormView::deleteByKey()
@@ -341,7 +322,7 @@ void TemplateManagerFormView::themeChosen(int theme)
     m_session.info().preferences.theme = theme;
     installVisualTheme(theme);
     applyLook();
-    refill();
+    m_session.refresh();
 }
 
 void TemplateManagerFormView::configureColumns()
@@ -360,12 +341,7 @@ void TemplateManagerFormView::columnsChanged()
     storeLayout(true);
     m_session.info().headingHeight = -1;
     m_grid->rebuildColumns();
-    refill();
-}
-
-void TemplateManagerFormView::templateEdited()
-{
-    updateButtons();
+    m_session.refresh();
 }
 
 void TemplateManagerFormView::sort()
@@ -392,12 +368,10 @@ void TemplateManagerFormView::preferences()
     if (dialog.preferences().font != m_session.info().preferences.font)
         m_session.info().headingHeight = -1;
     m_session.acceptPreferences(dialog.preferences(), dialog.folder());
-    if (refillNeeded)
-        m_session.fill();
     m_grid->applyLook();
     m_grid->rebuildColumns();
-    m_grid->rowsRefilled();
-    updateButtons();
+    if (refillNeeded)
+        m_session.fill();
 }
 
 void TemplateManagerFormView::importTemplates()
@@ -405,11 +379,8 @@ void TemplateManagerFormView::importTemplates()
     m_grid->finishEdit();
     if (!m_session.settleEdits())
         return;
-    if (m_session.importTemplates() == 0)
-        return;
-    m_session.fill();
-    m_grid->rowsRefilled();
-    updateButtons();
+    if (m_session.importTemplates() > 0)
+        m_session.fill();
 }
 
 void TemplateManagerFormView::exportTemplates()

@@ -31,7 +31,7 @@ struct TemplateManagerInputs
 
 /// The form of the template manager: the grid, the name and theme fields, the buttons, and what the commands of the
 /// window do. It ends the window's modal loop by writing into the result slot.
-class TemplateManagerFormView : public wxPanel, private TemplateGridCommands
+class TemplateManagerFormView : public wxPanel, private TemplateGridCommands, private TemplateSessionObserver
 {
 public:
     TemplateManagerFormView(wxFrame& frame, const TemplateManagerInputs& inputs);
@@ -69,7 +69,11 @@ private:
     void find() override;
     void findAgain() override;
     void columnsChanged() override;
-    void templateEdited() override;
+
+    // What the session tells: the buttons follow
+    void rowsReplaced() override { updateButtons(); }
+    void rowsReordered(const std::vector<std::size_t>&) override {}
+    void rowsEdited() override { updateButtons(); }
 
     /// The user is not done yet. Events of his may still come when he is.
     bool isRunning() const { return m_slot && *m_slot == -1; }
@@ -80,7 +84,6 @@ private:
     bool settleBeforeEnd();
     /// Stores the definitions with the heading height and the window's size.
     void storeLayout(bool byUser);
-    void refill();
     void applyLook();
     void apply();
     void save();

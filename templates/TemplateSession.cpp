@@ -1,6 +1,7 @@
 #include "templates/TemplateSession.h"
 
 #include "frame/Translation.h"
+#include "templates/TemplateSort.h"
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
@@ -66,6 +67,13 @@ TemplateSession::TemplateSession(int kind, int selector, std::string folder, uti
 {
 }
 
+template <class Notice>
+void TemplateSession::notify(Notice notice)
+{
+    for (TemplateSessionObserver* const observer : m_observers)
+        notice(*observer);
+}
+
 void TemplateSession::report(int code, const std::string& detail)
 {
     m_user.showError(translated(exchange::statusText(code)) + detail);
@@ -89,6 +97,13 @@ void TemplateSession::fill()
     for (const util::Parameterized& set : listed)
         m_existingNames.push_back(nameOf(set));
     m_rows.fill(std::move(listed), m_info.preferences.matchFilter, m_current);
+    notify([](TemplateSessionObserver& observer) { observer.rowsReplaced(); });
+}
+
+void TemplateSession::refresh()
+{
+    if (!m_rows.hasEdits())
+        fill();
 }
 
 void TemplateSession::reportListing(int code)
@@ -176,6 +191,19 @@ bool TemplateSession::acceptPreferences(const util::TemplatePreferences& prefere
         report(code);
     storeDefinitions(true);
     return refill;
+}
+
+void TemplateSession::editCell(std::size_t row, const GridColumnInfo& column, const std::string& text)
+{
+    if (m_rows.edit(row, column, text))
+        notify([](TemplateSessionObserver& observer) { observer.rowsEdited(); });
+}
+
+void TemplateSession::sort(const std::vector<util::TemplateSortLevel>& levels)
+{
+    const std::vector<std::size_t> order = sortedOrder(m_rows, levels, m_info.columns);
+    m_rows.reorder(order);
+    notify([&order](TemplateSessionObserver& observer) { observer.rowsReordered(order); });
 }
 
 std::string TemplateSession::proposeName()
@@ -294,9 +322,12 @@ bool TemplateSession::storeRow(std::size_t row)
 
 bool TemplateSession::storeEdits()
 {
+    const std::vector<std::size_t> edited = m_rows.editedRows();
     bool all = true;
-    for (const std::size_t row : m_rows.editedRows())
+    for (const std::size_t row : edited)
         all = storeRow(row) && all;
+    if (!edited.empty())
+        notify([](TemplateSessionObserver& observer) { observer.rowsEdited(); });
     return all;
 }
 

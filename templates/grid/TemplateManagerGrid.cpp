@@ -3,7 +3,6 @@
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/native/NativeToolkit.h"
-#include "templates/TemplateSort.h"
 #include "templates/columns/ColumnKinds.h"
 #include "templates/grid/GridFont.h"
 #include "templates/grid/GridPlace.h"
@@ -31,7 +30,7 @@ constexpr int nameColumn = 0;
 TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSession& session,
                                          TemplateGridCommands& commands)
     : wxGrid(parent, id, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_NONE), m_session(session),
-      m_commands(commands), m_table(new TemplateGridTable(session.rows(), [this] { onEdited(); })), m_hint(*this),
+      m_commands(commands), m_table(new TemplateGridTable(session)), m_hint(*this),
       m_input(*this, *m_table, session, commands)
 {
     m_table->SetAttrProvider(new TemplateHeadings(m_headings, session.rows()));
@@ -77,11 +76,11 @@ TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSessi
                               event.Skip();
                           });
     applyLook();
+    session.addObserver(*this);
 }
 
-void TemplateManagerGrid::onEdited()
+void TemplateManagerGrid::rowsEdited()
 {
-    m_commands.templateEdited();
     GetGridRowLabelWindow()->Refresh();
     GetGridWindow()->Refresh();
 }
@@ -216,7 +215,7 @@ void TemplateManagerGrid::onColumnMoved()
 
 // Rows
 
-void TemplateManagerGrid::rowsRefilled()
+void TemplateManagerGrid::rowsReplaced()
 {
     ClearSelection();
     m_headings.sortColumn = -1;
@@ -277,8 +276,7 @@ void TemplateManagerGrid::sortBy(const std::vector<util::TemplateSortLevel>& lev
 {
     finishEdit();
     m_headings.sortColumn = -1;
-    const std::vector<std::size_t> order = sortedOrder(m_session.rows(), levels, m_session.info().columns);
-    reorderRows(order);
+    m_session.sort(levels);
     if (levels.size() == 1)
         for (const GridColumnPtr& column : m_table->columns())
             if (column->definition().key == levels.front().key)
@@ -290,13 +288,12 @@ void TemplateManagerGrid::sortBy(const std::vector<util::TemplateSortLevel>& lev
     ForceRefresh();
 }
 
-void TemplateManagerGrid::reorderRows(const std::vector<std::size_t>& order)
+void TemplateManagerGrid::rowsReordered(const std::vector<std::size_t>& order)
 {
     std::vector<bool> wasSelected(order.size());
     for (const std::size_t row : selectedRows())
         wasSelected[row] = true;
     const auto wasCurrent = static_cast<std::size_t>(std::max(GetGridCursorRow(), 0));
-    m_session.rows().reorder(order);
 
     std::vector<bool> selected(order.size());
     std::vector<int> heights;

@@ -98,7 +98,7 @@ protected:
     {
         for (const GridColumnPtr& column : columns)
             if (column->definition().key == std::string(key))
-                session.rows().edit(row, *column, text);
+                session.editCell(row, *column, text);
     }
     std::vector<std::string> names()
     {
@@ -371,10 +371,54 @@ TEST_F(TemplateSessionTest, FailedStoreKeepsTheEdits)
     EXPECT_TRUE(session.rows().hasEdits());
     user.nextAnswer = false;
     EXPECT_TRUE(session.settleEdits()) << "given up";
-    session.rows().revert(0);
+    edit(0, keys::templateName, "a");
     user.take();
     EXPECT_TRUE(session.settleEdits());
     EXPECT_THAT(user.said, IsEmpty());
+}
+
+TEST_F(TemplateSessionTest, ObserversHearOfEveryChangeOfTheRows)
+{
+    class Noted : public TemplateSessionObserver
+    {
+    public:
+        explicit Noted(const TemplateSession& observed) : m_session(observed) {}
+        void rowsReplaced() override { note("replaced"); }
+        void rowsReordered(const std::vector<std::size_t>& order) override
+        {
+            note("reordered " + std::to_string(order.front()));
+        }
+        void rowsEdited() override { note("edited"); }
+        std::string take() { return std::exchange(m_heard, {}); }
+
+    private:
+        // With what the session tells at that time: changes are told when they are there.
+        void note(const std::string& what)
+        {
+            m_heard +=
+                what + " " + std::to_string(m_session.rows().size()) + (m_session.rows().hasEdits() ? "* " : " ");
+        }
+        const TemplateSession& m_session;
+        std::string m_heard;
+    } observer(session);
+    session.addObserver(observer);
+
+    store({"a", "b"});
+    EXPECT_EQ(observer.take(), "replaced 2 ");
+    session.sort({{keys::templateName, true}});
+    EXPECT_EQ(observer.take(), "reordered 1 2 ");
+    edit(0, keys::templateName, "b");
+    EXPECT_EQ(observer.take(), "") << "nothing has changed";
+    edit(0, keys::toolDiameter, "7");
+    EXPECT_EQ(observer.take(), "edited 2* ");
+    session.refresh();
+    EXPECT_EQ(observer.take(), "") << "edits are not dropped";
+    user.nextAnswer = true;
+    EXPECT_TRUE(session.settleEdits());
+    EXPECT_EQ(observer.take(), "edited 2 ");
+    session.deleteTemplates({0});
+    session.refresh();
+    EXPECT_EQ(observer.take(), "replaced 1 ");
 }
 
 TEST_F(TemplateSessionTest, AppliedTemplateLeavesTheToolAlone)
