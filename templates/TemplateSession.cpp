@@ -2,6 +2,7 @@
 
 #include "frame/Translation.h"
 #include "templates/TemplateSort.h"
+#include <tessaron/engine/TemplatePath.h>
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
@@ -218,7 +219,7 @@ std::string TemplateSession::proposeName()
 
 bool TemplateSession::importFile(const std::string& path, std::vector<util::Parameterized>& templates)
 {
-    const bool isSingle = path.substr(path.rfind('.') + 1) == "vtmpl";
+    const bool isSingle = path.ends_with(util::templateExtension);
     int code = status::ok;
     if (isSingle)
     {

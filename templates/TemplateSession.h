@@ -57,12 +57,9 @@ public:
 
     // State
 
-    int kind() const { return m_kind; }
-    const util::Parameterized& current() const { return m_current; }
     /// The template folder in use, and the sub-folder that holds the templates of this kind of operation.
     const std::string& folder() const { return m_folder; }
     std::string kindFolder() const { return templateKindFolder(m_folder, m_kind); }
-    const std::vector<std::string>& knownFolders() const { return m_knownFolders; }
     const TemplateRows& rows() const { return m_rows; }
     /// The names of all templates that were listed, also of those that the match filter leaves out.
     const std::vector<std::string>& existingNames() const { return m_existingNames; }
