@@ -1,5 +1,6 @@
 #include <tessaron/exchange/Archives.h>
 
+#include "exchange/archive/DetectFormat.h"
 #include "exchange/archive/Failure.h"
 #include "exchange/archive/MemoryBuffer.h"
 #include "exchange/archive/RecordTable.h"

@@ -2,6 +2,7 @@
 
 #include "exchange/archive/BinaryReader.h"
 #include "exchange/archive/BinaryWriter.h"
+#include "exchange/archive/DetectFormat.h"
 #include "exchange/archive/PolymorphicIArchive.h"
 #include "exchange/archive/PolymorphicOArchive.h"
 #include "exchange/archive/RecordTable.h"

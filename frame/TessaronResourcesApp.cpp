@@ -1,10 +1,10 @@
 #include "frame/TessaronResourcesApp.h"
 
+#include "frame/CurrentModule.h"
 #include "frame/EmbeddedResources.h"
 #include "frame/MessagePump.h"
 #include "util/platform/LibraryFile.h"
 #include <tessaron/frame/EntryPoints.h>
-#include <tessaron/frame/ModuleState.h>
 
 namespace TessaronResources
 {

@@ -2,12 +2,12 @@
 
 #include "controls/CHMXNumEdit.h"
 #include "frame/ControlId.h"
+#include "frame/CurrentModule.h"
 #include "frame/Toolkit.h"
 #include "frame/native/NativeToolkit.h"
 #include "util/platform/LibraryFile.h"
 #include <tessaron/frame/DataExchange.h>
 #include <tessaron/frame/EntryPoints.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 #include <tessaron/util/Keys.h>
 

@@ -1,7 +1,9 @@
 #include "templates/TemplateSession.h"
 
 #include "frame/Translation.h"
+#include "templates/TemplateSort.h"
 #include "util/text/Ascii.h"
+#include <tessaron/engine/TemplatePath.h>
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
@@ -61,6 +63,13 @@ TemplateSession::TemplateSession(int kind, int selector, std::string folder, uti
 {
 }
 
+template <class Notice>
+void TemplateSession::notify(Notice notice)
+{
+    for (TemplateSessionObserver* const observer : m_observers)
+        notice(*observer);
+}
+
 void TemplateSession::report(int code, const std::string& detail)
 {
     m_user.showError(translated(exchange::statusText(code)) + detail);
@@ -86,6 +95,13 @@ void TemplateSession::fill()
     for (const util::Parameterized& set : listed)
         m_existingNames.push_back(nameOf(set));
     m_rows.fill(std::move(listed), m_info.preferences.matchFilter, m_current);
+    notify([](TemplateSessionObserver& observer) { observer.rowsReplaced(); });
+}
+
+void TemplateSession::refresh()
+{
+    if (!m_rows.hasEdits())
+        fill();
 }
 
 void TemplateSession::reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty)
@@ -172,6 +188,19 @@ bool TemplateSession::acceptPreferences(const util::TemplatePreferences& prefere
     return refill;
 }
 
+void TemplateSession::editCell(std::size_t row, const GridColumnInfo& column, const std::string& text)
+{
+    if (m_rows.edit(row, column, text))
+        notify([](TemplateSessionObserver& observer) { observer.rowsEdited(); });
+}
+
+void TemplateSession::sort(const std::vector<util::TemplateSortLevel>& levels)
+{
+    const std::vector<std::size_t> order = sortedOrder(m_rows, levels, m_info.columns);
+    m_rows.reorder(order);
+    notify([&order](TemplateSessionObserver& observer) { observer.rowsReordered(order); });
+}
+
 std::string TemplateSession::proposeName()
 {
     util::Parameterized set;
@@ -184,7 +213,7 @@ std::string TemplateSession::proposeName()
 
 bool TemplateSession::importFile(const std::string& path, std::vector<util::Parameterized>& templates)
 {
-    const bool isSingle = path.substr(path.rfind('.') + 1) == "vtmpl";
+    const bool isSingle = path.ends_with(util::templateExtension);
     int code = status::ok;
     if (isSingle)
     {
@@ -288,9 +317,12 @@ bool TemplateSession::storeRow(std::size_t row)
 
 bool TemplateSession::storeEdits()
 {
+    const std::vector<std::size_t> edited = m_rows.editedRows();
     bool all = true;
-    for (const std::size_t row : m_rows.editedRows())
+    for (const std::size_t row : edited)
         all = storeRow(row) && all;
+    if (!edited.empty())
+        notify([](TemplateSessionObserver& observer) { observer.rowsEdited(); });
     return all;
 }
 

@@ -43,7 +43,6 @@ inline constexpr const char* templateImportFilter =
     translatable("Template Files (*.vtmpl)|*.vtmpl|XML-files (*.xml)|*.xml|All Files (*.*)|*.*||");
 inline constexpr const char* templateExportFilter =
     translatable("Template Files (*.vtmpl)|*.vtmpl|All Files (*.*)|*.*||");
-inline constexpr const char* templateDefaultExtension = "*.vtmpl";
 inline constexpr const char* profileSection = "Halvorsund Technologies, Inc.";
 inline constexpr const char* lastFolderEntry = "LoadXmlDir";
 

@@ -1,5 +1,6 @@
 #include "templates/TemplateFind.h"
 
+#include "templates/columns/ColumnKinds.h"
 #include "util/text/FoldCase.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_ARCHIVES_H
 #define TESSARON_EXCHANGE_ARCHIVES_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/archive/Records.h>
 #include <tessaron/util/Export.h>
 
@@ -58,10 +60,6 @@ TESSARON_EXCHANGE_API void writeFile(const std::string& path, RecordKind kind, c
 TESSARON_EXCHANGE_API void read(std::istream& stream, RecordKind kind, void* record);
 TESSARON_EXCHANGE_API void read(std::string_view bytes, RecordKind kind, void* record);
 TESSARON_EXCHANGE_API void readFile(const std::string& path, RecordKind kind, void* record);
-
-/// The format of the archive that a stream holds, by its first byte: archives of text start with "<", or with blanks or
-/// a byte order mark before it; binary ones with the low byte of a length.
-ArchiveFormat detectFormat(std::istream& stream);
 
 template <class Record>
 using IfBinary = std::enable_if_t<isRecordIn(inBinary, RecordKindOf<Record>::value)>;

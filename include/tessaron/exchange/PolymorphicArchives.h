@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_POLYMORPHICARCHIVES_H
 #define TESSARON_EXCHANGE_POLYMORPHICARCHIVES_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/Archives.h>
 #include <tessaron/exchange/archive/PolymorphicPointer.h>
 #include <tessaron/exchange/archive/PolymorphicVector.h>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_ARCHIVE_RECORDS_H
 #define TESSARON_EXCHANGE_ARCHIVE_RECORDS_H
 
+// Stability: internal.
+
 #include <tessaron/exchange/OrrimantInput.h>
 #include <tessaron/exchange/Tessaron2dInput.h>
 #include <tessaron/exchange/Tessaron3dInput.h>

@@ -22,10 +22,10 @@ protected:
     }
     ~TourTest() override { std::filesystem::remove_all(folder); }
 
-    /// \returns whether the host left with 0
-    bool runHost(const std::string& arguments)
+    /// \returns whether it ended with 0
+    bool runTour(const std::string& arguments)
     {
-        const std::string command = TESSARON_HOST " " + arguments + " >" + folder + "/output 2>&1";
+        const std::string command = TESSARON_TOUR " " + arguments + " >" + folder + "/output 2>&1";
         const bool good = std::system(command.c_str()) == 0;
         std::ostringstream text;
         text << std::ifstream(folder + "/output").rdbuf();
@@ -58,7 +58,8 @@ std::string slowPart(const std::string& folder)
 
 TEST_F(TourTest, ShowsAPartCancelsSavesAndMeetsBadFiles)
 {
-    EXPECT_TRUE(runHost("--tour " + folder + "/pictures " TESSARON_SAMPLES "/square-pocket.xml " + slowPart(folder)))
+    EXPECT_TRUE(
+        runTour("--pictures " + folder + "/pictures " TESSARON_SAMPLES "/square-pocket.xml " + slowPart(folder)))
         << output;
     EXPECT_NE(output.find("The tour is complete."), std::string::npos) << output;
     EXPECT_NE(output.find("\"Tool Diameter\" is missing"), std::string::npos) << output;
@@ -68,13 +69,13 @@ TEST_F(TourTest, ShowsAPartCancelsSavesAndMeetsBadFiles)
 
 TEST_F(TourTest, FailsWhenAPartIsMissing)
 {
-    EXPECT_FALSE(runHost("--tour " + folder + "/pictures " + folder + "/nothing.xml"));
+    EXPECT_FALSE(runTour("--pictures " + folder + "/pictures " + folder + "/nothing.xml"));
     EXPECT_NE(output.find("nothing.xml"), std::string::npos) << output;
 }
 
 TEST_F(TourTest, SaysThatTheModuleIsMissing)
 {
-    EXPECT_FALSE(runHost("--module /nowhere/libModule.so --tour " + folder + "/pictures"));
+    EXPECT_FALSE(runTour("--module /nowhere/libModule.so --pictures " + folder + "/pictures"));
     EXPECT_NE(output.find("/nowhere/libModule.so"), std::string::npos) << output;
 }
 

@@ -1,5 +1,5 @@
-#ifndef HOST_TOUR_H
-#define HOST_TOUR_H
+#ifndef TESTS_TOUR_TOUR_H
+#define TESTS_TOUR_TOUR_H
 
 #include "host/JobRunner.h"
 
@@ -13,8 +13,11 @@ class wxWindow;
 
 namespace host
 {
-
 class HostFrame;
+}
+
+namespace tour
+{
 
 /// Shows what the host can do, without a person: opens parts, generates their toolpaths, cancels, saves, uses
 /// every dialog, meets bad files. Takes pictures of the windows and prints what happened. The last part should keep the
@@ -23,7 +26,7 @@ class Tour
 {
 public:
     /// \param pictures the folder for the pictures; made when it is missing
-    Tour(HostFrame& frame, std::vector<std::string> parts, std::string pictures);
+    Tour(host::HostFrame& frame, std::vector<std::string> parts, std::string pictures);
 
     /// Runs inside the event loop.
     /// \returns whether everything went as it should
@@ -43,9 +46,10 @@ private:
     void meetBadFiles();
     void meetBadFile(const std::string& path, const std::string& expected);
 
-    JobOutcome generate(const std::string& caption);
+    host::JobOutcome generate(const std::string& caption);
     /// Generates, and meanwhile calls `act` with the module's progress window when `ready` says so, once.
-    JobOutcome generateWatched(const std::function<bool()>& ready, const std::function<void(wxTopLevelWindow&)>& act);
+    host::JobOutcome generateWatched(const std::function<bool()>& ready,
+                                     const std::function<void(wxTopLevelWindow&)>& act);
     struct DialogStep
     {
         int control;
@@ -65,13 +69,13 @@ private:
     /// Notes a failure unless the condition holds.
     void expect(bool condition, const std::string& failure);
 
-    HostFrame& m_frame;
+    host::HostFrame& m_frame;
     std::vector<std::string> m_parts;
     std::string m_pictures;
     int m_pictureCount = 0;
     bool m_good = true;
 };
 
-} // namespace host
+} // namespace tour
 
 #endif

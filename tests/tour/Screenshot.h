@@ -1,17 +1,17 @@
-#ifndef HOST_SCREENSHOT_H
-#define HOST_SCREENSHOT_H
+#ifndef TESTS_TOUR_SCREENSHOT_H
+#define TESTS_TOUR_SCREENSHOT_H
 
 #include <string>
 
 class wxRect;
 
-namespace host
+namespace tour
 {
 
 /// Saves what the screen shows of an area as a PNG file.
 /// \returns false when it could not be written
 bool saveScreenshot(const wxRect& area, const std::string& path);
 
-} // namespace host
+} // namespace tour
 
 #endif

@@ -1,9 +1,9 @@
-#include "host/Tour.h"
+#include "tests/tour/Tour.h"
 
 #include "host/HostFrame.h"
 #include "host/PartView.h"
-#include "host/ScratchFolder.h"
-#include "host/Screenshot.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/tour/Screenshot.h"
 #include <tessaron/exchange/Archives.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
@@ -19,8 +19,10 @@
 #include <fstream>
 #include <sstream>
 
-namespace host
+namespace tour
 {
+
+using namespace host;
 
 namespace
 {
@@ -30,18 +32,6 @@ constexpr int tickMilliseconds = 10;
 constexpr int cancelId = 2;
 constexpr int detailsId = 1042;
 constexpr double pictureAtPercent = 20;
-
-std::string contentOf(const std::string& path)
-{
-    std::ostringstream content;
-    content << std::ifstream(path, std::ios::binary).rdbuf();
-    return content.str();
-}
-
-void writeText(const std::string& path, const std::string& text)
-{
-    std::ofstream(path, std::ios::binary) << text;
-}
 
 std::string format(const char* pattern, auto... values)
 {
@@ -221,8 +211,8 @@ void Tour::saveAndReadBack()
 {
     if (!m_frame.toolpath())
         return;
-    const ScratchFolder scratch;
-    const std::string path = scratch.file("toolpath.xml");
+    const TemporaryFolder scratch;
+    const std::string path = scratch / "toolpath.xml";
     const ToolpathStatistics before = m_frame.toolpath()->statistics();
     expect(m_frame.saveToolpath(path), m_frame.failure());
     expect(m_frame.openToolpath(path), m_frame.failure());
@@ -250,19 +240,19 @@ void Tour::meetBadFile(const std::string& path, const std::string& expected)
 void Tour::meetBadFiles()
 {
     say("Open bad files");
-    const ScratchFolder scratch;
-    const std::string good = contentOf(m_parts.front());
-    writeText(scratch.file("letter.xml"), "Dear machinist,\nthis is a letter.\n");
-    writeText(scratch.file("truncated.xml"), good.substr(0, good.size() / 2));
+    const TemporaryFolder scratch;
+    const std::string good = readBytes(m_parts.front());
+    writeBytes(scratch / "letter.xml", "Dear machinist,\nthis is a letter.\n");
+    writeBytes(scratch / "truncated.xml", good.substr(0, good.size() / 2));
     exchange::Tessaron2dInput input;
     exchange::readArchiveFile(m_parts.front(), input);
     input.parameters.erase(util::keys::toolDiameter);
-    exchange::writeArchiveFile(scratch.file("no-tool.xml"), input);
+    exchange::writeArchiveFile(scratch / "no-tool.xml", input);
 
-    meetBadFile(scratch.file("missing.xml"), "");
-    meetBadFile(scratch.file("letter.xml"), "");
-    meetBadFile(scratch.file("truncated.xml"), "");
-    meetBadFile(scratch.file("no-tool.xml"), "\"Tool Diameter\"");
+    meetBadFile(scratch / "missing.xml", "");
+    meetBadFile(scratch / "letter.xml", "");
+    meetBadFile(scratch / "truncated.xml", "");
+    meetBadFile(scratch / "no-tool.xml", "\"Tool Diameter\"");
     picture("bad-file");
 }
 
@@ -288,4 +278,4 @@ bool Tour::run()
     return m_good;
 }
 
-} // namespace host
+} // namespace tour

@@ -1,6 +1,6 @@
 // The part of the tour that uses the module's dialogs.
 #include "host/HostFrame.h"
-#include "host/Tour.h"
+#include "tests/tour/Tour.h"
 #include <tessaron/util/Keys.h>
 
 #include <wx/choice.h>
@@ -11,8 +11,10 @@
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
-namespace host
+namespace tour
 {
+
+using namespace host;
 
 namespace
 {
@@ -227,4 +229,4 @@ std::size_t Tour::recordCount() const
     return m_frame.toolpath() ? m_frame.toolpath()->statistics().records : 0;
 }
 
-} // namespace host
+} // namespace tour

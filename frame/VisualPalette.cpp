@@ -1,4 +1,4 @@
-#include "frame/looks/VisualPalette.h"
+#include "frame/VisualPalette.h"
 
 #include <algorithm>
 #include <cmath>
@@ -92,14 +92,6 @@ VisualPalette::VisualPalette(const PaletteSeed& seed) : PaletteSeed(seed)
     gridLine = mixed(field, border, 0.45);
     alternateField = mixed(field, fieldText, 0.03);
     mark = readable(amber, alternateField);
-}
-
-std::vector<std::pair<Rgb, Rgb>> VisualPalette::textPairs() const
-{
-    return {{text, dialog},        {fieldText, field},        {fieldText, alternateField}, {chromeText, chrome},
-            {ribbonText, ribbon},  {ribbonText, hover},       {ribbonText, pressed},       {accentText, accent},
-            {buttonText, button},  {buttonText, buttonHover}, {headingText, heading},      {mark, field},
-            {mark, alternateField}};
 }
 
 PaletteSeed seedAround(Rgb dialog)

@@ -1,9 +1,7 @@
-#ifndef FRAME_LOOKS_VISUALPALETTE_H
-#define FRAME_LOOKS_VISUALPALETTE_H
+#ifndef FRAME_VISUALPALETTE_H
+#define FRAME_VISUALPALETTE_H
 
 #include <cstdint>
-#include <utility>
-#include <vector>
 
 namespace TessaronResources
 {
@@ -61,9 +59,6 @@ struct VisualPalette : PaletteSeed
     Rgb gridLine;
     Rgb alternateField; ///< every other row of a grid
     Rgb mark;           ///< what has been changed and is not stored yet, and stars, on a field
-
-    /// Every pair of colours that text is drawn with: the text, and what is behind it.
-    std::vector<std::pair<Rgb, Rgb>> textPairs() const;
 };
 
 /// The palette that is built around one colour of dialogs: light or dark text as the colour asks for it.

@@ -1,4 +1,4 @@
-#include "host/Screenshot.h"
+#include "tests/tour/Screenshot.h"
 
 #include <wx/bitmap.h>
 #include <wx/dcmemory.h>
@@ -7,7 +7,7 @@
 
 #include <cairo.h>
 
-namespace host
+namespace tour
 {
 
 bool saveScreenshot(const wxRect& area, const std::string& path)
@@ -24,4 +24,4 @@ bool saveScreenshot(const wxRect& area, const std::string& path)
     return bitmap.SaveFile(wxString::FromUTF8(path), wxBITMAP_TYPE_PNG);
 }
 
-} // namespace host
+} // namespace tour
