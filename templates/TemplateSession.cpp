@@ -1,6 +1,7 @@
 #include "templates/TemplateSession.h"
 
 #include "frame/Translation.h"
+#include "templates/TemplateSharing.h"
 #include "templates/TemplateSort.h"
 #include "util/text/Ascii.h"
 #include <tessaron/engine/TemplatePath.h>
@@ -30,11 +31,6 @@ constexpr const char* unsavedEditsText =
 std::string replaceQuestion(const std::string& name)
 {
     return translatedWith("%s already exists. Do you want to replace it?", name);
-}
-
-std::string folderOf(const std::string& path)
-{
-    return std::filesystem::path(path).parent_path().string();
 }
 
 bool isFolder(const std::string& path)
@@ -70,9 +66,9 @@ void TemplateSession::notify(Notice notice)
         notice(*observer);
 }
 
-void TemplateSession::report(int code, const std::string& detail)
+void TemplateSession::report(int code)
 {
-    m_user.showError(translated(exchange::statusText(code)) + detail);
+    showStatus(m_user, code);
 }
 
 DefinitionsState TemplateSession::open(bool titleVariant)
@@ -211,65 +207,14 @@ std::string TemplateSession::proposeName()
     return nameWithoutGenerator;
 }
 
-bool TemplateSession::importFile(const std::string& path, std::vector<util::Parameterized>& templates)
-{
-    const bool isSingle = path.ends_with(util::templateExtension);
-    int code = status::ok;
-    if (isSingle)
-    {
-        templates.resize(1);
-        code = util::loadTemplateFile(path, &templates.front());
-        // An export may carry this extension too.
-        if (code == status::templateFormatError && util::loadTemplateArrayFile(path, &templates) == status::ok)
-            code = status::ok;
-    }
-    else
-        code = util::loadTemplateArrayFile(path, &templates);
-    if (code != status::ok)
-        report(code, (isSingle ? translated("\n Template: ") : translated("\n Template Array: ")) + path);
-    return code == status::ok;
-}
-
 std::size_t TemplateSession::importTemplates()
 {
-    const std::vector<std::string> paths = m_user.chooseImportFiles(m_user.lastFolder());
-    if (paths.empty())
-        return 0;
-    m_user.keepLastFolder(folderOf(paths.front()));
-
-    std::size_t saved = 0;
-    for (const std::string& path : paths)
-    {
-        std::vector<util::Parameterized> templates;
-        if (!importFile(path, templates))
-            continue;
-        for (util::Parameterized& set : templates)
-        {
-            const std::string name = nameOf(set);
-            const int code = util::saveTemplateFile(util::templatePath(kindFolder(), name), false, &set);
-            if (code != status::ok)
-                report(code, translated("\n Template: ") + name);
-            else
-                ++saved;
-        }
-    }
-    return saved;
+    return TessaronResources::importTemplates(kindFolder(), m_user);
 }
 
 bool TemplateSession::exportTemplates(const std::vector<std::size_t>& rows)
 {
-    const std::string path = m_user.chooseExportFile(m_user.lastFolder());
-    if (path.empty())
-        return false;
-    m_user.keepLastFolder(folderOf(path));
-    std::vector<util::Parameterized> templates;
-    templates.reserve(rows.size());
-    for (const std::size_t row : rows)
-        templates.push_back(m_rows.at(row));
-    const int code = util::saveTemplateArrayFile(path, templates);
-    if (code != status::ok)
-        report(code, translated("\n Template: ") + path);
-    return code == status::ok;
+    return TessaronResources::exportTemplates(m_rows, rows, m_user);
 }
 
 std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& rows)

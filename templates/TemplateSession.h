@@ -138,9 +138,8 @@ public:
 
 private:
     std::string chosenFolder(const std::string& typed) const;
-    void report(int code, const std::string& detail = {});
+    void report(int code);
     void reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty);
-    bool importFile(const std::string& path, std::vector<util::Parameterized>& templates);
     util::Parameterized currentAs(const std::string& name) const;
     bool storeRow(std::size_t row);
     template <class Notice>
