@@ -3,9 +3,9 @@
 #include "controls/CHMXNumEdit.h"
 #include "frame/ControlId.h"
 #include "frame/CurrentModule.h"
-#include "frame/ModuleHandle.h"
 #include "frame/Toolkit.h"
 #include "frame/native/NativeToolkit.h"
+#include "util/platform/LibraryFile.h"
 #include <tessaron/frame/DataExchange.h>
 #include <tessaron/frame/EntryPoints.h>
 #include <tessaron/frame/ResourceSet.h>
@@ -173,7 +173,7 @@ void ChipControlDialog::onCalculate()
 
 void ChipControlDialog::onHelp()
 {
-    const std::filesystem::path folder = std::filesystem::path(moduleFilePath()).parent_path();
+    const std::filesystem::path folder = util::thisLibraryFolder();
     native::openDocument((folder / m_rules.helpFileName()).string());
 }
 

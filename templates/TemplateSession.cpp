@@ -1,6 +1,7 @@
 #include "templates/TemplateSession.h"
 
 #include "frame/Translation.h"
+#include "util/text/Ascii.h"
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
@@ -32,12 +33,6 @@ std::string replaceQuestion(const std::string& name)
 std::string folderOf(const std::string& path)
 {
     return std::filesystem::path(path).parent_path().string();
-}
-
-std::string trimmed(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
 bool isFolder(const std::string& path)
@@ -146,7 +141,7 @@ void TemplateSession::reloadKnownFolders()
 
 std::string TemplateSession::chosenFolder(const std::string& typed) const
 {
-    const std::string folder = trimmed(typed);
+    const std::string folder(util::trimmed(typed));
     return folder.empty() ? m_homeFolder : folder;
 }
 
@@ -269,7 +264,7 @@ bool TemplateSession::storeRow(std::size_t row)
     std::string name = nameOf(set);
     if (name != nameOf(m_rows.storedAt(row)))
     {
-        name = trimmed(name);
+        name = std::string(util::trimmed(name));
         set.set(keys::templateName, name);
         // Under another name it is another template: the one it was made from stays.
         set.erase(keys::templateGuid);

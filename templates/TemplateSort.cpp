@@ -1,6 +1,7 @@
 #include "templates/TemplateSort.h"
 
 #include "frame/Translation.h"
+#include "util/text/Ascii.h"
 #include "util/text/FoldCase.h"
 
 #include <algorithm>
@@ -23,11 +24,6 @@ namespace
 
 namespace type = util::templateColumnType;
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 /// A text that compares byte by byte as the original does letter by letter: case folded, and each number in it led by
 /// its count of digits, so that a longer number is a larger one.
 std::string sortText(std::string_view text)
@@ -37,15 +33,15 @@ std::string sortText(std::string_view text)
     key.reserve(folded.size() + 8);
     for (std::size_t i = 0; i < folded.size();)
     {
-        if (!isDigit(folded[i]))
+        if (!util::isAsciiDigit(folded[i]))
         {
             key += folded[i++];
             continue;
         }
-        while (i + 1 < folded.size() && folded[i] == '0' && isDigit(folded[i + 1]))
+        while (i + 1 < folded.size() && folded[i] == '0' && util::isAsciiDigit(folded[i + 1]))
             ++i;
         std::size_t end = i;
-        while (end < folded.size() && isDigit(folded[end]))
+        while (end < folded.size() && util::isAsciiDigit(folded[end]))
             ++end;
         // Numbers of 200 digits and more all count as long ones; digits sort between '/' and ':' as before.
         key += '0';

@@ -1,7 +1,7 @@
 #ifndef FRAME_LOOKS_VISUALMANAGER_H
 #define FRAME_LOOKS_VISUALMANAGER_H
 
-#include "frame/looks/VisualPalette.h"
+#include "frame/VisualPalette.h"
 
 #include <wx/object.h>
 

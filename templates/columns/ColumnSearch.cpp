@@ -2,6 +2,7 @@
 
 #include "templates/columns/LocalTime.h"
 #include "templates/columns/PrintFormat.h"
+#include "util/text/Ascii.h"
 #include "util/text/FoldCase.h"
 
 #include <algorithm>
@@ -16,15 +17,10 @@ namespace
 
 namespace type = util::templateColumnType;
 
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool holdsIgnoringCase(std::string_view text, std::string_view wanted)
 {
     return std::search(text.begin(), text.end(), wanted.begin(), wanted.end(),
-                       [](char a, char b) { return lower(a) == b; }) != text.end();
+                       [](char a, char b) { return util::asciiLower(a) == b; }) != text.end();
 }
 
 bool isAscii(std::string_view text)
@@ -100,8 +96,9 @@ bool ColumnSearch::matches(const util::Parameterized::Value& value)
 {
     const auto* const text = boost::get<std::string>(&value);
     if (text)
-        return m_asItIs && text->size() <= PrintFormat::longestText ? holdsIgnoringCase(*text, m_wanted)
-                                                                    : matchesShown(value);
+        return m_asItIs && isAscii(*text) && text->size() <= PrintFormat::longestText
+                   ? holdsIgnoringCase(*text, m_wanted)
+                   : matchesShown(value);
     if (!m_remember)
         return matchesShown(value);
     std::uint64_t bits = 0;

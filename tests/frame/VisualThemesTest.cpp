@@ -1,5 +1,5 @@
 #include "frame/looks/VisualThemes.h"
-#include "frame/looks/PaletteColour.h"
+#include "frame/PaletteColour.h"
 #include "frame/looks/QdrVisualManager.h"
 #include "tests/support/WindowDriver.h"
 #include <tessaron/frame/DialogBase.h>

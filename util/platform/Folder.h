@@ -1,44 +1,19 @@
-#ifndef ENGINE_TEMPLATES_FOLDER_H
-#define ENGINE_TEMPLATES_FOLDER_H
+#ifndef UTIL_PLATFORM_FOLDER_H
+#define UTIL_PLATFORM_FOLDER_H
+
+#include "util/platform/ReadFile.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
-namespace util::store
+namespace util
 {
 
-/// Tells one state of a file from another without reading it.
-struct FileStamp
-{
-    std::uint64_t device = 0;
-    std::uint64_t file = 0;    ///< the file's number on its device
-    std::uint64_t size = 0;    ///< bytes
-    std::int64_t modified = 0; ///< nanoseconds since 1970; so is `changed`
-    std::int64_t changed = 0;  ///< last change of the contents or of the file's own data; no program can set it
-
-    bool operator==(const FileStamp& other) const = default;
-};
-
-enum class FileState
-{
-    ok,
-    missing,
-    notAFile, ///< a folder, a device, a pipe
-    tooLarge,
-    failed, ///< refused, or the device failed
-};
-
-/// What a file held, and the state it was in.
-struct FileContents
-{
-    FileState state = FileState::failed;
-    FileStamp stamp;
-    std::string bytes; ///< only when state is ok
-};
+class UniqueFd;
 
 /// An open folder.
 class Folder
@@ -65,17 +40,14 @@ public:
     /// Puts a file with these bytes in the place of one that may be there, in one step, and returns when it is safe on
     /// disk. After a failure or a crash the old file is whole.
     bool replace(const std::string& name, const std::string& bytes) const;
-    /// Removes a file and flushes the folder.
+    /// Removes a file and brings the folder to the disk.
     bool remove(const std::string& name) const;
 
 private:
-    int m_handle = -1;
+    std::unique_ptr<UniqueFd> m_fd;
     FileState m_state = FileState::failed;
     std::string m_path;
 };
-
-/// Reads a file by its path, as Folder::read().
-FileContents readFile(const std::string& path, std::size_t limit);
 
 /// A path given by a host, in the platform's form. Both kinds of separator are taken as separators, except in a path
 /// that exists just as it is written.
@@ -84,6 +56,6 @@ std::string nativePath(const std::string& path);
 /// Makes a folder and those above it; false when it is not there afterwards.
 bool makeFolders(const std::string& path);
 
-} // namespace util::store
+} // namespace util
 
 #endif

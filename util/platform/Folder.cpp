@@ -1,20 +1,19 @@
-#include "engine/templates/Folder.h"
+#include "util/platform/Folder.h"
 
 #include "util/platform/AtomicFile.h"
-#include <tessaron/engine/TemplatePath.h>
 
 #include <filesystem>
 #include <ostream>
 #include <system_error>
 
-namespace util::store
+namespace util
 {
 
 bool Folder::replace(const std::string& name, const std::string& bytes) const
 {
     try
     {
-        AtomicFile file(templatePath(m_path, name));
+        AtomicFile file((std::filesystem::path(m_path) / name).string());
         file.stream().write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         file.commit();
         return true;
@@ -32,4 +31,4 @@ bool makeFolders(const std::string& path)
     return std::filesystem::is_directory(path, error);
 }
 
-} // namespace util::store
+} // namespace util

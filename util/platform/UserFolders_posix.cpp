@@ -1,21 +1,20 @@
-#include "frame/configuration/ConfigPaths.h"
+#include "util/platform/UserFolders.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 
-#include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace TessaronResources::configPaths
+namespace util
 {
 
 namespace
 {
 
-// The XDG variables name absolute paths; anything else in them counts as not set.
+// The variables name absolute paths; anything else in them counts as not set.
 std::string absoluteFolder(const char* text)
 {
     std::string path = text && *text == '/' ? text : "";
@@ -37,8 +36,6 @@ std::string homeFolder()
 }
 
 } // namespace
-
-const char separator = '/';
 
 std::string userConfigurationFolder()
 {
@@ -65,25 +62,12 @@ std::vector<std::string> sharedDataFolders()
     return folders;
 }
 
-bool canBeRead(const std::string& path)
+void makeUserFolder(const std::string& path)
 {
-    // Without O_NONBLOCK, opening a pipe would wait for somebody to write into it.
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (file < 0)
-        return false;
-    struct stat data = {};
-    const bool isFile = ::fstat(file, &data) == 0 && !S_ISDIR(data.st_mode);
-    ::close(file);
-    return isFile;
-}
-
-void makeFolders(const std::string& path)
-{
-    // Folders below the user's configuration folder are the user's alone.
     constexpr mode_t userOnly = 0700;
     for (std::size_t end = path.find('/', 1); end != std::string::npos; end = path.find('/', end + 1))
         ::mkdir(path.substr(0, end).c_str(), userOnly);
     ::mkdir(path.c_str(), userOnly);
 }
 
-} // namespace TessaronResources::configPaths
+} // namespace util

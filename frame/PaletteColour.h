@@ -1,7 +1,7 @@
-#ifndef FRAME_LOOKS_PALETTECOLOUR_H
-#define FRAME_LOOKS_PALETTECOLOUR_H
+#ifndef FRAME_PALETTECOLOUR_H
+#define FRAME_PALETTECOLOUR_H
 
-#include "frame/looks/VisualPalette.h"
+#include "frame/VisualPalette.h"
 
 #include <wx/colour.h>
 

@@ -1,4 +1,4 @@
-#include "frame/looks/VisualPalette.h"
+#include "frame/VisualPalette.h"
 
 #include <algorithm>
 #include <cmath>

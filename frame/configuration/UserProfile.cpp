@@ -1,11 +1,11 @@
 #include "frame/configuration/UserProfile.h"
 
+#include "frame/configuration/ConfigPaths.h"
+#include "util/platform/UserFolders.h"
+
 #include <wx/file.h>
 #include <wx/fileconf.h>
-#include <wx/filename.h>
 #include <wx/log.h>
-
-#include <cstdlib>
 
 namespace TessaronResources
 {
@@ -13,22 +13,16 @@ namespace TessaronResources
 namespace
 {
 
-// Under the user's configuration folder, as the XDG base directory rules name it.
+/// The folder of the profile; empty when the platform does not tell.
+std::string profileFolder()
+{
+    const std::string folder = util::userConfigurationFolder();
+    return folder.empty() ? folder : configPaths::makerFolder(folder, "");
+}
+
 wxString profileFile()
 {
-    const char* const configured = std::getenv("XDG_CONFIG_HOME");
-    const char* const home = std::getenv("HOME");
-    wxFileName file;
-    if (configured && *configured)
-        file.AssignDir(wxString::FromUTF8(configured));
-    else
-    {
-        file.AssignDir(wxString::FromUTF8(home ? home : "."));
-        file.AppendDir(".config");
-    }
-    file.AppendDir("Halvorsund Technologies");
-    file.SetFullName("TessaronResources.ini");
-    return file.GetFullPath();
+    return wxString::FromUTF8(profileFolder() + "TessaronResources.ini");
 }
 
 wxString keyOf(const char* section, const char* entry)
@@ -40,6 +34,8 @@ wxString keyOf(const char* section, const char* entry)
 
 std::string profileText(const char* section, const char* entry)
 {
+    if (profileFolder().empty())
+        return {};
     const wxLogNull quiet;
     wxFileConfig profile("", "", profileFile(), "", wxCONFIG_USE_LOCAL_FILE);
     profile.SetExpandEnvVars(false); // "$" is a letter like any other in the name of a folder
@@ -48,11 +44,13 @@ std::string profileText(const char* section, const char* entry)
 
 void keepProfileText(const char* section, const char* entry, const std::string& text)
 {
+    if (profileFolder().empty())
+        return;
     const wxLogNull quiet;
+    util::makeUserFolder(profileFolder());
     const wxString file = profileFile();
-    wxFileName::Mkdir(wxFileName(file).GetPath(), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     // The toolkit would write the section's name with backslashes in it; a heading that is there it leaves alone.
-    if (!wxFileName::Exists(file))
+    if (!wxFile::Exists(file))
         if (wxTempFile made(file); made.IsOpened() && made.Write(wxString("[") + section + "]\n"))
             made.Commit();
     wxFileConfig profile("", "", file, "", wxCONFIG_USE_LOCAL_FILE);
