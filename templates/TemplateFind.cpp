@@ -13,7 +13,7 @@ namespace TessaronResources
 TemplateCell findCell(const TemplateRows& rows, const std::vector<GridColumnPtr>& columns, const std::string& text,
                       TemplateCell after)
 {
-    const std::string wanted = foldCase(text);
+    const std::string wanted = util::foldCase(text);
     std::vector<std::string> keys;
     keys.reserve(columns.size());
     for (const GridColumnPtr& column : columns)

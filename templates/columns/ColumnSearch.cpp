@@ -33,7 +33,7 @@ ColumnSearch::ColumnSearch(const GridColumnInfo& column, const std::string& want
 
 bool ColumnSearch::matchesShown(const util::Parameterized::Value& value) const
 {
-    return foldCase(m_column->formatValue(&value)).find(m_wanted) != std::string::npos;
+    return util::foldCase(m_column->formatValue(&value)).find(m_wanted) != std::string::npos;
 }
 
 bool ColumnSearch::matches(const util::Parameterized::Value& value)

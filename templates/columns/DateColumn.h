@@ -40,7 +40,7 @@ public:
         SearchHints hints;
         hints.isPossible =
             !hasOneShape() ||
-            shape(foldCase(printLocalTime(anyTime, m_definition.format))).find(shape(wanted)) != std::string::npos;
+            shape(util::foldCase(printLocalTime(anyTime, m_definition.format))).find(shape(wanted)) != std::string::npos;
         return hints;
     }
     /// A date is of no use without its end: where the column is too narrow, it is written smaller.

@@ -56,7 +56,7 @@ public:
         SearchHints hints;
         hints.isPossible = std::any_of(m_definition.options.begin(), m_definition.options.end(),
                                        [&wanted](const auto& option)
-                                       { return foldCase(option.second).find(wanted) != std::string::npos; });
+                                       { return util::foldCase(option.second).find(wanted) != std::string::npos; });
         hints.valuesRecur = true;
         return hints;
     }

@@ -27,7 +27,7 @@ public:
     }
     SearchHints searchHints(const std::string& wanted) const override
     {
-        const std::string used = "0123456789+-. einfa" + foldCase(m_format.literals());
+        const std::string used = "0123456789+-. einfa" + util::foldCase(m_format.literals());
         SearchHints hints;
         hints.isPossible = wanted.find_first_not_of(used) == std::string::npos;
         hints.valuesRecur = true;

@@ -158,13 +158,13 @@ void TemplateGridInput::typeAhead(wxUniChar typed)
         m_typed.clear();
     m_lastTyped = now;
     m_typed += wxString(typed).utf8_string();
-    const std::string wanted = foldCase(m_typed);
+    const std::string wanted = util::foldCase(m_typed);
     const int rows = m_grid.GetNumberRows();
     for (int k = 0; k < rows; ++k)
     {
         const int row = (std::max(m_grid.GetGridCursorRow(), 0) + k) % rows;
         const util::Parameterized& set = m_session.rows().at(static_cast<std::size_t>(row));
-        if (foldCase(m_table.column(nameColumn).format(set)).starts_with(wanted))
+        if (util::foldCase(m_table.column(nameColumn).format(set)).starts_with(wanted))
         {
             m_grid.GoToCell(row, nameColumn);
             m_grid.SelectRow(row);

@@ -14,9 +14,4 @@ std::string foldCase(std::string_view text);
 
 } // namespace util
 
-namespace TessaronResources
-{
-using util::foldCase;
-}
-
 #endif
