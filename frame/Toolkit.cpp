@@ -36,7 +36,7 @@ public:
 
 bool startOwnToolkit()
 {
-    const native::ProcessStateGuard keeper;
+    const native::ProcessStateGuard guard;
     if (!native::displayIsNamed())
         return false;
     wxSetAssertHandler(ignoreAssertion);
