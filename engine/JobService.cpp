@@ -11,7 +11,6 @@
 #include <exception>
 #include <memory>
 #include <new>
-#include <sstream>
 #include <utility>
 
 namespace exchange
@@ -123,12 +122,7 @@ JobStart startJobFromFile(const std::string& path)
 
 JobStart startJobFromArchive(std::string_view archive, const std::string& name)
 {
-    return startFrom(name,
-                     [archive](Tessaron2dInput& input)
-                     {
-                         std::istringstream stream{std::string(archive)};
-                         readArchive(stream, input);
-                     });
+    return startFrom(name, [archive](Tessaron2dInput& input) { readArchive(archive, input); });
 }
 
 JobInfo jobInfo(int jobId)

@@ -2,13 +2,14 @@
 
 #include "engine/templates/ExpertDatabase.h"
 #include "engine/templates/FileNames.h"
-#include "engine/templates/Folder.h"
 #include "engine/templates/InfoFile.h"
 #include "engine/templates/SaveTemplate.h"
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateFolder.h"
 #include "engine/templates/TemplateListing.h"
+#include "util/platform/Folder.h"
 #include "util/platform/FolderLock.h"
+#include "util/platform/LibraryFile.h"
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
 
@@ -40,13 +41,13 @@ int guarded(int code, Call call)
     }
 }
 
-int codeOfState(store::FileState state)
+int codeOfState(FileState state)
 {
     switch (state)
     {
-    case store::FileState::ok:
+    case FileState::ok:
         return status::ok;
-    case store::FileState::tooLarge:
+    case FileState::tooLarge:
         return status::templateFormatError;
     default:
         return status::templateReadError;
@@ -56,8 +57,8 @@ int codeOfState(store::FileState state)
 /// Reads a file that may be absent, which gives `codeOfMissing`.
 int readStoreFile(const std::string& path, std::size_t limit, int codeOfMissing, std::string& bytes)
 {
-    store::FileContents contents = store::readFile(path, limit);
-    if (contents.state == store::FileState::missing)
+    FileContents contents = readFile(path, limit);
+    if (contents.state == FileState::missing)
         return codeOfMissing;
     bytes = std::move(contents.bytes);
     return codeOfState(contents.state);
@@ -70,10 +71,10 @@ int withFolder(const std::string& path, List list)
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const store::Folder folder(store::nativePath(path));
-                       if (folder.state() == store::FileState::ok)
+                       const Folder folder(nativePath(path));
+                       if (folder.state() == FileState::ok)
                            return list(folder);
-                       return folder.state() == store::FileState::missing ? status::ok : status::templateReadError;
+                       return folder.state() == FileState::missing ? status::ok : status::templateReadError;
                    });
 }
 
@@ -93,8 +94,8 @@ int writeSetsFile(const std::string& folderPath, const std::string& fileName, co
     std::string bytes;
     if (const int code = store::writeSets(sets, bytes); code != status::ok)
         return code;
-    const store::Folder folder(folderPath);
-    if (folder.state() != store::FileState::ok)
+    const Folder folder(folderPath);
+    if (folder.state() != FileState::ok)
         return status::templateWriteError;
     const FolderLock lock(folderPath, FolderLock::Kind::exclusive);
     return !lock.isBusy() && folder.replace(fileName, bytes) ? status::ok : status::templateWriteError;
@@ -116,7 +117,7 @@ int getTechnologyExpertData(TechnologyExpertData* data)
     return guarded(status::expertDatabaseCorrupted,
                    [&]
                    {
-                       const std::string path = templatePath(store::engineFolder(), store::expertDatabaseName);
+                       const std::string path = templatePath(thisLibraryFolder(), store::expertDatabaseName);
                        return store::readExpertDatabase(path, *data);
                    });
 }
@@ -129,7 +130,7 @@ int loadTemplateDefs(const std::string& folder, const std::string& name, Templat
                    [&]
                    {
                        std::vector<Parameterized> sets;
-                       const std::string path = templatePath(store::nativePath(folder), definitionsFile(name));
+                       const std::string path = templatePath(nativePath(folder), definitionsFile(name));
                        const int code =
                            readSetsFile(path, store::longestTemplateFile, status::templateColumnsMissing, sets);
                        if (code != status::ok)
@@ -145,8 +146,8 @@ int saveTemplateDefs(const std::string& folder, const std::string& name, const T
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = store::nativePath(folder);
-                       return store::makeFolders(native)
+                       const std::string native = nativePath(folder);
+                       return makeFolders(native)
                                   ? writeSetsFile(native, definitionsFile(name), store::setsOfInfo(info))
                                   : status::templateWriteError;
                    });
@@ -160,7 +161,7 @@ int loadTemplateFolders(const std::string& path, std::vector<std::string>* folde
                    [&]
                    {
                        std::vector<Parameterized> sets;
-                       const std::string file = templatePath(store::nativePath(path), foldersFile);
+                       const std::string file = templatePath(nativePath(path), foldersFile);
                        constexpr int none = 1;
                        const int code = readSetsFile(file, store::longestTemplateFile, none, sets);
                        if (code != status::ok && code != none)
@@ -174,10 +175,9 @@ int saveTemplateFolders(const std::string& path, const std::vector<std::string>&
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = store::nativePath(path);
-                       return store::makeFolders(native)
-                                  ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders))
-                                  : status::templateWriteError;
+                       const std::string native = nativePath(path);
+                       return makeFolders(native) ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders))
+                                                  : status::templateWriteError;
                    });
 }
 
@@ -186,7 +186,7 @@ int loadTemplateFiles(const std::string& folder, int /*selector*/, std::vector<P
     if (!templates)
         return status::internalError;
     templates->clear();
-    return withFolder(folder, [&](const store::Folder& opened) { return store::listTemplates(opened, *templates); });
+    return withFolder(folder, [&](const Folder& opened) { return store::listTemplates(opened, *templates); });
 }
 
 int findFaultyTemplateFiles(const std::string& folder, std::vector<FaultyTemplateFile>* faulty)
@@ -195,7 +195,7 @@ int findFaultyTemplateFiles(const std::string& folder, std::vector<FaultyTemplat
         return status::internalError;
     faulty->clear();
     return withFolder(folder,
-                      [&](const store::Folder& opened)
+                      [&](const Folder& opened)
                       {
                           std::vector<store::FaultyFile> faults;
                           const int code = store::listFaults(opened, faults);
@@ -212,7 +212,7 @@ int loadTemplateFile(const std::string& path, Parameterized* result)
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const std::string native = store::nativePath(path);
+                       const std::string native = nativePath(path);
                        std::string bytes;
                        Parameterized set;
                        int code = readStoreFile(native, store::longestTemplateFile, status::templateReadError, bytes);
@@ -239,8 +239,8 @@ int loadTemplateArrayFile(const std::string& path, std::vector<Parameterized>* t
                    {
                        std::string bytes;
                        std::vector<Parameterized> sets;
-                       int code = readStoreFile(store::nativePath(path), store::longestArrayFile,
-                                                status::templateReadError, bytes);
+                       int code =
+                           readStoreFile(nativePath(path), store::longestArrayFile, status::templateReadError, bytes);
                        if (code == status::ok && store::fileKind(bytes) == store::FileKind::oneSet)
                            code = store::readSet(bytes, sets.emplace_back());
                        else if (code == status::ok)
@@ -266,13 +266,12 @@ int saveTemplateFile(const std::string& path, bool failIfExists, Parameterized* 
                        const std::string name = parts.isFileName ? store::listedName(parts.name, "") : parts.name;
                        if (name.empty())
                            return status::templateNameMissing;
-                       const std::string native = store::nativePath(parts.folder);
-                       if (!store::makeFolders(native))
+                       const std::string native = nativePath(parts.folder);
+                       if (!makeFolders(native))
                            return status::templateWriteError;
-                       const store::Folder folder(native);
-                       return folder.state() == store::FileState::ok
-                                  ? store::saveTemplate(folder, name, failIfExists, *set)
-                                  : status::templateWriteError;
+                       const Folder folder(native);
+                       return folder.state() == FileState::ok ? store::saveTemplate(folder, name, failIfExists, *set)
+                                                              : status::templateWriteError;
                    });
 }
 
@@ -281,7 +280,7 @@ int saveTemplateArrayFile(const std::string& path, const std::vector<Parameteriz
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = store::nativePath(path);
+                       const std::string native = nativePath(path);
                        const std::size_t separator = native.rfind('/');
                        const std::string fileName = native.substr(separator + 1);
                        if (fileName.empty())
@@ -302,9 +301,9 @@ int deleteTemplateFile(const std::string& folder, const Parameterized& set)
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const store::Folder opened(store::nativePath(folder));
-                       return opened.state() == store::FileState::ok ? store::deleteTemplate(opened, name, set)
-                                                                     : status::templateReadError;
+                       const Folder opened(nativePath(folder));
+                       return opened.state() == FileState::ok ? store::deleteTemplate(opened, name, set)
+                                                              : status::templateReadError;
                    });
 }
 
@@ -315,10 +314,10 @@ int genTemplateName(const std::string& folder, const std::string& prefix, Parame
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const store::Folder opened(store::nativePath(folder));
+                       const Folder opened(nativePath(folder));
                        std::vector<std::string> entries;
-                       const bool read = opened.state() == store::FileState::ok && opened.entries(entries);
-                       if (!read && opened.state() != store::FileState::missing)
+                       const bool read = opened.state() == FileState::ok && opened.entries(entries);
+                       if (!read && opened.state() != FileState::missing)
                            return status::templateReadError;
                        result->set(keys::templateName, store::firstFreeName(prefix, store::namesOfFiles(entries)));
                        return status::ok;

@@ -1,5 +1,6 @@
 #include "templates/TemplateManagerFormView.h"
 
+#include "frame/CurrentModule.h"
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/looks/VisualThemes.h"
@@ -8,7 +9,6 @@
 #include "templates/TemplateManagerIds.h"
 #include "templates/dialogs/SaveOperationTemplateDialog.h"
 #include "templates/grid/GridPlace.h"
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/button.h>

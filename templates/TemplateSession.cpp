@@ -3,6 +3,7 @@
 #include "frame/Translation.h"
 #include "templates/TemplateSharing.h"
 #include "templates/TemplateSort.h"
+#include "util/text/Ascii.h"
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
@@ -29,12 +30,6 @@ constexpr const char* unsavedEditsText =
 std::string replaceQuestion(const std::string& name)
 {
     return translatedWith("%s already exists. Do you want to replace it?", name);
-}
-
-std::string trimmed(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
 bool isFolder(const std::string& path)
@@ -157,7 +152,7 @@ void TemplateSession::reloadKnownFolders()
 
 std::string TemplateSession::chosenFolder(const std::string& typed) const
 {
-    const std::string folder = trimmed(typed);
+    const std::string folder(util::trimmed(typed));
     return folder.empty() ? m_homeFolder : folder;
 }
 
@@ -242,7 +237,7 @@ bool TemplateSession::storeRow(std::size_t row)
     std::string name = nameOf(set);
     if (name != nameOf(m_rows.storedAt(row)))
     {
-        name = trimmed(name);
+        name = std::string(util::trimmed(name));
         set.set(keys::templateName, name);
         // Under another name it is another template: the one it was made from stays.
         set.erase(keys::templateGuid);

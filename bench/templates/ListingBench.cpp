@@ -2,10 +2,10 @@
 // when nothing has changed; and again when one file has.
 
 #include "bench/templates/SampleTemplates.h"
-#include "engine/templates/Folder.h"
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateListing.h"
 #include "tests/support/TemporaryFolder.h"
+#include "util/platform/Folder.h"
 #include <tessaron/engine/TemplateStore.h>
 
 #include <benchmark/benchmark.h>

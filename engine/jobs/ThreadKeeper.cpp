@@ -19,7 +19,7 @@ void ThreadKeeper::run(std::function<void()> function)
     m_entries.push_back({std::thread(), done});
     try
     {
-        const SignalBlock block;
+        const util::SignalBlock block;
         m_entries.back().thread = std::thread(
             [done, run = std::move(function)]() mutable
             {

@@ -46,7 +46,7 @@ void inParallel(std::size_t count, const std::function<void(std::size_t, std::si
     std::vector<std::jthread> helpers;
     try
     {
-        const exchange::jobs::SignalBlock block;
+        const SignalBlock block;
         for (std::size_t i = 1; i < threads; ++i)
             helpers.emplace_back(run);
     }

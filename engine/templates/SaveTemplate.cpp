@@ -3,6 +3,7 @@
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateFolder.h"
 #include "util/platform/FolderLock.h"
+#include "util/text/Ascii.h"
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
 
@@ -31,7 +32,7 @@ constexpr const char* defaultCam = "KORVEN";
 
 bool isTime(const std::string& text)
 {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return !text.empty() && std::all_of(text.begin(), text.end(), isAsciiDigit);
 }
 
 } // namespace

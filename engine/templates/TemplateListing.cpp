@@ -3,6 +3,8 @@
 #include "engine/templates/Parallel.h"
 #include "engine/templates/TemplateFolder.h"
 #include "util/platform/FolderLock.h"
+#include "util/platform/TemporaryFile.h"
+#include "util/text/Ascii.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/exchange/StatusTable.h>
 
@@ -107,25 +109,7 @@ std::int64_t now()
     return duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
 }
 
-/// Removes temporary files of saving processes that died. The caller's claim on the folder says that no process on this
-/// machine is saving now; the age leaves those of other machines in peace.
-void removeLeftovers(const Folder& folder, const std::vector<std::string>& names)
-{
-    constexpr std::int64_t oldEnough = std::int64_t(3600) * 1000000000;
-    const std::string part = std::string(templateExtension) + '.';
-    for (const std::string& name : names)
-    {
-        constexpr std::string_view ending = ".tmp";
-        const bool temporary =
-            name.front() == '.' && name.find(part) != std::string::npos &&
-            name.compare(name.size() - std::min(name.size(), ending.size()), ending.size(), ending) == 0;
-        FileStamp stamp;
-        if (temporary && folder.stamp(name, stamp) == FileState::ok && stamp.modified + oldEnough < now())
-            folder.remove(name);
-    }
-}
-
-/// The names of the template files. An exclusive claim held by a saving process would mean that a name is on the move
+/// The names of the template files. An exclusive lock held by a saving process would mean that a name is on the move
 /// from one place of the folder to another, and could be missed.
 bool templateFileNames(const Folder& folder, std::vector<std::string>& names)
 {
@@ -133,7 +117,7 @@ bool templateFileNames(const Folder& folder, std::vector<std::string>& names)
     if (!folder.entries(names))
         return false;
     if (lock.isHeld())
-        removeLeftovers(folder, names);
+        removeLeftovers(folder, names, templateExtension);
     names.erase(std::remove_if(names.begin(), names.end(), [](const auto& name) { return !isTemplateFileName(name); }),
                 names.end());
     return true;
@@ -196,9 +180,8 @@ bool look(const Folder& folder, const std::string& fileName, const ListedFile* b
 
 bool comesBefore(const Remembered& a, const Remembered& b)
 {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    const auto less = [lower](char x, char y)
-    { return static_cast<unsigned char>(lower(x)) < static_cast<unsigned char>(lower(y)); };
+    const auto less = [](char x, char y)
+    { return static_cast<unsigned char>(asciiLower(x)) < static_cast<unsigned char>(asciiLower(y)); };
     if (std::lexicographical_compare(a->name.begin(), a->name.end(), b->name.begin(), b->name.end(), less))
         return true;
     if (std::lexicographical_compare(b->name.begin(), b->name.end(), a->name.begin(), a->name.end(), less))

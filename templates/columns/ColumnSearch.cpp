@@ -1,5 +1,6 @@
 #include "templates/columns/ColumnSearch.h"
 
+#include "util/text/Ascii.h"
 #include "util/text/FoldCase.h"
 
 #include <algorithm>
@@ -12,15 +13,10 @@ namespace TessaronResources
 namespace
 {
 
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool holdsIgnoringCase(std::string_view text, std::string_view wanted)
 {
     return std::search(text.begin(), text.end(), wanted.begin(), wanted.end(),
-                       [](char a, char b) { return lower(a) == b; }) != text.end();
+                       [](char a, char b) { return util::asciiLower(a) == b; }) != text.end();
 }
 
 bool isAscii(std::string_view text)
@@ -44,7 +40,7 @@ bool ColumnSearch::matches(const util::Parameterized::Value& value)
 {
     const auto* const text = boost::get<std::string>(&value);
     if (text)
-        return m_hints.showsTextAsItIs && m_isAscii && text->size() <= PrintFormat::longestText
+        return m_hints.showsTextAsItIs && m_isAscii && isAscii(*text) && text->size() <= PrintFormat::longestText
                    ? holdsIgnoringCase(*text, m_wanted)
                    : matchesShown(value);
     if (!m_hints.valuesRecur)

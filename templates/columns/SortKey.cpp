@@ -1,5 +1,6 @@
 #include "templates/columns/SortKey.h"
 
+#include "util/text/Ascii.h"
 #include "util/text/FoldCase.h"
 
 #include <algorithm>
@@ -16,11 +17,6 @@ namespace
 // A number in a text is led by its count of digits, of which a byte tells so many.
 constexpr std::size_t mostDigitsTold = 200;
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 /// A text that compares byte by byte as the original does letter by letter: case folded, and each number in it led by
 /// its count of digits, so that a longer number is a larger one.
 std::string comparableText(std::string_view text)
@@ -30,15 +26,15 @@ std::string comparableText(std::string_view text)
     key.reserve(folded.size() + 8);
     for (std::size_t i = 0; i < folded.size();)
     {
-        if (!isDigit(folded[i]))
+        if (!util::isAsciiDigit(folded[i]))
         {
             key += folded[i++];
             continue;
         }
-        while (i + 1 < folded.size() && folded[i] == '0' && isDigit(folded[i + 1]))
+        while (i + 1 < folded.size() && folded[i] == '0' && util::isAsciiDigit(folded[i + 1]))
             ++i;
         std::size_t end = i;
-        while (end < folded.size() && isDigit(folded[end]))
+        while (end < folded.size() && util::isAsciiDigit(folded[end]))
             ++end;
         // A digit in front, so that numbers sort between '/' and ':' as they did.
         key += '0';

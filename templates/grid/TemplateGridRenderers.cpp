@@ -1,6 +1,6 @@
 #include "templates/grid/TemplateGridRenderers.h"
 
-#include "frame/looks/PaletteColour.h"
+#include "frame/PaletteColour.h"
 #include "frame/looks/VisualManager.h"
 #include "templates/grid/GridSizing.h"
 

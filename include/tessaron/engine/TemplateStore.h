@@ -1,6 +1,8 @@
 #ifndef TESSARON_ENGINE_TEMPLATESTORE_H
 #define TESSARON_ENGINE_TEMPLATESTORE_H
 
+// Stability: stable.
+
 #include <tessaron/engine/TechnologyExpertData.h>
 #include <tessaron/engine/TemplateInfo.h>
 #include <tessaron/engine/TemplatePath.h>

@@ -1,7 +1,7 @@
 #include "engine/templates/TemplateListing.h"
-#include "engine/templates/Folder.h"
 #include "engine/templates/Parallel.h"
 #include "tests/support/TemporaryFolder.h"
+#include "util/platform/Folder.h"
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
@@ -37,7 +37,7 @@ protected:
     std::size_t list()
     {
         std::size_t reads = 0;
-        code = store::listTemplates(store::Folder(folder.path()), templates, &reads);
+        code = store::listTemplates(util::Folder(folder.path()), templates, &reads);
         return reads;
     }
     double diameter(std::size_t i) const { return templates[i].numberOr(keys::toolDiameter, -1); }

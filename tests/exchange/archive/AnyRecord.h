@@ -36,7 +36,7 @@ std::string rewritten(const std::string& archive, exchange::ArchiveFormat format
     Record record{};
     exchange::readArchive(in, record);
     std::ostringstream out;
-    if constexpr (exchange::archive::isXmlOnly(exchange::archive::RecordKindOf<Record>::value))
+    if constexpr (!exchange::archive::hasBinary<Record>)
         exchange::writeArchive(out, record);
     else
         exchange::writeArchive(out, record, format);
