@@ -21,7 +21,7 @@ constexpr int notFinished = -1;
 constexpr int quit = 0;
 constexpr int noWindow = 2;
 
-// Keeps the user out of the host's windows while the manager is up, and lets him in again on every way out.
+// Disables the host's windows while the manager is up, and enables them again on every way out.
 class OwnerLock
 {
 public:

@@ -8,7 +8,7 @@
 #include "templates/TemplateManagerFrameWnd.h"
 #include "templates/TemplateManagerIds.h"
 #include "templates/dialogs/SaveOperationTemplateDialog.h"
-#include "templates/grid/GridPlace.h"
+#include "templates/grid/GridSetup.h"
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/button.h>
@@ -40,9 +40,9 @@ constexpr bool titleVariant = true;
 } // namespace
 
 TemplateManagerFormView::TemplateManagerFormView(wxFrame& frame, const TemplateManagerInputs& inputs)
-    : m_frame(frame), m_inputs(inputs), m_user(frame),
-      m_session(inputs.kind, inputs.selector, inputs.path, *inputs.current, m_user),
-      m_commands(frame, m_session, m_user, inputs.path)
+    : m_frame(frame), m_inputs(inputs), m_prompts(frame),
+      m_session(inputs.kind, inputs.selector, inputs.path, *inputs.current, m_prompts),
+      m_commands(frame, m_session, m_prompts, inputs.path)
 {
 }
 
@@ -75,7 +75,7 @@ bool TemplateManagerFormView::makeControls()
     m_commands.setGrid(*m_grid);
     // After the grid: the buttons follow its selection.
     m_session.addObserver(*this);
-    takeOverFrame(*m_grid, frameForGrid);
+    replacePlaceholder(*m_grid, frameForGrid);
     if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
     {
         for (int theme = 0; theme < visualThemeCount; ++theme)

@@ -4,7 +4,7 @@
 #include "controls/ControlMover.h"
 #include "templates/TemplateManagerCommands.h"
 #include "templates/TemplateSession.h"
-#include "templates/TemplateWindowUser.h"
+#include "templates/TemplateWindowPrompts.h"
 
 #include <wx/panel.h>
 
@@ -67,7 +67,7 @@ private:
     void rowsReordered(const std::vector<std::size_t>&) override {}
     void rowsEdited() override { updateButtons(); }
 
-    /// The user is not done yet. Events of his may still come when he is.
+    /// False once the window has a result; events may still arrive after that.
     bool isRunning() const { return m_slot && *m_slot == -1; }
     bool makeControls();
     void bindControls();
@@ -82,7 +82,7 @@ private:
 
     wxFrame& m_frame;
     TemplateManagerInputs m_inputs;
-    TemplateWindowUser m_user;
+    TemplateWindowPrompts m_prompts;
     TemplateSession m_session;
     TemplateManagerCommands m_commands;
     ControlMover m_mover;

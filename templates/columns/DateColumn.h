@@ -4,8 +4,10 @@
 #include "templates/columns/CellNumber.h"
 #include "templates/columns/GridColumnInfo.h"
 #include "templates/columns/LocalTime.h"
+#include "util/text/Ascii.h"
 #include "util/text/FoldCase.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace TessaronResources
@@ -64,9 +66,7 @@ private:
     /// A text with each digit replaced by a zero.
     static std::string shape(std::string text)
     {
-        for (char& c : text)
-            if (c >= '0' && c <= '9')
-                c = '0';
+        std::replace_if(text.begin(), text.end(), util::isAsciiDigit, '0');
         return text;
     }
 };

@@ -5,7 +5,7 @@
 #include "frame/native/NativeToolkit.h"
 #include "templates/columns/ColumnKinds.h"
 #include "templates/grid/GridFont.h"
-#include "templates/grid/GridPlace.h"
+#include "templates/grid/GridSetup.h"
 #include "templates/grid/GridSizing.h"
 #include "templates/grid/TemplateGridTable.h"
 
@@ -136,7 +136,7 @@ void TemplateManagerGrid::setUpColumn(const GridColumnPtr& column)
 void TemplateManagerGrid::applyLook()
 {
     finishEdit();
-    colourGrid(*this);
+    applyPalette(*this);
     wxFont font = gridFont(m_session.info().preferences.font);
     SetDefaultCellFont(font);
     SetLabelFont(font);
