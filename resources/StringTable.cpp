@@ -55,8 +55,7 @@ constexpr Entry table[] = {
     {texts::linkPreference, "0: rapid move links, 10: high-feed links"},
 };
 
-static_assert(std::ranges::adjacent_find(table, std::greater_equal{}, &Entry::id) == std::end(table),
-              "the string table is in strictly ascending order");
+static_assert(std::ranges::adjacent_find(table, std::greater_equal{}, &Entry::id) == std::end(table));
 
 } // namespace
 
