@@ -1,6 +1,7 @@
 // A host that runs GTK's own loop and knows nothing of the toolkit.
 #include "tests/progress/ScriptedProgress.h"
 #include <tessaron/frame/EntryPoints.h>
+#include <tessaron/progress/ProgressDialog.h>
 
 #include <boost/make_shared.hpp>
 
@@ -60,14 +61,19 @@ void runHost(HostState& host)
     g_source_remove(timer);
 }
 
-TEST(NativeLoopHost, TheToolkitStartsInItWithoutAWordAndLeavesItsName)
+TEST(NativeLoopHost, AWindowOfItsOwnStartsTheToolkitWithoutAWordAndLeavesTheHostItsName)
 {
-    HostState host;
-    host.progress->report(-1.0);
+    const auto progress = boost::make_shared<ScriptedProgress>();
+    const auto cancelled = boost::make_shared<bool>(false);
     testing::internal::CaptureStderr();
-    runHost(host);
+    auto* const dialog = new TessaronResources::ProgressDialog(1000, "Own", progress, cancelled, nullptr);
+    dialog->makeWindow();
+    EXPECT_TRUE(dialog->IsShown());
+    progress->report(-1.0);
+    dialog->doProgressLoop();
+    dialog->DestroyWindow();
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    EXPECT_EQ(host.result, 1);
+    EXPECT_EQ(progress->m_polls, 1);
     EXPECT_STREQ(g_get_prgname(), hostName);
 }
 
