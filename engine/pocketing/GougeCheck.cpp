@@ -24,7 +24,7 @@ void GougeCheck::check(const Ring& ring, const jobs::CancelFlag& cancel) const
 
 void GougeCheck::checkPath(const Path& path, const jobs::CancelFlag& cancel) const
 {
-    bool safe = contains(m_stock, path.front()) && !contains(m_part, path.front());
+    bool safe = m_stockIndex.encloses(path.front()) && !m_partIndex.encloses(path.front());
     for (std::size_t i = 0; safe && i < path.size(); ++i)
     {
         cancel.check();

@@ -2,11 +2,14 @@
 
 #include "engine/pocketing/ContourClusters.h"
 #include "engine/pocketing/SegmentIndex.h"
+#include "engine/pocketing/Thinning.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <iterator>
+#include <limits>
+#include <optional>
 #include <utility>
 
 namespace exchange::pocketing
@@ -113,42 +116,60 @@ GrownHoles growHoles(Paths holes, double distance, const OffsetTolerance& tolera
     return grown;
 }
 
-double squaredDistance(const IntPoint& point, const IntPoint& start, const IntPoint& end)
+/// Gives each island, counter-clockwise, to the area it lies in, as a hole. Nothing else comes near these islands.
+void placeIslands(Paths islands, std::vector<Area>& areas, const CancelFlag& cancel)
 {
-    const auto dx = static_cast<double>(end.X - start.X);
-    const auto dy = static_cast<double>(end.Y - start.Y);
-    const auto px = static_cast<double>(point.X - start.X);
-    const auto py = static_cast<double>(point.Y - start.Y);
-    const double length2 = dx * dx + dy * dy;
-    const double t = length2 > 0 ? std::clamp((px * dx + py * dy) / length2, 0.0, 1.0) : 0.0;
-    return (px - t * dx) * (px - t * dx) + (py - t * dy) * (py - t * dy);
+    if (islands.empty())
+        return;
+    std::vector<Box> boxes;
+    boxes.reserve(areas.size());
+    for (const Area& area : areas)
+        boxes.push_back(boxOf(area.front()));
+    // The contours of the areas before any island joins them: islands do not lie within each other.
+    std::vector<std::optional<SegmentIndex>> indices(areas.size());
+    for (Path& island : islands)
+    {
+        cancel.check();
+        const Box box = boxOf(island);
+        for (std::size_t i = 0; i < areas.size(); ++i)
+        {
+            if (!boxes[i].overlaps(box))
+                continue;
+            if (!indices[i])
+                indices[i].emplace(areas[i]);
+            if (!indices[i]->encloses(island.front()))
+                continue;
+            ClipperLib::ReversePath(island);
+            areas[i].push_back(std::move(island));
+            break;
+        }
+    }
 }
 
-/// Marks the points of an open run that must stay.
-void keepFarPoints(const Path& path, std::size_t first, std::size_t last, double tolerance, std::vector<char>& keep)
+/// Whether nothing can remain of an area that shrinks by a distance: no disc of that radius fits into its outer contour.
+/// Looks at the contour's size and its widths only.
+bool vanishes(const Path& outer, double distance)
 {
-    std::vector<std::pair<std::size_t, std::size_t>> runs{{first, last}};
-    while (!runs.empty())
+    const double halfTurn = std::acos(-1.0);
+    if (ClipperLib::Area(outer) < halfTurn * distance * distance)
+        return true;
+    constexpr int directions = 4;
+    for (int i = 0; i < directions; ++i)
     {
-        const auto [start, end] = runs.back();
-        runs.pop_back();
-        double greatest = tolerance * tolerance;
-        std::size_t farthest = start;
-        for (std::size_t i = start + 1; i < end; ++i)
+        const double x = std::cos(halfTurn * i / directions);
+        const double y = std::sin(halfTurn * i / directions);
+        double least = std::numeric_limits<double>::infinity();
+        double greatest = -least;
+        for (const IntPoint& point : outer)
         {
-            const double distance = squaredDistance(path[i], path[start], path[end % path.size()]);
-            if (distance > greatest)
-            {
-                greatest = distance;
-                farthest = i;
-            }
+            const double along = static_cast<double>(point.X) * x + static_cast<double>(point.Y) * y;
+            least = std::min(least, along);
+            greatest = std::max(greatest, along);
         }
-        if (farthest == start)
-            continue;
-        keep[farthest] = 1;
-        runs.emplace_back(start, farthest);
-        runs.emplace_back(farthest, end);
+        if (greatest - least < 2 * distance)
+            return true;
     }
+    return false;
 }
 
 } // namespace
@@ -165,6 +186,8 @@ std::vector<Area> subtract(const Paths& from, const Paths& loops)
 
 std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel)
 {
+    if (vanishes(area.front(), distance))
+        return {};
     const ContourClusters clusters = clusterContours(area, distance);
     cancel.check();
     PolyTree tree;
@@ -179,22 +202,7 @@ std::vector<Area> shrink(const Area& area, double distance, const OffsetToleranc
         std::move(grown.islands.begin(), grown.islands.end(), std::back_inserter(islands));
         std::move(grown.enclosed.begin(), grown.enclosed.end(), std::back_inserter(areas));
     }
-    // Nothing else comes near these islands: each is a hole of the area it lies in.
-    std::vector<Box> boxes;
-    boxes.reserve(areas.size());
-    for (const Area& candidate : areas)
-        boxes.push_back(boxOf(candidate.front()));
-    for (Path& island : islands)
-    {
-        cancel.check();
-        for (std::size_t i = 0; i < areas.size(); ++i)
-            if (boxes[i].overlaps(boxOf(island)) && contains(areas[i], island.front()))
-            {
-                ClipperLib::ReversePath(island);
-                areas[i].push_back(std::move(island));
-                break;
-            }
-    }
+    placeIslands(std::move(islands), areas, cancel);
     return areas;
 }
 
@@ -215,55 +223,12 @@ std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& ot
     return areasOf(tree, tolerance);
 }
 
-Path simplified(const Path& path, double tolerance)
-{
-    if (path.size() < 3)
-        return {};
-    // Split where the loop is farthest from its first point, so that both runs have ends apart.
-    std::size_t opposite = 0;
-    double greatest = 0;
-    for (std::size_t i = 1; i < path.size(); ++i)
-    {
-        const double distance = squaredDistance(path[i], path[0], path[0]);
-        if (distance > greatest)
-        {
-            greatest = distance;
-            opposite = i;
-        }
-    }
-    if (greatest <= tolerance * tolerance)
-        return {};
-    std::vector<char> keep(path.size(), 0);
-    keep[0] = 1;
-    keep[opposite] = 1;
-    keepFarPoints(path, 0, opposite, tolerance, keep);
-    keepFarPoints(path, opposite, path.size(), tolerance, keep);
-    Path result;
-    for (std::size_t i = 0; i < path.size(); ++i)
-        if (keep[i])
-            result.push_back(path[i]);
-    return result;
-}
-
 double sizeOf(const Area& area)
 {
     double size = 0;
     for (const Path& contour : area)
         size += ClipperLib::Area(contour);
     return size;
-}
-
-bool contains(const Paths& loops, const IntPoint& point)
-{
-    bool inside = false;
-    for (const Path& loop : loops)
-    {
-        const int side = ClipperLib::PointInPolygon(point, loop);
-        if (side < 0)
-            return false;
-        inside = inside != (side == 1);
-    }
-    return inside;
 }
 
 } // namespace exchange::pocketing

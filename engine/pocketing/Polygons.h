@@ -35,15 +35,8 @@ std::vector<Area> shrink(const Area& area, double distance, const OffsetToleranc
 std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& others, double distance,
                             const OffsetTolerance& tolerance, const jobs::CancelFlag& cancel);
 
-/// The closed path without the points that lie within the tolerance of what then remains (Douglas and Peucker 1973).
-/// Empty when nothing remains but a speck of the size of the tolerance.
-Path simplified(const Path& path, double tolerance);
-
 /// The size of an area, in square steps.
 double sizeOf(const Area& area);
-
-/// Whether a point lies in the interior of the area that loops bound, alternating between inside and outside.
-bool contains(const Paths& loops, const IntPoint& point);
 
 } // namespace exchange::pocketing
 

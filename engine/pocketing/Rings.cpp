@@ -1,6 +1,7 @@
 #include "engine/pocketing/Rings.h"
 
 #include "engine/jobs/JobError.h"
+#include "engine/pocketing/SegmentIndex.h"
 #include <tessaron/exchange/StatusTable.h>
 
 #include <algorithm>
@@ -101,8 +102,11 @@ void RingBuilder::addLeftovers(Ring& ring) const
 std::vector<Ring*> RingBuilder::takeInside(const Ring& ring, std::vector<Ring*>& candidates)
 {
     std::vector<Ring*> inside;
-    const auto isInside = [&ring](const Ring* candidate)
-    { return contains(ring.contours, candidate->contours.front().front()); };
+    if (candidates.empty())
+        return inside;
+    const SegmentIndex index(ring.contours);
+    const auto isInside = [&index](const Ring* candidate)
+    { return index.encloses(candidate->contours.front().front()); };
     std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(inside), isInside);
     std::erase_if(candidates, isInside);
     return inside;

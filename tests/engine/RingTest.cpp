@@ -3,6 +3,7 @@
 #include "engine/pocketing/LevelWriter.h"
 #include "engine/pocketing/RingOrder.h"
 #include "engine/pocketing/Rings.h"
+#include "engine/pocketing/Thinning.h"
 
 #include <gtest/gtest.h>
 
@@ -131,13 +132,36 @@ TEST(Shrink, contoursTakenApartGiveTheResultOfAllTogether)
     }
 }
 
+TEST(Shrink, farPastTheMiddleNothingRemains)
+{
+    const CancelFlag cancel;
+    const Path sliver = {{0, 0}, {100000, 99000}, {100000, 100000}, {0, 1000}};
+    const Path l = {{0, 0}, {100000, 0}, {100000, 20000}, {20000, 20000}, {20000, 100000}, {0, 100000}};
+    const struct
+    {
+        Path outer;
+        double distance;
+        bool remains;
+    } cases[] = {
+        {square(0, 0, 100000), 49990, true},
+        {square(0, 0, 100000), 50010, false},
+        {square(0, 0, 100000), 1e9, false},
+        {sliver, 340, true},
+        {sliver, 370, false},
+        {l, 10500, true},
+        {l, 14000, false},
+    };
+    for (const auto& test : cases)
+        EXPECT_EQ(shrink({test.outer}, test.distance, {2, 0}, cancel).empty(), !test.remains) << test.distance;
+}
+
 TEST(Simplified, dropsOnlyWhatLiesWithinTheTolerance)
 {
     const Path path = {{0, 0}, {500, 3}, {1000, 0}, {1000, 1000}, {500, 1020}, {0, 1000}};
     EXPECT_EQ(simplified(path, 5).size(), 5U);
     EXPECT_EQ(simplified(path, 2).size(), 6U);
     EXPECT_EQ(simplified(path, 30).size(), 4U);
-    EXPECT_TRUE(simplified({{0, 0}, {3, 0}, {3, 3}, {0, 3}}, 10).empty());
+    EXPECT_TRUE(simplified(Path{{0, 0}, {3, 0}, {3, 3}, {0, 3}}, 10).empty());
 }
 
 TEST(GougeCheck, findsEveryKindOfGouge)
