@@ -184,6 +184,18 @@ std::vector<Area> subtract(const Paths& from, const Paths& loops)
     return areasOf(tree, {});
 }
 
+Paths grown(const Paths& loops, double distance, const OffsetTolerance& tolerance)
+{
+    Paths all;
+    for (const Area& area : subtract(loops, {}))
+        all.insert(all.end(), area.begin(), area.end());
+    PolyTree tree;
+    offset(all, distance, tolerance, tree);
+    Paths result;
+    ClipperLib::PolyTreeToPaths(tree, result);
+    return result;
+}
+
 std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel)
 {
     if (vanishes(area.front(), distance))

@@ -25,6 +25,9 @@ struct OffsetTolerance
 /// and outside.
 std::vector<Area> subtract(const Paths& from, const Paths& loops);
 
+/// What loops, alternating between inside and outside, become when they grow by a distance.
+Paths grown(const Paths& loops, double distance, const OffsetTolerance& tolerance);
+
 /// The connected areas that remain of an area when it shrinks by a distance, 0 or more.
 /// \throws jobs::Cancelled when cancelled between two operations
 std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance,

@@ -12,6 +12,7 @@
 #include <cmath>
 #include <limits>
 #include <locale>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -172,6 +173,36 @@ void checkTolerance(const PocketingParameters& parameters, const Grid& grid, dou
     throw JobError(status::internalError, text.str(), util::keys::cutTolerance);
 }
 
+/// Where areas of material lie that no region is in. Specks of the size of the tolerances do not count.
+std::vector<Point> unreachedPlaces(const std::vector<Area>& material, const RegionPlan& plan)
+{
+    std::vector<Box> regionBoxes;
+    for (const Area& region : plan.regions)
+        regionBoxes.push_back(boxOf(region.front()));
+    std::vector<Point> places;
+    for (const Area& area : material)
+    {
+        const Box box = boxOf(area.front());
+        std::optional<SegmentIndex> index;
+        bool reached = false;
+        for (std::size_t i = 0; i < plan.regions.size() && !reached; ++i)
+        {
+            if (!box.overlaps(regionBoxes[i]))
+                continue;
+            if (!index)
+                index.emplace(area);
+            const Path& outer = plan.regions[i].front();
+            reached = std::any_of(outer.begin(), outer.end(), [&](const IntPoint& p) { return index->encloses(p); });
+        }
+        const double speck = 16 * plan.tolerance.simplify;
+        const double width = static_cast<double>(std::min(box.right - box.left, box.top - box.bottom));
+        if (!reached && width > speck && sizeOf(area) > speck * speck * 4)
+            places.push_back(plan.grid.toPoint(static_cast<double>(box.left + box.right) / 2,
+                                               static_cast<double>(box.bottom + box.top) / 2));
+    }
+    return places;
+}
+
 } // namespace
 
 RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters& parameters, const CancelFlag& cancel,
@@ -196,8 +227,10 @@ RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters&
     checkLoops(plan.part, SegmentIndex(plan.part), plan.grid, cancel);
     done(0.6);
 
-    const std::vector<Area> areas = subtract(toGrid(stock.thinned, plan.grid), toGrid(part.thinned, plan.grid));
-    if (areas.empty())
+    const Paths stockLoops = toGrid(stock.thinned, plan.grid);
+    const Paths partLoops = toGrid(part.thinned, plan.grid);
+    const std::vector<Area> material = subtract(stockLoops, partLoops);
+    if (material.empty())
         throw JobError(status::notASingleClosedRegion, statusText(status::notASingleClosedRegion));
     cancel.check();
     done(0.8);
@@ -206,12 +239,17 @@ RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters&
     // Each approximation errs by its share at most: with all three added the tool stays clear in any case.
     const double distance = plan.grid.toSteps(parameters.clearance() + 3 * share) + roundingSteps;
     if (distance < extent)
-        for (const Area& area : areas)
+    {
+        // An edge of the stock that is no wall is no limit: with room beyond it, the axis may go up to the edge.
+        const OffsetTolerance exact{plan.tolerance.arc, 0};
+        for (const Area& area : subtract(grown(stockLoops, distance, exact), partLoops))
         {
             cancel.check();
             for (Area& region : shrink(area, distance, plan.tolerance, cancel))
                 plan.regions.push_back(std::move(region));
         }
+    }
+    plan.unreached = unreachedPlaces(material, plan);
     if (plan.regions.empty())
         throw JobError(status::noToolpath, statusText(status::noToolpath));
     done(1.0);

@@ -42,6 +42,12 @@ RingBuilder::RingBuilder(RingStore& store, const RingSteps& steps, const jobs::C
 {
 }
 
+std::vector<Ring*> RingBuilder::addInside(Ring& ring, double distance) const
+{
+    ring.children = shrunk(ring, distance);
+    return ring.children;
+}
+
 void RingBuilder::buildBlock(Ring& start, const BlockSink& nextBlock, const AreaSink& areaDone) const
 {
     std::vector<Ring*> next = shrunk(start, blockRings * m_steps.stepover);

@@ -3,6 +3,7 @@
 
 #include "engine/jobs/CancelFlag.h"
 #include "engine/pocketing/Polygons.h"
+#include "engine/pocketing/moves/PlaneMove.h"
 
 #include <cstddef>
 #include <deque>
@@ -20,6 +21,9 @@ struct Ring
     Area contours;
     /// Closed cuts for what neither this ring nor the ones inside it would remove.
     Paths leftovers;
+    /// The contours and leftovers as lines and arcs, once the rings are finished; then the points are let go.
+    std::vector<Track> loops;
+    std::vector<Track> leftoverLoops;
     /// The rings inside this one, one stepover away, in a fixed order.
     std::vector<Ring*> children;
 };
@@ -67,6 +71,8 @@ public:
 
     RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel);
 
+    /// Adds the rings at a distance inside a ring, as its children.
+    std::vector<Ring*> addInside(Ring& ring, double distance) const;
     /// Builds the rings inside `start`, as many as make a block.
     void buildBlock(Ring& start, const BlockSink& nextBlock, const AreaSink& areaDone) const;
 

@@ -82,11 +82,11 @@ TEST_P(PocketingShapes, neverGougesAndClearsAllReachable)
     const Tessaron2dInput input = GetParam().make();
     const auto toolpath = toolpathOf(input);
     ASSERT_TRUE(toolpath);
-    const cuts::Levels levels = cuts::levelsOf(*toolpath, input.parameters);
-    EXPECT_EQ(levels.size(), static_cast<std::size_t>(GetParam().levels));
-    EXPECT_EQ(levels.begin()->first, input.parameters.numberOr(keys::zDepth, 0));
-    cuts::checkNoGouge(input, levels);
-    cuts::checkCoverage(input, levels, 0.8);
+    const cuts::Cuts cuts = cuts::cutsOf(*toolpath, input);
+    ASSERT_EQ(cuts.levels.size(), static_cast<std::size_t>(GetParam().levels));
+    EXPECT_EQ(cuts.levels.begin()->first, input.parameters.numberOr(keys::zDepth, 0));
+    cuts::checkNoGouge(input, cuts);
+    cuts::checkCoverage(input, cuts.levels, 0.8);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, PocketingShapes, testing::ValuesIn(allShapes),

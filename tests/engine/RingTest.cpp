@@ -1,7 +1,6 @@
 #include "engine/jobs/JobError.h"
 #include "engine/pocketing/GougeCheck.h"
-#include "engine/pocketing/LevelWriter.h"
-#include "engine/pocketing/RingOrder.h"
+#include "engine/pocketing/PocketingParameters.h"
 #include "engine/pocketing/Rings.h"
 #include "engine/pocketing/Thinning.h"
 
@@ -9,7 +8,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <map>
 
 // Rings, their check, their order and the records made of them.
 
@@ -164,114 +162,6 @@ TEST(Simplified, dropsOnlyWhatLiesWithinTheTolerance)
     EXPECT_TRUE(simplified(Path{{0, 0}, {3, 0}, {3, 3}, {0, 3}}, 10).empty());
 }
 
-TEST(GougeCheck, findsEveryKindOfGouge)
-{
-    const GougeCheck check({square(40000, 40000, 20000)}, {square(0, 0, 100000)}, 1000);
-    const CancelFlag cancel;
-    const auto ring = [](const Path& path)
-    {
-        Ring made;
-        made.contours = {path};
-        return made;
-    };
-    EXPECT_NO_THROW(check.check(ring(square(10000, 10000, 20000)), cancel));
-    EXPECT_NO_THROW(check.check(ring(square(1000, 1000, 98000)), cancel));
-    const std::map<const char*, Path> gouging = {
-        {"too near to the part", square(10000, 10000, 29300)},
-        {"through a corner of the part", {{39000, 50000}, {50000, 39000}, {30000, 30000}}},
-        {"too near to the edge of the stock", square(999, 1000, 20000)},
-        {"inside the part", square(45000, 45000, 5000)},
-        {"outside the stock", square(200000, 200000, 5000)},
-    };
-    for (const auto& [name, path] : gouging)
-        EXPECT_THROW(check.check(ring(path), cancel), JobError) << name;
-    Ring leftover = ring(square(10000, 10000, 20000));
-    leftover.leftovers = {square(45000, 45000, 5000)};
-    EXPECT_THROW(check.check(leftover, cancel), JobError);
-}
-
-TEST(RingOrder, insideFirstAndNearestFirst)
-{
-    Ring outer;
-    Ring left;
-    Ring right;
-    Ring inRight;
-    outer.contours = {square(0, 0, 1000)};
-    left.contours = {square(10, 10, 300)};
-    right.contours = {square(600, 10, 300)};
-    inRight.contours = {square(700, 110, 100)};
-    right.leftovers = {square(610, 20, 10)};
-    right.children = {&inRight};
-    outer.children = {&left, &right};
-
-    const CancelFlag cancel;
-    IntPoint from(900, 0);
-    const std::vector<Pass> passes = orderRings(outer, from, cancel);
-    std::vector<const Path*> order;
-    order.reserve(passes.size());
-    for (const Pass& pass : passes)
-        order.push_back(pass.path);
-    EXPECT_EQ(order, (std::vector<const Path*>{&inRight.contours[0], &right.leftovers[0], &right.contours[0],
-                                               &left.contours[0], &outer.contours[0]}));
-    // From (600, 10) or so the nearest corner of the left square is its lower right one.
-    EXPECT_EQ((*passes[3].path)[passes[3].start], IntPoint(310, 10));
-}
-
-namespace
-{
-
-struct Written
-{
-    PocketingParameters parameters;
-    Path path = square(0, 0, 10);
-
-    Written()
-    {
-        parameters.rapidPlaneZ = 20;
-        parameters.feedrate = 800;
-        parameters.rampFeedrate = 300;
-    }
-    /// "R x y z", "L x y z" or "F feed", for short.
-    std::vector<std::string> records() const
-    {
-        const CancelFlag cancel;
-        std::vector<std::string> texts;
-        for (const exchange::ToolpathRecord& record :
-             writeLevel({{&path, 1}}, -4, -2, parameters, Grid(), cancel, [](double) {}))
-        {
-            const auto point = [](const geom::PointNd<3>& p)
-            {
-                return std::to_string(static_cast<int>(p[0])) + " " + std::to_string(static_cast<int>(p[1])) + " " +
-                       std::to_string(static_cast<int>(p[2]));
-            };
-            if (const auto* rapid = boost::get<exchange::RapidMove>(&record))
-                texts.push_back("R " + point(rapid->endPt));
-            else if (const auto* linear = boost::get<exchange::LinearMove>(&record))
-                texts.push_back("L " + point(linear->endPt));
-            else if (const auto* feed = boost::get<exchange::FeedRate>(&record))
-                texts.push_back("F " + std::to_string(static_cast<int>(feed->feedrate)));
-        }
-        return texts;
-    }
-};
-
-} // namespace
-
-TEST(LevelWriter, onePass)
-{
-    Written written;
-    EXPECT_EQ(written.records(), (std::vector<std::string>{"R 10 0 20", "F 300", "L 10 0 -4", "F 800", "L 10 10 -4",
-                                                           "L 0 10 -4", "L 0 0 -4", "L 10 0 -4", "R 10 0 20"}));
-    written.parameters.counterClockwise = false;
-    written.parameters.plungeClearance = 1;
-    EXPECT_EQ(written.records(),
-              (std::vector<std::string>{"R 10 0 20", "R 10 0 -1", "F 300", "L 10 0 -4", "F 800", "L 0 0 -4",
-                                        "L 0 10 -4", "L 10 10 -4", "L 10 0 -4", "R 10 0 20"}));
-    // A clearance above the rapid plane is no reason to climb.
-    written.parameters.plungeClearance = 100;
-    EXPECT_EQ(written.records()[1], "F 300");
-}
-
 TEST(PocketingParameters, levels)
 {
     struct Case
@@ -280,15 +170,23 @@ TEST(PocketingParameters, levels)
         double bottom;
         double step;
         double stock;
+        double axialStock;
+        double finalStep;
+        std::vector<double> additional;
         std::vector<double> levels;
     };
+    const double none = PocketingParameters::notGiven;
     const Case cases[] = {
-        {0, -5, 3, 0, {-3, -5}},
-        {0, -6, 3, 0, {-3, -6}},
-        {0, -5, 50, 0, {-5}},
-        {2, -1, 1, 0.5, {1, 0, -0.5}},
+        {0, -5, 3, 0, 0, none, {}, {-2.5, -5}},
+        {0, -6, 3, 0, 0, none, {}, {-3, -6}},
+        {0, -5, 50, 0, 0, none, {}, {-5}},
+        {2, -1, 1, 0.75, 0, none, {}, {1.25, 0.5, -0.25}},
         // Ten steps of a tenth come to a little more or less than one.
-        {1, 0, 0.1, 0, {0.9, 0.8, 0.7, 0.6, 0.5, 0.4, 0.3, 0.2, 0.1, 0}},
+        {1, 0, 0.1, 0, 0, none, {}, {0.9, 0.8, 0.7, 0.6, 0.5, 0.4, 0.3, 0.2, 0.1, 0}},
+        {0, -5, 3, 0, 0.2, none, {}, {-2.4, -4.8, -5}},
+        {0, -5, 3, 0, 0, 0.5, {}, {-2.25, -4.5, -5}},
+        {0, -5, 3, 0, 0, none, {-1, -1, 7, -9, -5}, {-1, -3, -5}},
+        {0, -6, 3, 0, 0.5, 1, {-4}, {-2, -4, -5, -5.5, -6}},
     };
     for (const Case& test : cases)
     {
@@ -297,6 +195,9 @@ TEST(PocketingParameters, levels)
         parameters.zDepth = test.bottom;
         parameters.depthOfCut = test.step;
         parameters.zStockToLeave = test.stock;
+        parameters.partAxialStock = test.axialStock;
+        parameters.finalStepHeight = test.finalStep;
+        parameters.additionalCutDepths = test.additional;
         const std::vector<double> levels = parameters.levels();
         ASSERT_EQ(levels.size(), test.levels.size());
         for (std::size_t i = 0; i < levels.size(); ++i)
