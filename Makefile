@@ -3,41 +3,42 @@
 PRESET ?= release
 BUILD = build/$(PRESET)
 JOBS ?= $(shell nproc)
-SUDO = $(shell [ "$$(id -u)" = 0 ] || echo sudo)
+# Tests of windows wait most of their time.
+TEST_JOBS ?= $(shell expr $(JOBS) + 2)
 PACKAGES = $(shell sed 's/\#.*//' packages.txt)
 
 PREFIX ?= /usr/local
 
-.PHONY: all run test bench check check-format format docs install package setup clean
+.PHONY: all run test bench check check-all check-format format docs install package setup clean
 
 all: $(BUILD)/build.ninja
 	cmake --build $(BUILD) -j $(JOBS)
 
 # Installs what is missing, and asks for rights only then.
 setup:
-	@missing=$$(for p in $(PACKAGES); do dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q 'ok installed' || echo $$p; done); \
-	if [ -n "$$missing" ]; then \
-	  echo "Installing: $$missing"; \
-	  $(SUDO) apt-get update -qq && \
-	  $(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $$missing; \
-	fi
+	@tools/install-packages $(foreach package,$(PACKAGES),'$(package)')
 
 $(BUILD)/build.ninja: packages.txt | setup
 	cmake --preset $(PRESET)
 
-run: setup all
+# The host, or without a display its tour; nothing else is built.
+run: setup $(BUILD)/build.ninja
+	cmake --build $(BUILD) -j $(JOBS) --target $(if $(DISPLAY)$(WAYLAND_DISPLAY),tessaron-host,tessaron-tour)
 	tools/run-host $(BUILD)
 
 test: setup all
-	ctest --test-dir $(BUILD) --output-on-failure
+	ctest --test-dir $(BUILD) --output-on-failure -j $(TEST_JOBS)
 
-bench: setup all
-	cmake --build $(BUILD) --target bench
+bench: setup $(BUILD)/build.ninja
+	cmake --build $(BUILD) -j $(JOBS) --target bench
+	tools/bench $(BUILD)
 
-# In a folder of its own: clang cannot read the precompiled headers of another compiler.
-check: setup
+# The analysis takes minutes: `check` looks at what differs from the last release, or includes what does, and `check-all`
+# at everything. It has a build folder of its own, since clang cannot read the precompiled headers of another compiler.
+check: CHECK_SINCE = --since $(shell cat cmake/last-release)
+check check-all: setup
 	cmake --preset $(PRESET) -B build/check -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON
-	tools/check build/check
+	tools/check build/check $(CHECK_SINCE)
 
 check-format: setup
 	git ls-files '*.h' '*.cpp' '*.c' | xargs clang-format --dry-run -Werror

@@ -43,7 +43,7 @@ endfunction()
 tessaron_pkgconfig(TessaronExchange DESCRIPTION "Exchange records of CNC toolpath generation, and their archives"
   LIBS "-lboost_serialization")
 tessaron_pkgconfig(TessaronEngines DESCRIPTION "Toolpath jobs, operation templates and cutting data"
-  REQUIRES TessaronExchange LIBS "-lboost_thread")
+  REQUIRES TessaronExchange)
 tessaron_pkgconfig(TessaronResources DESCRIPTION "The user interface of CNC toolpath generation"
   REQUIRES TessaronEngines)
 
@@ -60,5 +60,5 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 # What hosts need to be built, and what opens the help files.
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libwxgtk3.2-dev, libboost1.81-dev, libboost-serialization1.81-dev, libboost-thread1.81-dev, xdg-utils, xchm | okular-extra-backends")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libwxgtk3.2-dev, libboost1.81-dev | libboost-dev (>= 1.81), libboost-serialization1.81-dev | libboost-serialization-dev (>= 1.81), xdg-utils, xchm | okular-extra-backends")
 include(CPack)

@@ -35,9 +35,9 @@ wxColour tinted(const wxColour& colour, const wxColour& tint)
 } // namespace
 
 CHMXEdit::CHMXEdit()
-    : m_normalLook{wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT),
-                   wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW)},
-      m_errorLook{m_normalLook.text, tinted(m_normalLook.background, *wxRED)}
+    : m_normalColours{wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT),
+                      wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW)},
+      m_errorColours{m_normalColours.text, tinted(m_normalColours.background, *wxRED)}
 {
     Bind(wxEVT_CHAR, &CHMXEdit::onChar, this);
     Bind(wxEVT_TEXT_PASTE, [this](wxClipboardTextEvent& event) { ignoreUnlessEditable(event); });
@@ -70,9 +70,9 @@ void CHMXEdit::SetEditable(bool editable)
 void CHMXEdit::setError()
 {
     if (!m_error)
-        m_normalLook = {GetForegroundColour(), GetBackgroundColour()};
+        m_normalColours = {GetForegroundColour(), GetBackgroundColour()};
     m_error = true;
-    draw(m_errorLook);
+    draw(m_errorColours);
     // In this order: GTK drops the selection when it moves the caret.
     ShowPosition(GetInsertionPoint());
     SelectAll();
@@ -83,13 +83,13 @@ void CHMXEdit::clearError()
     if (!m_error)
         return;
     m_error = false;
-    draw(m_normalLook);
+    draw(m_normalColours);
 }
 
-void CHMXEdit::draw(const Look& look)
+void CHMXEdit::draw(const Colours& colours)
 {
-    SetForegroundColour(look.text);
-    SetBackgroundColour(look.background);
+    SetForegroundColour(colours.text);
+    SetBackgroundColour(colours.background);
     Refresh();
 }
 

@@ -24,10 +24,9 @@ public:
     /// the caret into view.
     void setError();
     void clearError();
-    bool hasError() const { return m_error; }
 
 protected:
-    struct Look
+    struct Colours
     {
         wxColour text;
         wxColour background;
@@ -37,7 +36,7 @@ protected:
 
 private:
     bool TryBefore(wxEvent& event) override;
-    void draw(const Look& look);
+    void draw(const Colours& colours);
     void ignoreUnlessEditable(wxEvent& event);
     void showToolTip();
 
@@ -45,8 +44,8 @@ private:
     bool m_toolTipPending = false;
     bool m_error = false;
     bool m_editable = true;
-    Look m_normalLook;
-    Look m_errorLook;
+    Colours m_normalColours;
+    Colours m_errorColours;
 
     wxDECLARE_DYNAMIC_CLASS(CHMXEdit);
 };

@@ -26,7 +26,6 @@ public:
 
     /// Initially true.
     void setGeneralFormat(bool general) { m_generalFormat = general; }
-    bool generalFormat() const { return m_generalFormat; }
 
     /// Reads a text as an expression.
     /// \returns whether all of it was one.

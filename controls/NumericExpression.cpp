@@ -1,5 +1,8 @@
 #include "controls/NumericExpression.h"
 
+#include "util/text/Ascii.h"
+#include "util/text/ReadDouble.h"
+
 #if defined(__GNUC__) && !defined(__clang__)
 // Boost's empty optional attributes, seen through inlining.
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
@@ -23,40 +26,21 @@ namespace
 
 namespace classic = boost::spirit::classic;
 
-constexpr std::string_view blanks = " \t\r\n\v\f";
 constexpr int deepestNesting = 400;
 
 std::string_view withoutLeadingBlanks(std::string_view text)
 {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    text.remove_prefix(std::min(text.find_first_not_of(util::textBlanks), text.size()));
     return text;
 }
 
-std::string_view trimmed(std::string_view text)
-{
-    text = withoutLeadingBlanks(text);
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
-// from_chars takes a minus sign only, and reports a number out of range without saying on which side.
+// from_chars takes a minus sign only. A number that no double holds counts as a zero or an infinity.
 std::from_chars_result readReal(std::string_view text, double& value)
 {
-    const char* const last = text.data() + text.size();
-    const char* first = text.data();
-    if (text.size() > 1 && text[0] == '+' && text[1] != '-')
-        ++first;
-    std::from_chars_result result = std::from_chars(first, last, value);
-    if (result.ec != std::errc::result_out_of_range)
-        return result;
-
-    const std::string_view number(first, result.ptr);
-    const std::size_t exponent = number.find_first_of("eE");
-    const bool tiny = exponent != number.npos ? number.substr(exponent).find('-') != number.npos
-                                              : number.find_first_of("123456789") > number.find('.');
-    value = tiny ? 0.0 : std::numeric_limits<double>::infinity();
-    if (number.starts_with('-'))
-        value = -value;
-    result.ec = std::errc();
+    const bool hasPlus = text.size() > 1 && text[0] == '+' && text[1] != '-';
+    std::from_chars_result result = util::readDouble(text.data() + (hasPlus ? 1 : 0), text.data() + text.size(), value);
+    if (result.ec == std::errc::result_out_of_range)
+        result.ec = std::errc();
     return result;
 }
 
@@ -190,7 +174,7 @@ Evaluation evaluateExpression(std::string_view text)
     Stack stack;
     int depth = 0;
     const ExpressionGrammar grammar(stack, depth);
-    text = trimmed(text); // the skipper takes blanks before tokens, not after the last one
+    text = util::trimmed(text); // the skipper takes blanks before tokens, not after the last one
     const char* const first = text.data();
     const auto info = classic::parse(first, first + text.size(), grammar, classic::chset_p(" \t\r\n\v\f"));
     return {stack.top(), info.full};

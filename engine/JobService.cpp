@@ -12,7 +12,6 @@
 #include <exception>
 #include <memory>
 #include <new>
-#include <sstream>
 #include <utility>
 
 namespace exchange
@@ -34,7 +33,7 @@ void failJob(Job& job, int status, const std::string& text, const std::string& f
 void drive(const std::shared_ptr<Job>& job, std::shared_ptr<const Tessaron2dInput> input)
 {
     JobRegistry& registry = JobRegistry::instance();
-    // Declared outside so that its data are let go after the end of the job has been told.
+    // Declared outside, so that its data are freed after the end of the job has been told.
     pocketing::PocketingJob pocketing(job, std::move(input));
     try
     {
@@ -124,12 +123,7 @@ JobStart startJobFromFile(const std::string& path)
 
 JobStart startJobFromArchive(std::string_view archive, const std::string& name)
 {
-    return startFrom(name,
-                     [archive](Tessaron2dInput& input)
-                     {
-                         std::istringstream stream{std::string(archive)};
-                         readArchive(stream, input);
-                     });
+    return startFrom(name, [archive](Tessaron2dInput& input) { readArchive(archive, input); });
 }
 
 JobInfo jobInfo(int jobId)

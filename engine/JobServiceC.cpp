@@ -1,5 +1,6 @@
 #include <tessaron/engine/JobServiceC.h>
 
+#include "util/text/Utf8.h"
 #include <tessaron/engine/JobService.h>
 #include <tessaron/exchange/Archives.h>
 #include <tessaron/exchange/StatusTable.h>
@@ -23,11 +24,7 @@ std::size_t copyText(std::string_view from, char* text, std::size_t size)
 {
     if (!text || size == 0)
         return from.size();
-    std::size_t length = std::min(from.size(), size - 1);
-    // Bytes 10xxxxxx continue a character: a cut goes before the first byte of one.
-    if (length < from.size())
-        while (length > 0 && (static_cast<unsigned char>(from[length]) & 0xC0) == 0x80)
-            --length;
+    const std::size_t length = util::utf8CutLength(from, size - 1);
     from.copy(text, length);
     text[length] = '\0';
     return from.size();

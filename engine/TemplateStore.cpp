@@ -2,13 +2,14 @@
 
 #include "engine/templates/ExpertDatabase.h"
 #include "engine/templates/FileNames.h"
-#include "engine/templates/Folder.h"
 #include "engine/templates/InfoFile.h"
 #include "engine/templates/SaveTemplate.h"
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateFolder.h"
 #include "engine/templates/TemplateListing.h"
+#include "util/platform/Folder.h"
 #include "util/platform/FolderLock.h"
+#include "util/platform/LibraryFile.h"
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
 
@@ -40,13 +41,13 @@ int guarded(int code, Call call)
     }
 }
 
-int codeOfState(store::FileState state)
+int codeOfState(FileState state)
 {
     switch (state)
     {
-    case store::FileState::ok:
+    case FileState::ok:
         return status::ok;
-    case store::FileState::tooLarge:
+    case FileState::tooLarge:
         return status::templateFormatError;
     default:
         return status::templateReadError;
@@ -56,24 +57,35 @@ int codeOfState(store::FileState state)
 /// Reads a file that may be absent, which gives `codeOfMissing`.
 int readStoreFile(const std::string& path, std::size_t limit, int codeOfMissing, std::string& bytes)
 {
-    store::FileContents contents = store::readFile(path, limit);
-    if (contents.state == store::FileState::missing)
+    FileContents contents = readFile(path, limit);
+    if (contents.state == FileState::missing)
         return codeOfMissing;
     bytes = std::move(contents.bytes);
     return codeOfState(contents.state);
 }
 
-/// Calls `list` with a folder open for reading; one that is not there holds nothing.
-template <class List>
-int withFolder(const std::string& path, List list)
+/// Lists a folder; one that is not there holds nothing.
+int listFolder(const std::string& path, std::vector<Parameterized>* templates, std::vector<FaultyTemplateFile>* faulty)
 {
+    if (templates)
+        templates->clear();
+    if (faulty)
+        faulty->clear();
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const store::Folder folder(store::nativePath(path));
-                       if (folder.state() == store::FileState::ok)
-                           return list(folder);
-                       return folder.state() == store::FileState::missing ? status::ok : status::templateReadError;
+                       const Folder folder(nativePath(path));
+                       if (folder.state() == FileState::missing)
+                           return status::ok;
+                       if (folder.state() != FileState::ok)
+                           return status::templateReadError;
+                       store::TemplateListing listing = store::listTemplates(folder);
+                       if (faulty)
+                           for (const store::FaultyFile& fault : listing.faults)
+                               faulty->push_back({templatePath(folder.path(), fault.fileName), fault.code});
+                       if (templates)
+                           *templates = std::move(listing.templates);
+                       return listing.code;
                    });
 }
 
@@ -93,8 +105,8 @@ int writeSetsFile(const std::string& folderPath, const std::string& fileName, co
     std::string bytes;
     if (const int code = store::writeSets(sets, bytes); code != status::ok)
         return code;
-    const store::Folder folder(folderPath);
-    if (folder.state() != store::FileState::ok)
+    const Folder folder(folderPath);
+    if (folder.state() != FileState::ok)
         return status::templateWriteError;
     const FolderLock lock(folderPath, FolderLock::Kind::exclusive);
     return !lock.isBusy() && folder.replace(fileName, bytes) ? status::ok : status::templateWriteError;
@@ -116,7 +128,7 @@ int getTechnologyExpertData(TechnologyExpertData* data)
     return guarded(status::expertDatabaseCorrupted,
                    [&]
                    {
-                       const std::string path = templatePath(store::engineFolder(), store::expertDatabaseName);
+                       const std::string path = templatePath(thisLibraryFolder(), store::expertDatabaseName);
                        return store::readExpertDatabase(path, *data);
                    });
 }
@@ -129,7 +141,7 @@ int loadTemplateDefs(const std::string& folder, const std::string& name, Templat
                    [&]
                    {
                        std::vector<Parameterized> sets;
-                       const std::string path = templatePath(store::nativePath(folder), definitionsFile(name));
+                       const std::string path = templatePath(nativePath(folder), definitionsFile(name));
                        const int code =
                            readSetsFile(path, store::longestTemplateFile, status::templateColumnsMissing, sets);
                        if (code != status::ok)
@@ -145,8 +157,8 @@ int saveTemplateDefs(const std::string& folder, const std::string& name, const T
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = store::nativePath(folder);
-                       return store::makeFolders(native)
+                       const std::string native = nativePath(folder);
+                       return makeFolders(native)
                                   ? writeSetsFile(native, definitionsFile(name), store::setsOfInfo(info))
                                   : status::templateWriteError;
                    });
@@ -160,7 +172,7 @@ int loadTemplateFolders(const std::string& path, std::vector<std::string>* folde
                    [&]
                    {
                        std::vector<Parameterized> sets;
-                       const std::string file = templatePath(store::nativePath(path), foldersFile);
+                       const std::string file = templatePath(nativePath(path), foldersFile);
                        constexpr int none = 1;
                        const int code = readSetsFile(file, store::longestTemplateFile, none, sets);
                        if (code != status::ok && code != none)
@@ -174,35 +186,26 @@ int saveTemplateFolders(const std::string& path, const std::vector<std::string>&
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = store::nativePath(path);
-                       return store::makeFolders(native)
-                                  ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders))
-                                  : status::templateWriteError;
+                       const std::string native = nativePath(path);
+                       return makeFolders(native) ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders))
+                                                  : status::templateWriteError;
                    });
 }
 
 int loadTemplateFiles(const std::string& folder, int /*selector*/, std::vector<Parameterized>* templates)
 {
-    if (!templates)
-        return status::internalError;
-    templates->clear();
-    return withFolder(folder, [&](const store::Folder& opened) { return store::listTemplates(opened, *templates); });
+    return templates ? listFolder(folder, templates, nullptr) : status::internalError;
+}
+
+int loadTemplateFiles(const std::string& folder, int /*selector*/, std::vector<Parameterized>* templates,
+                      std::vector<FaultyTemplateFile>* faulty)
+{
+    return templates && faulty ? listFolder(folder, templates, faulty) : status::internalError;
 }
 
 int findFaultyTemplateFiles(const std::string& folder, std::vector<FaultyTemplateFile>* faulty)
 {
-    if (!faulty)
-        return status::internalError;
-    faulty->clear();
-    return withFolder(folder,
-                      [&](const store::Folder& opened)
-                      {
-                          std::vector<store::FaultyFile> faults;
-                          const int code = store::listFaults(opened, faults);
-                          for (const store::FaultyFile& fault : faults)
-                              faulty->push_back({templatePath(opened.path(), fault.fileName), fault.code});
-                          return code;
-                      });
+    return faulty ? listFolder(folder, nullptr, faulty) : status::internalError;
 }
 
 int loadTemplateFile(const std::string& path, Parameterized* result)
@@ -212,7 +215,7 @@ int loadTemplateFile(const std::string& path, Parameterized* result)
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const std::string native = store::nativePath(path);
+                       const std::string native = nativePath(path);
                        std::string bytes;
                        Parameterized set;
                        int code = readStoreFile(native, store::longestTemplateFile, status::templateReadError, bytes);
@@ -224,7 +227,7 @@ int loadTemplateFile(const std::string& path, Parameterized* result)
                            return status::templateWithoutGuid;
                        if (set.stringOr(keys::templateName, "").empty())
                            set.set(keys::templateName, store::listedName(splitTemplatePath(native, "").name, ""));
-                       store::nameCam(set);
+                       store::ensureCam(set);
                        *result = std::move(set);
                        return status::ok;
                    });
@@ -239,8 +242,8 @@ int loadTemplateArrayFile(const std::string& path, std::vector<Parameterized>* t
                    {
                        std::string bytes;
                        std::vector<Parameterized> sets;
-                       int code = readStoreFile(store::nativePath(path), store::longestArrayFile,
-                                                status::templateReadError, bytes);
+                       int code =
+                           readStoreFile(nativePath(path), store::longestArrayFile, status::templateReadError, bytes);
                        if (code == status::ok && store::fileKind(bytes) == store::FileKind::oneSet)
                            code = store::readSet(bytes, sets.emplace_back());
                        else if (code == status::ok)
@@ -249,7 +252,7 @@ int loadTemplateArrayFile(const std::string& path, std::vector<Parameterized>* t
                            return code;
                        if (std::any_of(sets.begin(), sets.end(), lacksGuid))
                            return status::templateWithoutGuid;
-                       std::for_each(sets.begin(), sets.end(), store::nameCam);
+                       std::for_each(sets.begin(), sets.end(), store::ensureCam);
                        *templates = std::move(sets);
                        return status::ok;
                    });
@@ -266,13 +269,12 @@ int saveTemplateFile(const std::string& path, bool failIfExists, Parameterized* 
                        const std::string name = parts.isFileName ? store::listedName(parts.name, "") : parts.name;
                        if (name.empty())
                            return status::templateNameMissing;
-                       const std::string native = store::nativePath(parts.folder);
-                       if (!store::makeFolders(native))
+                       const std::string native = nativePath(parts.folder);
+                       if (!makeFolders(native))
                            return status::templateWriteError;
-                       const store::Folder folder(native);
-                       return folder.state() == store::FileState::ok
-                                  ? store::saveTemplate(folder, name, failIfExists, *set)
-                                  : status::templateWriteError;
+                       const Folder folder(native);
+                       return folder.state() == FileState::ok ? store::saveTemplate(folder, name, failIfExists, *set)
+                                                              : status::templateWriteError;
                    });
 }
 
@@ -281,7 +283,7 @@ int saveTemplateArrayFile(const std::string& path, const std::vector<Parameteriz
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = store::nativePath(path);
+                       const std::string native = nativePath(path);
                        const std::size_t separator = native.rfind('/');
                        const std::string fileName = native.substr(separator + 1);
                        if (fileName.empty())
@@ -302,9 +304,9 @@ int deleteTemplateFile(const std::string& folder, const Parameterized& set)
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const store::Folder opened(store::nativePath(folder));
-                       return opened.state() == store::FileState::ok ? store::deleteTemplate(opened, name, set)
-                                                                     : status::templateReadError;
+                       const Folder opened(nativePath(folder));
+                       return opened.state() == FileState::ok ? store::deleteTemplate(opened, name, set)
+                                                              : status::templateReadError;
                    });
 }
 
@@ -315,10 +317,10 @@ int genTemplateName(const std::string& folder, const std::string& prefix, Parame
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const store::Folder opened(store::nativePath(folder));
+                       const Folder opened(nativePath(folder));
                        std::vector<std::string> entries;
-                       const bool read = opened.state() == store::FileState::ok && opened.entries(entries);
-                       if (!read && opened.state() != store::FileState::missing)
+                       const bool read = opened.state() == FileState::ok && opened.entries(entries);
+                       if (!read && opened.state() != FileState::missing)
                            return status::templateReadError;
                        result->set(keys::templateName, store::firstFreeName(prefix, store::namesOfFiles(entries)));
                        return status::ok;

@@ -1,6 +1,8 @@
 #include <tessaron/exchange/Archives.h>
 
+#include "exchange/archive/DetectFormat.h"
 #include "exchange/archive/Failure.h"
+#include "exchange/archive/MemoryBuffer.h"
 #include "exchange/archive/RecordTable.h"
 #include "util/platform/AtomicFile.h"
 
@@ -66,6 +68,13 @@ void read(std::istream& stream, RecordKind kind, void* record)
     if (reader == nullptr)
         failSyntax();
     reader(stream, record);
+}
+
+void read(std::string_view bytes, RecordKind kind, void* record)
+{
+    MemoryBuffer buffer(bytes);
+    std::istream stream(&buffer);
+    read(stream, kind, record);
 }
 
 void writeFile(const std::string& path, RecordKind kind, const void* record, ArchiveFormat format)

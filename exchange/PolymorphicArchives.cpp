@@ -2,6 +2,7 @@
 
 #include "exchange/archive/BinaryReader.h"
 #include "exchange/archive/BinaryWriter.h"
+#include "exchange/archive/DetectFormat.h"
 #include "exchange/archive/PolymorphicIArchive.h"
 #include "exchange/archive/PolymorphicOArchive.h"
 #include "exchange/archive/RecordTable.h"
@@ -107,28 +108,23 @@ void readAs(std::istream& stream, RecordKind kind, void* record)
     *static_cast<Record*>(record) = std::move(fresh);
 }
 
-/// Calls an operation with the type of a record, given as a null pointer.
+/// Calls an operation with the type of a record, given as a null pointer. The templates of the header let no kind through
+/// that is not for polymorphic archives.
+template <class Operation, std::size_t... places>
+void withType(RecordKind kind, const Operation& operation, std::index_sequence<places...>)
+{
+    const auto tryPlace = [&](auto place)
+    {
+        if constexpr (isRecordIn(inPolymorphic, static_cast<RecordKind>(place())))
+            if (kind == static_cast<RecordKind>(place()))
+                operation(static_cast<std::tuple_element_t<place(), RecordTypes>*>(nullptr));
+    };
+    (tryPlace(std::integral_constant<std::size_t, places>()), ...);
+}
 template <class Operation>
 void withType(RecordKind kind, const Operation& operation)
 {
-    switch (kind)
-    {
-    case RecordKind::pointNd2:
-        return operation(static_cast<geom::PointNd<2>*>(nullptr));
-    case RecordKind::pointNd3:
-        return operation(static_cast<geom::PointNd<3>*>(nullptr));
-    case RecordKind::transform:
-        return operation(static_cast<geom::Transform*>(nullptr));
-    case RecordKind::parameterized:
-        return operation(static_cast<util::Parameterized*>(nullptr));
-    case RecordKind::planeCurve:
-        return operation(static_cast<boost::shared_ptr<geom::ParametricCurve<2>>*>(nullptr));
-    case RecordKind::spaceCurve:
-        return operation(static_cast<boost::shared_ptr<geom::ParametricCurve<3>>*>(nullptr));
-    default:
-        // The templates of the header let nothing else through.
-        return;
-    }
+    withType(kind, operation, std::make_index_sequence<recordCount>());
 }
 
 } // namespace

@@ -1,13 +1,13 @@
 #include "frame/ControlId.h"
 #include <tessaron/frame/DialogBase.h>
 
+#include "frame/CurrentModule.h"
 #include "frame/MessageDialog.h"
-#include "frame/MessagePump.h"
+#include "frame/ModalLoop.h"
 #include "frame/Toolkit.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/native/NativeToolkit.h"
 #include <tessaron/frame/DataExchange.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/button.h>
@@ -29,9 +29,6 @@ namespace
 // The templates were drawn for a font of this height in pixels, a little smaller than the desktop's usual one.
 constexpr int templateFontHeight = 13;
 constexpr double templateFontScale = 0.8;
-
-// Whatever tells the loop to end arrives as a message, save a quit that another thread asks for.
-constexpr int modalWaitMilliseconds = 100;
 
 wxFont templateFont()
 {
@@ -141,21 +138,8 @@ int DialogBase::ShowModal()
     native::setModal(*this, true);
     Show();
     Raise();
-    MessagePump pump;
-    while (m_modal)
-    {
-        if (pump.pump())
-        {
-            pump.repostQuit();
-            m_modal = false;
-            m_modalResult = idCancel;
-        }
-        else if (m_modal)
-        {
-            MessagePump::processToolkitIdle();
-            MessagePump::waitForMessage(modalWaitMilliseconds);
-        }
-    }
+    if (!runModalLoop([this] { return m_modal; }))
+        EndModal(idCancel);
     native::setModal(*this, false);
     Hide();
     return m_modalResult;

@@ -8,8 +8,8 @@ class wxEventLoopBase;
 namespace TessaronResources
 {
 
-/// As long as one lives, a quit message that was seen stays posted, so that the loops and calls around the one that saw
-/// it end, too. The outermost one uses it up.
+/// While one exists, a quit message that was seen stays posted, so that the loops and calls around the one that saw it
+/// end as well. The outermost scope removes it.
 class QuitScope
 {
 public:
@@ -33,7 +33,7 @@ public:
     MessagePump(const MessagePump&) = delete;
     MessagePump& operator=(const MessagePump&) = delete;
 
-    /// Dispatches the messages that wait, until none is left.
+    /// Dispatches all waiting messages.
     /// \returns whether the quit message was among them, in this pass or an earlier one.
     bool pump();
 

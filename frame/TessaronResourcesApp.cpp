@@ -1,10 +1,10 @@
 #include "frame/TessaronResourcesApp.h"
 
+#include "frame/CurrentModule.h"
 #include "frame/EmbeddedResources.h"
 #include "frame/MessagePump.h"
-#include "frame/ModuleHandle.h"
+#include "util/platform/LibraryFile.h"
 #include <tessaron/frame/EntryPoints.h>
-#include <tessaron/frame/ModuleState.h>
 
 namespace TessaronResources
 {
@@ -29,7 +29,7 @@ const ResourceSet& embeddedResources()
 
 CTessaronResourcesApp::CTessaronResourcesApp()
 {
-    m_hInstance = moduleHandle();
+    m_hInstance = util::thisLibrary().handle;
     applicationObject = this;
 }
 
@@ -73,7 +73,7 @@ AFX_MODULE_STATE* storedModuleState()
 
 AFX_MODULE_STATE* staticModuleState()
 {
-    static AFX_MODULE_STATE state{moduleHandle(), nullptr, nullptr};
+    static AFX_MODULE_STATE state{util::thisLibrary().handle, nullptr, nullptr};
     return &state;
 }
 

@@ -12,7 +12,7 @@ namespace TessaronResources
 namespace
 {
 
-// A message box about the toolkit's own troubles would stand in the face of a user who cannot do anything about them.
+// A message box about a failure inside the toolkit would be no help to the user.
 class SilentLog : public wxLog
 {
 protected:
@@ -36,7 +36,7 @@ public:
 
 bool startOwnToolkit()
 {
-    const native::ProcessStateKeeper keeper;
+    const native::ProcessStateGuard guard;
     if (!native::displayIsNamed())
         return false;
     wxSetAssertHandler(ignoreAssertion);
@@ -68,7 +68,7 @@ EntryScope::EntryScope(AFX_MODULE_STATE* state) : m_moduleState(state), m_toolki
     if (!m_toolkit)
         return;
     m_assertHandler = wxSetAssertHandler(ignoreAssertion);
-    // Our window must not take a host with it that has no other one at the moment.
+    // Closing our window must not end a host that has no other window open.
     m_exitOnFrameDelete = wxTheApp->GetExitOnFrameDelete();
     wxTheApp->SetExitOnFrameDelete(false);
 }

@@ -1,8 +1,8 @@
 #ifndef FRAME_TOOLKIT_H
 #define FRAME_TOOLKIT_H
 
+#include "frame/CurrentModule.h"
 #include "frame/MessagePump.h"
-#include <tessaron/frame/ModuleState.h>
 
 #include <wx/debug.h>
 

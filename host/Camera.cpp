@@ -1,8 +1,7 @@
 #include "host/Camera.h"
 
-#include <boost/math/constants/constants.hpp>
-
 #include <cmath>
+#include <numbers>
 
 namespace host
 {
@@ -10,7 +9,7 @@ namespace host
 namespace
 {
 
-constexpr double degree = boost::math::constants::degree<double>();
+constexpr double degree = std::numbers::pi / 180;
 constexpr double sideYaw = -32 * degree;
 constexpr double sidePitch = 38 * degree;
 constexpr double lowestPitch = 12 * degree;

@@ -244,7 +244,7 @@ bool HostFrame::openPart(const std::string& path)
         auto part = std::make_shared<Part>(loadPart(path));
         clearFailure();
         m_part = std::move(part);
-        takeToolpath({}, 0);
+        setToolpath({}, 0);
         m_view->zoomToFit();
         SetStatusText(wxString::FromUTF8("Opened " + m_part->fileName()));
         return true;
@@ -269,7 +269,7 @@ bool HostFrame::openToolpath(const std::string& path)
         return false;
     }
     clearFailure();
-    takeToolpath(records, 0);
+    setToolpath(records, 0);
     SetStatusText(wxString::FromUTF8("Opened " + path));
     return true;
 }
@@ -318,15 +318,15 @@ JobOutcome HostFrame::generate()
     if (outcome.toolpath)
     {
         const wxBusyCursor busy;
-        takeToolpath(outcome.toolpath, outcome.seconds);
+        setToolpath(outcome.toolpath, outcome.seconds);
     }
-    tell(outcome);
+    showOutcome(outcome);
     if (m_closeAfterJob)
         CallAfter([this] { Close(); });
     return outcome;
 }
 
-void HostFrame::tell(const JobOutcome& outcome)
+void HostFrame::showOutcome(const JobOutcome& outcome)
 {
     switch (outcome.state)
     {
@@ -346,7 +346,7 @@ void HostFrame::tell(const JobOutcome& outcome)
     }
 }
 
-void HostFrame::takeToolpath(boost::shared_ptr<const exchange::ToolpathRecords> records, double seconds)
+void HostFrame::setToolpath(boost::shared_ptr<const exchange::ToolpathRecords> records, double seconds)
 {
     m_records = std::move(records);
     m_seconds = seconds;

@@ -71,9 +71,9 @@ private:
     void onClose(wxCloseEvent& event);
 
     int showProgress(int jobId);
-    void takeToolpath(boost::shared_ptr<const exchange::ToolpathRecords> records, double seconds);
+    void setToolpath(boost::shared_ptr<const exchange::ToolpathRecords> records, double seconds);
     void refresh();
-    void tell(const JobOutcome& outcome);
+    void showOutcome(const JobOutcome& outcome);
     void fail(const std::string& text);
     void clearFailure();
 

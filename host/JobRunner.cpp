@@ -18,7 +18,7 @@ JobOutcome JobRunner::run(const exchange::Tessaron2dInput& input, const ShowProg
         outcome.text = start.text.empty() ? exchange::statusText(start.status) : start.text;
         return outcome;
     }
-    // Whatever happens, the engine is not left with a job that nobody knows.
+    // The engine must not be left with a job that nobody can release, whatever happens.
     struct Release
     {
         int& jobId;

@@ -6,10 +6,10 @@
 #include <tessaron/util/Keys.h>
 
 #include <boost/make_shared.hpp>
-#include <boost/math/constants/constants.hpp>
 
 #include <cmath>
 #include <cstdio>
+#include <numbers>
 #include <string>
 #include <vector>
 
@@ -21,7 +21,7 @@ using exchange::CurveList;
 using Point = geom::PointNd<2>;
 using Points = std::vector<Point>;
 
-constexpr double turn = 2 * boost::math::constants::pi<double>();
+constexpr double turn = 2 * std::numbers::pi;
 
 void addPolygon(CurveList& curves, Points points)
 {

@@ -23,7 +23,7 @@ constexpr std::size_t longestLevelList = 6;
 
 struct LegendEntry
 {
-    enum class Look
+    enum class Sample
     {
         area,
         line,
@@ -31,7 +31,7 @@ struct LegendEntry
         ramp,
     };
 
-    Look look;
+    Sample sample;
     wxColour colour;
     wxString text;
 };
@@ -48,47 +48,47 @@ wxString heightText(double height)
 
 std::vector<LegendEntry> legendOf(const Scene& scene)
 {
-    using Look = LegendEntry::Look;
-    std::vector<LegendEntry> entries{{Look::area, palette::partFill, "Part"},
-                                     {Look::area, palette::stockFill, "Stock"}};
+    using Sample = LegendEntry::Sample;
+    std::vector<LegendEntry> entries{{Sample::area, palette::partFill, "Part"},
+                                     {Sample::area, palette::stockFill, "Stock"}};
     if (!scene.toolpath)
         return entries;
     if (scene.showRapids)
     {
-        entries.push_back({Look::dashes, palette::rapid, "Rapid"});
-        entries.push_back({Look::line, palette::plunge, "Plunge"});
+        entries.push_back({Sample::dashes, palette::rapid, "Rapid"});
+        entries.push_back({Sample::line, palette::plunge, "Plunge"});
     }
     const std::vector<double>& levels = scene.toolpath->levels();
     if (levels.size() > longestLevelList && scene.level == Scene::allLevels)
     {
-        entries.push_back({Look::ramp, wxColour(),
+        entries.push_back({Sample::ramp, wxColour(),
                            wxString::Format("%s to %s", heightText(levels.front()), heightText(levels.back()))});
         return entries;
     }
     for (std::size_t i = 0; i < levels.size(); ++i)
         if (scene.level == Scene::allLevels || static_cast<std::size_t>(scene.level) == i)
-            entries.push_back({Look::line, palette::level(i, levels.size()), "Cut " + heightText(levels[i])});
+            entries.push_back({Sample::line, palette::level(i, levels.size()), "Cut " + heightText(levels[i])});
     return entries;
 }
 
 void drawSwatch(wxGraphicsContext& context, const LegendEntry& entry, double x, double y, double width, double height)
 {
-    using Look = LegendEntry::Look;
+    using Sample = LegendEntry::Sample;
     const double middle = y + height / 2;
-    switch (entry.look)
+    switch (entry.sample)
     {
-    case Look::area:
+    case Sample::area:
         context.SetPen(context.CreatePen(wxGraphicsPenInfo(palette::shaded(entry.colour, 0.6), 1)));
         context.SetBrush(wxBrush(entry.colour));
         context.DrawRoundedRectangle(x, y + 1, width, height - 2, 2);
         break;
-    case Look::line:
-    case Look::dashes:
+    case Sample::line:
+    case Sample::dashes:
         context.SetPen(context.CreatePen(wxGraphicsPenInfo(
-            entry.colour, 2.5, entry.look == Look::dashes ? wxPENSTYLE_SHORT_DASH : wxPENSTYLE_SOLID)));
+            entry.colour, 2.5, entry.sample == Sample::dashes ? wxPENSTYLE_SHORT_DASH : wxPENSTYLE_SOLID)));
         context.StrokeLine(x, middle, x + width, middle);
         break;
-    case Look::ramp:
+    case Sample::ramp:
         constexpr std::size_t steps = 16;
         context.SetPen(*wxTRANSPARENT_PEN);
         for (std::size_t i = 0; i < steps; ++i)

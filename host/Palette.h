@@ -15,7 +15,6 @@ inline const wxColour gridMinor(226, 231, 238);
 inline const wxColour gridMajor(210, 217, 226);
 inline const wxColour stockFill(196, 213, 232, 110);
 inline const wxColour stockLine(92, 124, 160);
-inline const wxColour floorFill(255, 255, 255);
 inline const wxColour partFill(203, 199, 190);
 inline const wxColour partLine(84, 80, 72);
 inline const wxColour openLine(201, 42, 42);

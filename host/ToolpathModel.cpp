@@ -1,8 +1,7 @@
 #include "host/ToolpathModel.h"
 
-#include <boost/math/constants/constants.hpp>
-
 #include <cmath>
+#include <numbers>
 #include <optional>
 
 namespace host
@@ -14,7 +13,7 @@ namespace
 // Heights that differ by less are one level.
 constexpr double sameHeight = 1e-6;
 constexpr int chordsPerTurn = 90;
-constexpr double turn = 2 * boost::math::constants::pi<double>();
+constexpr double turn = 2 * std::numbers::pi;
 
 double length(const Point3& a, const Point3& b)
 {

@@ -2,12 +2,12 @@
 
 #include "controls/CHMXNumEdit.h"
 #include "frame/ControlId.h"
-#include "frame/ModuleHandle.h"
+#include "frame/CurrentModule.h"
 #include "frame/Toolkit.h"
 #include "frame/native/NativeToolkit.h"
+#include "util/platform/LibraryFile.h"
 #include <tessaron/frame/DataExchange.h>
 #include <tessaron/frame/EntryPoints.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 #include <tessaron/util/Keys.h>
 
@@ -173,7 +173,7 @@ void ChipControlDialog::onCalculate()
 
 void ChipControlDialog::onHelp()
 {
-    const std::filesystem::path folder = std::filesystem::path(moduleFilePath()).parent_path();
+    const std::filesystem::path folder = util::thisLibraryFolder();
     native::openDocument((folder / m_rules.helpFileName()).string());
 }
 

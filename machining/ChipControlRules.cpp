@@ -1,6 +1,7 @@
 #include "machining/ChipControlRules.h"
 
 #include "controls/NumericExpression.h"
+#include "resources/TextIds.h"
 #include <tessaron/engine/Calculator.h>
 #include <tessaron/util/Assertion.h>
 #include <tessaron/util/Keys.h>
@@ -20,10 +21,10 @@ constexpr int xyFeedKind = 300;
 
 // Operations whose stepover is the width of the cut.
 constexpr int cutWidthKinds[] = {200, 201, 1, 2};
-constexpr int cutWidthText = 1035;
 
-constexpr int xyFeedTexts[derivedQuantityCount] = {1037, 1038, 1036, 1034};
-constexpr int millingTexts[derivedQuantityCount] = {1031, 1032, 1033, 1034};
+constexpr int xyFeedTexts[derivedQuantityCount] = {texts::xySpeed, texts::xyFeedrate, texts::xyStepover,
+                                                   texts::chipThickness};
+constexpr int millingTexts[derivedQuantityCount] = {texts::speed, texts::feed, texts::stepover, texts::chipThickness};
 
 struct FieldTexts
 {
@@ -33,10 +34,16 @@ struct FieldTexts
 };
 
 constexpr FieldTexts tooltips[] = {
-    {surfaceSpeed, 1100, 1101},  {spindleSpeed, 1102, 1102}, {feedPerTooth, 1103, 1104},
-    {feedrate, 1105, 1106},      {stepover, 1107, 1108},     {stepoverPercent, 1109, 1109},
-    {chipThickness, 1110, 1111}, {removalRate, 1112, 1113},  {derivedQuantity, 1114, 1114},
-    {help, 1115, 1115},
+    {surfaceSpeed, texts::surfaceSpeedInFeet, texts::surfaceSpeedInMeters},
+    {spindleSpeed, texts::spindleSpeed, texts::spindleSpeed},
+    {feedPerTooth, texts::feedPerToothInInches, texts::feedPerToothInMillimeters},
+    {feedrate, texts::feedrateInInches, texts::feedrateInMillimeters},
+    {stepover, texts::stepoverInInches, texts::stepoverInMillimeters},
+    {stepoverPercent, texts::stepoverInPercent, texts::stepoverInPercent},
+    {chipThickness, texts::chipThicknessInInches, texts::chipThicknessInMillimeters},
+    {removalRate, texts::removalRateInCubicInches, texts::removalRateInCubicCentimeters},
+    {derivedQuantity, texts::derivedQuantity, texts::derivedQuantity},
+    {help, texts::help, texts::help},
 };
 
 struct FieldQuantity
@@ -75,13 +82,13 @@ bool ChipControlRules::isCutWidth() const
 int ChipControlRules::quantityTextId(int index) const
 {
     if (index == static_cast<int>(DerivedQuantity::stepover) && isCutWidth())
-        return cutWidthText;
+        return texts::cutWidth;
     return (kindCode() == xyFeedKind ? xyFeedTexts : millingTexts)[index];
 }
 
 int ChipControlRules::stepoverLabelTextId() const
 {
-    return isCutWidth() ? cutWidthText : 0;
+    return isCutWidth() ? texts::cutWidth : 0;
 }
 
 int ChipControlRules::tooltipTextId(int field) const

@@ -82,8 +82,6 @@ public:
     /// Replaces the host's parameters by the working set. The percentage decides about the stepover.
     void apply();
 
-    const util::Parameterized& workingSet() const { return m_workingSet; }
-
 private:
     int kindCode() const { return m_operationKind >> 16; }
     bool isCutWidth() const;

@@ -1,11 +1,12 @@
 #include "machining/GougeCheckDialog.h"
 
 #include "frame/ControlId.h"
+#include "frame/CurrentModule.h"
 #include "frame/Toolkit.h"
 #include "frame/Translation.h"
+#include "resources/TextIds.h"
 #include <tessaron/frame/DataExchange.h>
 #include <tessaron/frame/EntryPoints.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <cmath>
@@ -17,7 +18,6 @@ namespace
 {
 
 constexpr int templateId = 1013;
-constexpr int clearanceTip = 1116;
 
 struct Line
 {
@@ -46,7 +46,7 @@ bool GougeCheckDialog::OnInitDialog()
     DialogBase::OnInitDialog();
     for (const Line& line : lines)
         if (wxWindow* const edit = control(line.clearanceId))
-            edit->SetToolTip(currentResources().string(clearanceTip));
+            edit->SetToolTip(currentResources().string(texts::clearance));
     enableVisualManagerStyle();
     return true;
 }

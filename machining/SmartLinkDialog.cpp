@@ -1,11 +1,12 @@
 #include "machining/SmartLinkDialog.h"
 
 #include "frame/ControlId.h"
+#include "frame/CurrentModule.h"
 #include "frame/Toolkit.h"
 #include "frame/native/NativeToolkit.h"
+#include "resources/TextIds.h"
 #include <tessaron/frame/DataExchange.h>
 #include <tessaron/frame/EntryPoints.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/checkbox.h>
@@ -19,7 +20,6 @@ namespace
 {
 
 constexpr int templateId = 1014;
-constexpr int preferenceTip = 1117;
 
 enum Control
 {
@@ -51,7 +51,7 @@ bool SmartLinkDialog::OnInitDialog()
     native::addTick(*m_preference, 0);
     native::addTick(*m_preference, SmartLinkRules::lastPosition);
     m_preference->SetValue(m_rules.position());
-    m_preference->SetToolTip(currentResources().string(preferenceTip));
+    m_preference->SetToolTip(currentResources().string(texts::linkPreference));
     if (const wxWindow* const group = control(preferenceGroup))
         native::setAccessibleName(*m_preference, fieldName(*group));
     m_preference->Bind(wxEVT_SLIDER, [this](wxCommandEvent& event) { m_rules.moveTo(event.GetInt()); });

@@ -2,10 +2,11 @@
 
 #include "controls/TransparentImage.h"
 #include "frame/ControlId.h"
+#include "frame/CurrentModule.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
+#include "resources/TextIds.h"
 #include <tessaron/frame/DataExchange.h>
-#include <tessaron/frame/ModuleState.h>
 
 #include <wx/stattext.h>
 #include <wx/weakref.h>
@@ -23,11 +24,10 @@ constexpr int lineLeft = 10;
 constexpr int lineRight = 220;
 constexpr int firstLineTop = 110;
 constexpr int lineHeight = 15;
-constexpr int lineTextId = 1043;
 constexpr int lineId = 65535;
 
-// The window owns its controls; a line that leaves the list before the window goes is destroyed, a later one is gone
-// already.
+// The window owns its controls: a line that leaves the list before the window is destroyed has to be destroyed here, a
+// later one has been already.
 struct DestroyLine
 {
     wxWeakRef<wxStaticText> line;
@@ -48,8 +48,8 @@ wxBEGIN_EVENT_TABLE(MultiProgressDialog, DialogBase)
 wxEND_EVENT_TABLE()
 
 MultiProgressDialog::MultiProgressDialog(int templateId, const boost::shared_ptr<exchange::ProgressData>& progress,
-                                         const boost::shared_ptr<bool>& cancelled, CWnd* parent)
-    : m_progress(progress), m_cancelled(cancelled), m_templateId(templateId), m_parent(parent)
+                                         const boost::shared_ptr<bool>& cancelled, CWnd* /*parent*/)
+    : m_progress(progress), m_cancelled(cancelled), m_templateId(templateId)
 {
 }
 
@@ -107,7 +107,7 @@ void MultiProgressDialog::matchLines(std::size_t workers)
 boost::shared_ptr<wxStaticText> MultiProgressDialog::makeLine(std::size_t index)
 {
     const int k = static_cast<int>(index);
-    const wxString text = wxString::FromUTF8(formatCount(currentString(lineTextId), k + 1));
+    const wxString text = wxString::FromUTF8(formatCount(currentString(texts::worker), k + 1));
     const wxPoint topLeft(templatePixels(lineLeft), templatePixels(firstLineTop + lineHeight * k));
     const wxSize size(templatePixels(lineRight) - topLeft.x,
                       templatePixels(firstLineTop + lineHeight * (k + 1)) - topLeft.y);

@@ -1,10 +1,10 @@
 #include "progress/ProgressControls.h"
 
 #include "controls/TransparentImage.h"
+#include "frame/CurrentModule.h"
 #include "frame/Translation.h"
 #include "frame/native/NativeToolkit.h"
 #include <tessaron/frame/DialogBase.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/gauge.h>

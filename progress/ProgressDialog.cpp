@@ -1,10 +1,10 @@
 #include <tessaron/progress/ProgressDialog.h>
 
 #include "controls/TransparentImage.h"
+#include "frame/CurrentModule.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
 #include <tessaron/frame/DataExchange.h>
-#include <tessaron/frame/ModuleState.h>
 
 namespace TessaronResources
 {
@@ -16,9 +16,8 @@ wxEND_EVENT_TABLE()
 
 ProgressDialog::ProgressDialog(int templateId, const char* caption,
                                const boost::shared_ptr<exchange::ProgressData>& progress,
-                               const boost::shared_ptr<bool>& cancelled, CWnd* parent)
-    : m_templateId(templateId), m_caption(caption ? caption : ""), m_progress(progress), m_cancelled(cancelled),
-      m_parent(parent)
+                               const boost::shared_ptr<bool>& cancelled, CWnd* /*parent*/)
+    : m_templateId(templateId), m_caption(caption ? caption : ""), m_progress(progress), m_cancelled(cancelled)
 {
 }
 

@@ -18,13 +18,13 @@ namespace
 constexpr int finished = 1;
 constexpr int cancelledByUser = 2;
 
-// The dialog has to go on every way out, and deletes itself when its window does.
+// Destroys the window on every way out; the dialog deletes itself with it.
 struct DestroyDialog
 {
     void operator()(DialogBase* dialog) const { dialog->DestroyWindow(); }
 };
 
-// Without a display there is nobody who could cancel.
+// Without a display nobody can cancel.
 int runWithoutWindow(exchange::ProgressData& progress)
 {
     const bool cancelled = false;

@@ -1,8 +1,8 @@
 #include "progress/ProgressLoop.h"
 
+#include "frame/CurrentModule.h"
 #include "frame/MessagePump.h"
 #include <tessaron/engine/ProgressData.h>
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/WinApp.h>
 
 #include <chrono>

@@ -1,8 +1,10 @@
 #include "progress/ProgressStages.h"
 
+#include "resources/TextIds.h"
+#include <tessaron/util/Keys.h>
+
 #include <cmath>
 #include <cstdio>
-#include <iterator>
 #include <limits>
 #include <vector>
 
@@ -12,21 +14,28 @@ namespace TessaronResources
 namespace
 {
 
+/// How a stage of a job is shown.
+struct Stage
+{
+    util::Key name;
+    int textId;
+    double scale;   ///< what the stage's value is multiplied by before it is shown
+    bool ofWorkers; ///< whether a worker's line tells about it, too
+};
+
 constexpr double fraction = 100.0;
 constexpr double asIs = 1.0;
 
 // In order of precedence. The boundary stage counts the cutter location checks that are left, which its text says and
 // its name does not; the import reports percent.
-constexpr ProgressStage stageTable[] = {
-    {util::keys::stageCreatingToolpath, 1006, fraction},
-    {util::keys::stageCreatingOffsetSurfaces, 1005, fraction},
-    {util::keys::stageComputingRemainingStock, 1008, fraction},
-    {util::keys::stageComputingToolAxisVectors, 1040, fraction},
-    {util::keys::stageGeneratingBoundaries, 1039, asIs},
-    {util::keys::stageImportingFile, 1042, asIs},
+constexpr Stage stageTable[] = {
+    {util::keys::stageCreatingToolpath, texts::creatingToolpath, fraction, true},
+    {util::keys::stageCreatingOffsetSurfaces, texts::creatingOffsetSurfaces, fraction, true},
+    {util::keys::stageComputingRemainingStock, texts::computingRemainingStock, fraction, true},
+    {util::keys::stageComputingToolAxisVectors, texts::computingToolAxisVectors, fraction, true},
+    {util::keys::stageGeneratingBoundaries, texts::computingCutterLocations, asIs, true},
+    {util::keys::stageImportingFile, texts::importingFile, asIs, false},
 };
-
-constexpr std::size_t workerStages = 5;
 
 } // namespace
 
@@ -43,11 +52,9 @@ int truncated(double value)
 
 std::string stageText(const util::Parameterized& stages, StageScope scope, const StringSource& strings)
 {
-    const ProgressStage* const end =
-        std::begin(stageTable) + (scope == StageScope::worker ? workerStages : std::size(stageTable));
-    for (const ProgressStage* stage = std::begin(stageTable); stage != end; ++stage)
-        if (stages.has(stage->name))
-            return formatCount(strings(stage->textId), truncated(stages.numberOr(stage->name, 0.0) * stage->scale));
+    for (const Stage& stage : stageTable)
+        if ((stage.ofWorkers || scope == StageScope::job) && stages.has(stage.name))
+            return formatCount(strings(stage.textId), truncated(stages.numberOr(stage.name, 0.0) * stage.scale));
     return {};
 }
 

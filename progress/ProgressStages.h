@@ -1,7 +1,6 @@
 #ifndef PROGRESS_PROGRESSSTAGES_H
 #define PROGRESS_PROGRESSSTAGES_H
 
-#include <tessaron/util/Keys.h>
 #include <tessaron/util/Parameterized.h>
 
 #include <functional>
@@ -9,16 +8,6 @@
 
 namespace TessaronResources
 {
-
-/// How a stage of a job is shown.
-struct ProgressStage
-{
-    util::Key name;
-    /// Id of the text in the string table: a format for one integer.
-    int textId;
-    /// What the stage's value is multiplied by before it is shown.
-    double scale;
-};
 
 /// Which of the known stages a text may tell about.
 enum class StageScope

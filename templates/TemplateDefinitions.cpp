@@ -136,7 +136,7 @@ DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind,
     int code = util::getTechnologyExpertData(&expertData);
     if (code != status::ok)
     {
-        user.showError(translated(exchange::statusText(code)));
+        showStatus(user, code);
         return DefinitionsState::failed;
     }
     DefinitionsState state = DefinitionsState::loaded;
@@ -151,7 +151,7 @@ DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind,
     else if (code != status::ok)
         state = DefinitionsState::failed;
     if (code != status::ok)
-        user.showError(translated(exchange::statusText(code)));
+        showStatus(user, code);
     return state;
 }
 

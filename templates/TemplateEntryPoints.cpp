@@ -1,4 +1,4 @@
-#include "frame/MessagePump.h"
+#include "frame/ModalLoop.h"
 #include "frame/Toolkit.h"
 #include "templates/TemplateManagerFormView.h"
 #include "templates/TemplateManagerFrameWnd.h"
@@ -20,7 +20,6 @@ namespace
 constexpr int notFinished = -1;
 constexpr int quit = 0;
 constexpr int noWindow = 2;
-constexpr int modalWaitMilliseconds = 100;
 
 // Keeps the user out of the host's windows while the manager is up, and lets him in again on every way out.
 class OwnerLock
@@ -57,25 +56,6 @@ struct DestroyFrame
     }
 };
 
-int runModalLoop(const int& slot)
-{
-    MessagePump pump;
-    while (slot == notFinished)
-    {
-        if (pump.pump())
-        {
-            pump.repostQuit();
-            return quit;
-        }
-        if (slot == notFinished)
-        {
-            MessagePump::processToolkitIdle();
-            MessagePump::waitForMessage(modalWaitMilliseconds);
-        }
-    }
-    return slot;
-}
-
 int runTemplateManager(wxWindow* parent, const TemplateManagerInputs& inputs)
 {
     const EntryScope scope(staticModuleState());
@@ -91,7 +71,7 @@ int runTemplateManager(wxWindow* parent, const TemplateManagerInputs& inputs)
     frame->form().setResultSlot(&slot, [&lock] { lock.release(); });
     if (inputs.saving)
         frame->form().CallAfter(&TemplateManagerFormView::saveAs);
-    const int result = runModalLoop(slot);
+    const int result = runModalLoop([&slot] { return slot == notFinished; }) ? slot : quit;
     // The toolkit destroys the window some time after this call.
     frame->form().setResultSlot(nullptr, nullptr);
     return result;

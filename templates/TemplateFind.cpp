@@ -1,6 +1,7 @@
 #include "templates/TemplateFind.h"
 
 #include "templates/columns/ColumnSearch.h"
+#include "util/text/Ascii.h"
 #include "util/text/FoldCase.h"
 
 #include <algorithm>
@@ -9,22 +10,10 @@
 namespace TessaronResources
 {
 
-namespace
-{
-
-std::string trimmed(const std::string& text)
-{
-    constexpr const char* blanks = " \t\r\n\v\f";
-    const std::size_t first = text.find_first_not_of(blanks);
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-} // namespace
-
 TemplateCell findCell(const TemplateRows& rows, const std::vector<GridColumnPtr>& columns, const std::string& text,
                       TemplateCell after)
 {
-    const std::string wanted = foldCase(text);
+    const std::string wanted = util::foldCase(text);
     std::vector<std::string> keys;
     keys.reserve(columns.size());
     for (const GridColumnPtr& column : columns)
@@ -57,7 +46,7 @@ void TemplateFind::startOver()
 TemplateFind::Result TemplateFind::findNext(const std::string& typed, const TemplateRows& rows,
                                             const std::vector<GridColumnPtr>& columns)
 {
-    const std::string text = trimmed(typed);
+    const std::string text(util::trimmed(typed));
     if (text.empty())
     {
         m_text.clear();

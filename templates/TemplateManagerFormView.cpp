@@ -1,5 +1,6 @@
 #include "templates/TemplateManagerFormView.h"
 
+#include "frame/CurrentModule.h"
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/looks/VisualThemes.h"
@@ -7,12 +8,7 @@
 #include "templates/TemplateManagerFrameWnd.h"
 #include "templates/TemplateManagerIds.h"
 #include "templates/dialogs/SaveOperationTemplateDialog.h"
-#include "templates/dialogs/TemplateColumnsDialog.h"
-#include "templates/dialogs/TemplateManagerFindDialog.h"
-#include "templates/dialogs/TemplatePreferencesDialog.h"
-#include "templates/dialogs/TemplateSortDialog.h"
 #include "templates/grid/GridPlace.h"
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/button.h>
@@ -45,7 +41,8 @@ constexpr bool titleVariant = true;
 
 TemplateManagerFormView::TemplateManagerFormView(wxFrame& frame, const TemplateManagerInputs& inputs)
     : m_frame(frame), m_inputs(inputs), m_user(frame),
-      m_session(inputs.kind, inputs.selector, inputs.path, *inputs.current, m_user)
+      m_session(inputs.kind, inputs.selector, inputs.path, *inputs.current, m_user),
+      m_commands(frame, m_session, m_user, inputs.path)
 {
 }
 
@@ -57,16 +54,14 @@ bool TemplateManagerFormView::setUp()
     installVisualTheme(theme());
     if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
         themes->SetSelection(theme());
-    m_session.fill();
     m_grid->rebuildColumns();
-    m_grid->rowsRefilled();
+    m_session.fill();
     if (m_inputs.loadSaved)
         *m_inputs.loadSaved = m_session.info().preferences.loadSavedTemplates;
     if (auto* const name = dynamic_cast<wxTextCtrl*>(FindWindow(nameId)); name && m_inputs.saving)
         name->ChangeValue(wxString::FromUTF8(m_session.proposeName()));
     bindControls();
     applyLook();
-    updateButtons();
     m_grid->SetFocus();
     return true;
 }
@@ -76,7 +71,10 @@ bool TemplateManagerFormView::makeControls()
     wxWindow* const frameForGrid = FindWindow(gridId);
     if (!frameForGrid)
         return false;
-    m_grid = new TemplateManagerGrid(this, gridId, m_session, *this);
+    m_grid = new TemplateManagerGrid(this, gridId, m_session, m_commands);
+    m_commands.setGrid(*m_grid);
+    // After the grid: the buttons follow its selection.
+    m_session.addObserver(*this);
     takeOverFrame(*m_grid, frameForGrid);
     if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
     {
@@ -111,16 +109,15 @@ void TemplateManagerFormView::bindControls()
              m_mover.resize(GetClientSize().x, GetClientSize().y);
              event.Skip();
          });
-    const auto onButton = [this](int id, void (TemplateManagerFormView::*action)())
+    const auto onButton = [this](int id, const std::function<void()>& action)
     {
         Bind(
-            wxEVT_BUTTON, [this, action](wxCommandEvent&) { (this->*action)(); }, id);
+            wxEVT_BUTTON, [action](wxCommandEvent&) { action(); }, id);
     };
-    onButton(acceptId, m_inputs.saving ? &TemplateManagerFormView::save : &TemplateManagerFormView::apply);
-    onButton(saveEditsId, &TemplateManagerFormView::storeEdits);
-    onButton(deleteId, &TemplateManagerFormView::deleteSelected);
-    Bind(
-        wxEVT_BUTTON, [this](wxCommandEvent&) { finish(0); }, cancelId);
+    onButton(acceptId, [this] { m_inputs.saving ? save() : apply(); });
+    onButton(saveEditsId, [this] { m_commands.storeEdits(); });
+    onButton(deleteId, [this] { m_commands.deleteSelected(); });
+    onButton(cancelId, [this] { finish(0); });
     Bind(
         wxEVT_CHOICE, [this](wxCommandEvent& event) { themeChosen(event.GetInt()); }, themeId);
     const auto follows = [this](wxEvent& event)
@@ -153,15 +150,6 @@ void TemplateManagerFormView::applyLook()
         frame->applyLook();
 }
 
-void TemplateManagerFormView::refill()
-{
-    // Edits that are not stored would be gone.
-    if (!m_session.rows().hasEdits())
-        m_session.fill();
-    m_grid->rowsRefilled();
-    updateButtons();
-}
-
 void TemplateManagerFormView::updateButtons()
 {
     const bool selected = m_grid->IsSelection();
@@ -182,7 +170,7 @@ void TemplateManagerFormView::finish(int value, const std::function<void()>& han
         return;
     if (handOver)
         handOver();
-    storeLayout(m_settingsChanged);
+    m_commands.storeLayout();
     *m_slot = value;
     if (m_finished)
         m_finished();
@@ -194,23 +182,7 @@ bool TemplateManagerFormView::settleBeforeEnd()
     m_busy = true;
     const bool settled = m_session.settleEdits();
     m_busy = false;
-    if (!settled)
-    {
-        m_grid->rowsRefilled();
-        updateButtons();
-    }
     return settled;
-}
-
-void TemplateManagerFormView::storeLayout(bool byUser)
-{
-    m_session.info().headingHeight = m_grid->GetColLabelSize();
-    if (!m_frame.IsMaximized() && !m_frame.IsIconized())
-    {
-        m_session.info().windowWidth = m_frame.GetSize().x;
-        m_session.info().windowHeight = m_frame.GetSize().y;
-    }
-    m_session.storeDefinitions(byUser);
 }
 
 void TemplateManagerFormView::apply()
@@ -237,10 +209,7 @@ void TemplateManagerFormView::save()
     if (!m_session.settleEdits())
         return;
     if (edited)
-    {
         m_session.fill();
-        m_grid->rowsRefilled();
-    }
     const auto* const name = dynamic_cast<wxTextCtrl*>(FindWindow(nameId));
     const wxString typed = name ? wxString(name->GetValue()).Trim().Trim(false) : wxString();
     finish(m_session.saveCurrent(typed.utf8_string(), m_inputs.result) ? 1 : 0);
@@ -263,189 +232,25 @@ void TemplateManagerFormView::saveAs()
         finish(1);
 }
 
-// Commands
-
 bool TemplateManagerFormView::onCommand(int command)
 {
     if (!isRunning())
         return false;
-    switch (command)
-    {
-    case templateCommand::preferences:
-        preferences();
-        return true;
-    case templateCommand::exit:
-        finish(0);
-        return true;
-    case templateCommand::sort:
-        sort();
-        return true;
-    case templateCommand::sortAscending:
-    case templateCommand::sortDescending:
-        m_grid->quickSort(command == templateCommand::sortDescending);
-        return true;
-    case templateCommand::find:
-        find();
-        return true;
-    case templateCommand::importTemplates:
-        importTemplates();
-        return true;
-    case templateCommand::exportTemplates:
-        exportTemplates();
-        return true;
-    case templateCommand::sortAZ:
-        m_user.showError(translated("Sorting A-Z is not implemented yet."));
-        return true;
-    case templateCommand::sortZA:
-        m_user.showError(translated("Sorting Z-A is not implemented yet."));
-        return true;
-    default:
-        return false;
-    }
-}
-
-void TemplateManagerFormView::storeEdits()
-{
-    m_grid->finishEdit();
-    if (m_session.storeEdits())
-        m_settingsChanged = false;
-    refill();
-}
-
-void TemplateManagerFormView::deleteSelected()
-{
-    m_grid->finishEdit();
-    const std::vector<std::size_t> selected = m_grid->selectedRows();
-    if (selected.empty() || !m_session.settleEdits())
-        return;
-    m_session.deleteTemplates(selected);
-    m_session.fill();
-    m_grid->rowsRefilled();
-    updateButtons();
-}
-
-void TemplateManagerFormView::deleteByKey()
-{
-    const std::size_t count = m_grid->selectedRows().size();
-    if (count > 0 &&
-        m_user.askOkCancel(count == 1 ? translated("Delete the selected template?")
-                                      : translatedWith("Delete the %s selected templates?", std::to_string(count))))
-        deleteSelected();
+    if (command != templateCommand::exit)
+        return m_commands.run(command);
+    finish(0);
+    return true;
 }
 
 void TemplateManagerFormView::themeChosen(int theme)
 {
     if (theme == this->theme())
         return;
-    m_settingsChanged = true;
+    m_commands.markChanged();
     m_session.info().preferences.theme = theme;
     installVisualTheme(theme);
     applyLook();
-    refill();
-}
-
-void TemplateManagerFormView::configureColumns()
-{
-    m_grid->finishEdit();
-    TemplateColumnsDialog dialog(m_session.info().columns, &m_frame);
-    if (dialog.ShowModal() != acceptId)
-        return;
-    m_session.info().columns = dialog.result();
-    columnsChanged();
-}
-
-void TemplateManagerFormView::columnsChanged()
-{
-    m_settingsChanged = true;
-    storeLayout(true);
-    m_session.info().headingHeight = -1;
-    m_grid->rebuildColumns();
-    refill();
-}
-
-void TemplateManagerFormView::templateEdited()
-{
-    updateButtons();
-}
-
-void TemplateManagerFormView::sort()
-{
-    m_grid->finishEdit();
-    TemplateSortDialog dialog(m_session.info().columns, m_session.info().sortLevels, &m_frame);
-    if (dialog.ShowModal() != acceptId)
-        return;
-    m_session.info().sortLevels = dialog.result();
-    m_settingsChanged = true;
-    m_grid->sortBy(dialog.result());
-}
-
-void TemplateManagerFormView::preferences()
-{
-    m_grid->finishEdit();
-    m_session.reloadKnownFolders();
-    TemplatePreferencesDialog dialog(m_session.info().preferences, m_session.folder(), m_inputs.path, &m_frame);
-    if (dialog.ShowModal() != acceptId)
-        return;
-    const bool refillNeeded = m_session.changesRows(dialog.preferences(), dialog.folder());
-    if (refillNeeded && !m_session.settleEdits())
-        return;
-    if (dialog.preferences().font != m_session.info().preferences.font)
-        m_session.info().headingHeight = -1;
-    m_session.acceptPreferences(dialog.preferences(), dialog.folder());
-    if (refillNeeded)
-        m_session.fill();
-    m_grid->applyLook();
-    m_grid->rebuildColumns();
-    m_grid->rowsRefilled();
-    updateButtons();
-}
-
-void TemplateManagerFormView::importTemplates()
-{
-    m_grid->finishEdit();
-    if (!m_session.settleEdits())
-        return;
-    if (m_session.importTemplates() == 0)
-        return;
-    m_session.fill();
-    m_grid->rowsRefilled();
-    updateButtons();
-}
-
-void TemplateManagerFormView::exportTemplates()
-{
-    m_grid->finishEdit();
-    std::vector<std::size_t> rows(m_session.rows().size());
-    for (std::size_t row = 0; row < rows.size(); ++row)
-        rows[row] = row;
-    m_session.exportTemplates(rows);
-}
-
-void TemplateManagerFormView::find()
-{
-    m_grid->finishEdit();
-    m_grid->searchFromStart();
-    const auto findNext = [this](const std::string& text) -> const std::vector<std::string>&
-    {
-        searchNext(text);
-        return m_grid->searchedTexts();
-    };
-    TemplateManagerFindDialog(findNext, m_grid->searchedTexts(), &m_frame).ShowModal();
-}
-
-void TemplateManagerFormView::findAgain()
-{
-    if (m_searched.empty())
-        find();
-    else
-        searchNext(m_searched);
-}
-
-void TemplateManagerFormView::searchNext(const std::string& text)
-{
-    m_searched = text;
-    if (m_grid->findNext(text) == TemplateFind::Result::notFound)
-        m_user.showError(translated(templateNotFoundText));
+    m_session.refresh();
 }
 
 } // namespace TessaronResources

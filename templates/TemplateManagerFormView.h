@@ -2,9 +2,9 @@
 #define TEMPLATES_TEMPLATEMANAGERFORMVIEW_H
 
 #include "controls/ControlMover.h"
+#include "templates/TemplateManagerCommands.h"
 #include "templates/TemplateSession.h"
 #include "templates/TemplateWindowUser.h"
-#include "templates/grid/TemplateManagerGrid.h"
 
 #include <wx/panel.h>
 
@@ -29,9 +29,9 @@ struct TemplateManagerInputs
     int theme = -1;            ///< the one that the host asks for
 };
 
-/// The form of the template manager: the grid, the name and theme fields, the buttons, and what the commands of the
-/// window do. It ends the window's modal loop by writing into the result slot.
-class TemplateManagerFormView : public wxPanel, private TemplateGridCommands
+/// The form of the template manager: the grid, the name and theme fields and the buttons. It ends the window's modal
+/// loop by writing into the result slot.
+class TemplateManagerFormView : public wxPanel, private TemplateSessionObserver
 {
 public:
     TemplateManagerFormView(wxFrame& frame, const TemplateManagerInputs& inputs);
@@ -62,14 +62,10 @@ public:
     int theme() const;
 
 private:
-    // The user's commands in the grid
-    void deleteSelected() override;
-    void deleteByKey() override;
-    void configureColumns() override;
-    void find() override;
-    void findAgain() override;
-    void columnsChanged() override;
-    void templateEdited() override;
+    // What the session tells: the buttons follow
+    void rowsReplaced() override { updateButtons(); }
+    void rowsReordered(const std::vector<std::size_t>&) override {}
+    void rowsEdited() override { updateButtons(); }
 
     /// The user is not done yet. Events of his may still come when he is.
     bool isRunning() const { return m_slot && *m_slot == -1; }
@@ -78,32 +74,22 @@ private:
     /// Asks for edits that are not stored.
     /// \returns whether the window may end.
     bool settleBeforeEnd();
-    /// Stores the definitions with the heading height and the window's size.
-    void storeLayout(bool byUser);
-    void refill();
     void applyLook();
     void apply();
     void save();
-    void storeEdits();
     void themeChosen(int theme);
-    void importTemplates();
-    void exportTemplates();
-    void sort();
-    void preferences();
-    void searchNext(const std::string& text);
     void updateButtons();
 
     wxFrame& m_frame;
     TemplateManagerInputs m_inputs;
     TemplateWindowUser m_user;
     TemplateSession m_session;
+    TemplateManagerCommands m_commands;
     ControlMover m_mover;
     TemplateManagerGrid* m_grid = nullptr;
     int* m_slot = nullptr;
     std::function<void()> m_finished;
-    bool m_settingsChanged = false;
     bool m_busy = false; ///< a finish is under way, perhaps with a question on the screen
-    std::string m_searched;
 };
 
 } // namespace TessaronResources

@@ -1,10 +1,10 @@
 #include "templates/TemplateManagerFrameWnd.h"
 
+#include "frame/CurrentModule.h"
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
 #include "templates/TemplateManagerFormView.h"
 #include "templates/TemplateManagerRibbon.h"
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/display.h>

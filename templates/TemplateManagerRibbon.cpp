@@ -1,12 +1,12 @@
 #include "templates/TemplateManagerRibbon.h"
 
+#include "frame/CurrentModule.h"
 #include "frame/Translation.h"
 #include "frame/looks/RibbonArt.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/native/NativeLoop.h"
 #include "frame/native/NativeToolkit.h"
 #include "templates/TemplateManagerIds.h"
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/menu.h>

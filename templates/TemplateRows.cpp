@@ -85,12 +85,6 @@ void TemplateRows::markStored(std::size_t row, util::Parameterized set)
     m_rows[row].stored.reset();
 }
 
-void TemplateRows::revert(std::size_t row)
-{
-    if (isEdited(row))
-        markStored(row, std::move(*m_rows[row].stored));
-}
-
 void TemplateRows::reorder(const std::vector<std::size_t>& order)
 {
     std::vector<Row> rows;

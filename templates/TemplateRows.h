@@ -21,7 +21,6 @@ public:
     void fill(std::vector<util::Parameterized> listed, int filter, const util::Parameterized& current);
 
     std::size_t size() const { return m_rows.size(); }
-    bool empty() const { return m_rows.empty(); }
     /// The template with its edits.
     const util::Parameterized& at(std::size_t row) const { return m_rows[row].set; }
     /// The template as it is stored.
@@ -43,8 +42,6 @@ public:
     std::vector<std::size_t> editedRows() const;
     /// The template of a row has been stored, and is now as given.
     void markStored(std::size_t row, util::Parameterized set);
-    /// Takes the edits of a row back.
-    void revert(std::size_t row);
 
     /// Brings the rows into a new order: order[i] is the present number of the row that comes to place i.
     void reorder(const std::vector<std::size_t>& order);

@@ -1,6 +1,10 @@
 #include "templates/TemplateSession.h"
 
 #include "frame/Translation.h"
+#include "templates/TemplateSharing.h"
+#include "templates/TemplateSort.h"
+#include "util/text/Ascii.h"
+#include <tessaron/engine/TemplatePath.h>
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
@@ -29,17 +33,6 @@ std::string replaceQuestion(const std::string& name)
     return translatedWith("%s already exists. Do you want to replace it?", name);
 }
 
-std::string folderOf(const std::string& path)
-{
-    return std::filesystem::path(path).parent_path().string();
-}
-
-std::string trimmed(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
-
 bool isFolder(const std::string& path)
 {
     std::error_code error;
@@ -66,9 +59,16 @@ TemplateSession::TemplateSession(int kind, int selector, std::string folder, uti
 {
 }
 
-void TemplateSession::report(int code, const std::string& detail)
+template <class Notice>
+void TemplateSession::notify(Notice notice)
 {
-    m_user.showError(translated(exchange::statusText(code)) + detail);
+    for (TemplateSessionObserver* const observer : m_observers)
+        notice(*observer);
+}
+
+void TemplateSession::report(int code)
+{
+    showStatus(m_user, code);
 }
 
 DefinitionsState TemplateSession::open(bool titleVariant)
@@ -83,19 +83,25 @@ DefinitionsState TemplateSession::open(bool titleVariant)
 void TemplateSession::fill()
 {
     std::vector<util::Parameterized> listed;
-    reportListing(util::loadTemplateFiles(kindFolder(), m_selector, &listed));
+    std::vector<util::FaultyTemplateFile> faulty;
+    const int code = util::loadTemplateFiles(kindFolder(), m_selector, &listed, &faulty);
+    reportListing(code, faulty);
     m_existingNames.clear();
     m_existingNames.reserve(listed.size());
     for (const util::Parameterized& set : listed)
         m_existingNames.push_back(nameOf(set));
     m_rows.fill(std::move(listed), m_info.preferences.matchFilter, m_current);
+    notify([](TemplateSessionObserver& observer) { observer.rowsReplaced(); });
 }
 
-void TemplateSession::reportListing(int code)
+void TemplateSession::refresh()
 {
-    std::vector<util::FaultyTemplateFile> faulty;
-    if (code != status::ok)
-        util::findFaultyTemplateFiles(kindFolder(), &faulty);
+    if (!m_rows.hasEdits())
+        fill();
+}
+
+void TemplateSession::reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty)
+{
     std::set<std::pair<std::string, int>> faults;
     std::map<int, std::vector<std::string>, std::greater<>> unknown;
     const auto add = [&](const std::string& path, int fault)
@@ -146,7 +152,7 @@ void TemplateSession::reloadKnownFolders()
 
 std::string TemplateSession::chosenFolder(const std::string& typed) const
 {
-    const std::string folder = trimmed(typed);
+    const std::string folder(util::trimmed(typed));
     return folder.empty() ? m_homeFolder : folder;
 }
 
@@ -178,6 +184,19 @@ bool TemplateSession::acceptPreferences(const util::TemplatePreferences& prefere
     return refill;
 }
 
+void TemplateSession::editCell(std::size_t row, const GridColumnInfo& column, const std::string& text)
+{
+    if (m_rows.edit(row, column, text))
+        notify([](TemplateSessionObserver& observer) { observer.rowsEdited(); });
+}
+
+void TemplateSession::sort(const std::vector<util::TemplateSortLevel>& levels)
+{
+    const std::vector<std::size_t> order = sortedOrder(m_rows, levels, m_info.columns);
+    m_rows.reorder(order);
+    notify([&order](TemplateSessionObserver& observer) { observer.rowsReordered(order); });
+}
+
 std::string TemplateSession::proposeName()
 {
     util::Parameterized set;
@@ -188,65 +207,14 @@ std::string TemplateSession::proposeName()
     return nameWithoutGenerator;
 }
 
-bool TemplateSession::importFile(const std::string& path, std::vector<util::Parameterized>& templates)
-{
-    const bool isSingle = path.substr(path.rfind('.') + 1) == "vtmpl";
-    int code = status::ok;
-    if (isSingle)
-    {
-        templates.resize(1);
-        code = util::loadTemplateFile(path, &templates.front());
-        // An export may carry this extension too.
-        if (code == status::templateFormatError && util::loadTemplateArrayFile(path, &templates) == status::ok)
-            code = status::ok;
-    }
-    else
-        code = util::loadTemplateArrayFile(path, &templates);
-    if (code != status::ok)
-        report(code, (isSingle ? translated("\n Template: ") : translated("\n Template Array: ")) + path);
-    return code == status::ok;
-}
-
 std::size_t TemplateSession::importTemplates()
 {
-    const std::vector<std::string> paths = m_user.chooseImportFiles(m_user.lastFolder());
-    if (paths.empty())
-        return 0;
-    m_user.keepLastFolder(folderOf(paths.front()));
-
-    std::size_t saved = 0;
-    for (const std::string& path : paths)
-    {
-        std::vector<util::Parameterized> templates;
-        if (!importFile(path, templates))
-            continue;
-        for (util::Parameterized& set : templates)
-        {
-            const std::string name = nameOf(set);
-            const int code = util::saveTemplateFile(util::templatePath(kindFolder(), name), false, &set);
-            if (code != status::ok)
-                report(code, translated("\n Template: ") + name);
-            else
-                ++saved;
-        }
-    }
-    return saved;
+    return TessaronResources::importTemplates(kindFolder(), m_user);
 }
 
 bool TemplateSession::exportTemplates(const std::vector<std::size_t>& rows)
 {
-    const std::string path = m_user.chooseExportFile(m_user.lastFolder());
-    if (path.empty())
-        return false;
-    m_user.keepLastFolder(folderOf(path));
-    std::vector<util::Parameterized> templates;
-    templates.reserve(rows.size());
-    for (const std::size_t row : rows)
-        templates.push_back(m_rows.at(row));
-    const int code = util::saveTemplateArrayFile(path, templates);
-    if (code != status::ok)
-        report(code, translated("\n Template: ") + path);
-    return code == status::ok;
+    return TessaronResources::exportTemplates(m_rows, rows, m_user);
 }
 
 std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& rows)
@@ -269,7 +237,7 @@ bool TemplateSession::storeRow(std::size_t row)
     std::string name = nameOf(set);
     if (name != nameOf(m_rows.storedAt(row)))
     {
-        name = trimmed(name);
+        name = std::string(util::trimmed(name));
         set.set(keys::templateName, name);
         // Under another name it is another template: the one it was made from stays.
         set.erase(keys::templateGuid);
@@ -294,9 +262,12 @@ bool TemplateSession::storeRow(std::size_t row)
 
 bool TemplateSession::storeEdits()
 {
+    const std::vector<std::size_t> edited = m_rows.editedRows();
     bool all = true;
-    for (const std::size_t row : m_rows.editedRows())
+    for (const std::size_t row : edited)
         all = storeRow(row) && all;
+    if (!edited.empty())
+        notify([](TemplateSessionObserver& observer) { observer.rowsEdited(); });
     return all;
 }
 

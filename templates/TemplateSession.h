@@ -5,6 +5,7 @@
 #include "templates/TemplateRows.h"
 #include "templates/TemplateUser.h"
 #include <tessaron/engine/TemplateInfo.h>
+#include <tessaron/engine/TemplateStore.h>
 #include <tessaron/util/Parameterized.h>
 
 #include <cstddef>
@@ -17,8 +18,22 @@
 namespace TessaronResources
 {
 
+/// Is told what has become of a session's rows, after the change.
+class TemplateSessionObserver
+{
+public:
+    virtual ~TemplateSessionObserver() = default;
+
+    /// The rows are others now.
+    virtual void rowsReplaced() = 0;
+    /// The rows stand in another order: order[i] is the former number of row i.
+    virtual void rowsReordered(const std::vector<std::size_t>& order) = 0;
+    /// Templates have been edited, or edits stored. The rows are the same, in the same order.
+    virtual void rowsEdited() = 0;
+};
+
 /// One run of the template manager: what it holds, and what its commands do. The window shows the state and calls the
-/// commands; questions and messages go to the user. Nothing here has a window.
+/// commands; questions and messages go to the user, changes of the rows to the observers. Nothing here has a window.
 class TemplateSession
 {
 public:
@@ -27,6 +42,10 @@ public:
     /// \param user     outlives the session
     TemplateSession(int kind, int selector, std::string folder, util::Parameterized current, TemplateUser& user);
 
+    /// Observers are told in the order in which they were added. They are not owned, and no command is given after
+    /// they are gone.
+    void addObserver(TemplateSessionObserver& observer) { m_observers.push_back(&observer); }
+
     // Opening
 
     /// Reads the known folders and the definitions; the first start makes the definitions. Does not fill the rows.
@@ -34,16 +53,14 @@ public:
     /// Lists the folder's templates into the rows, those that the match filter displays. Edits are dropped. Files that
     /// cannot be read are named in one message, each once and not at every refill.
     void fill();
+    /// Fills the rows again unless edits would be dropped by it.
+    void refresh();
 
     // State
 
-    int kind() const { return m_kind; }
-    const util::Parameterized& current() const { return m_current; }
     /// The template folder in use, and the sub-folder that holds the templates of this kind of operation.
     const std::string& folder() const { return m_folder; }
     std::string kindFolder() const { return templateKindFolder(m_folder, m_kind); }
-    const std::vector<std::string>& knownFolders() const { return m_knownFolders; }
-    TemplateRows& rows() { return m_rows; }
     const TemplateRows& rows() const { return m_rows; }
     /// The names of all templates that were listed, also of those that the match filter leaves out.
     const std::vector<std::string>& existingNames() const { return m_existingNames; }
@@ -64,6 +81,13 @@ public:
     /// \returns whether the rows must be filled again. The folder given by the user is taken without blanks around it;
     /// an empty one is the host's.
     bool acceptPreferences(const util::TemplatePreferences& preferences, const std::string& folder);
+
+    // Rows
+
+    /// Takes what the user typed into a cell.
+    void editCell(std::size_t row, const GridColumnInfo& column, const std::string& text);
+    /// Brings the rows into the order of these levels.
+    void sort(const std::vector<util::TemplateSortLevel>& levels);
 
     // Names
 
@@ -114,11 +138,12 @@ public:
 
 private:
     std::string chosenFolder(const std::string& typed) const;
-    void report(int code, const std::string& detail = {});
-    void reportListing(int code);
-    bool importFile(const std::string& path, std::vector<util::Parameterized>& templates);
+    void report(int code);
+    void reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty);
     util::Parameterized currentAs(const std::string& name) const;
     bool storeRow(std::size_t row);
+    template <class Notice>
+    void notify(Notice notice);
 
     int m_kind;
     int m_selector;
@@ -132,6 +157,7 @@ private:
     std::vector<std::string> m_knownFolders;
     std::vector<std::string> m_existingNames;
     TemplateRows m_rows;
+    std::vector<TemplateSessionObserver*> m_observers;
     std::set<std::pair<std::string, int>> m_reported; ///< what the last listing could not read, and the codes
 };
 

@@ -1,18 +1,10 @@
 #include "templates/TemplateSort.h"
 
 #include "frame/Translation.h"
-#include "util/text/FoldCase.h"
+#include "templates/columns/ColumnKinds.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <cstdint>
-#include <cstring>
-#include <limits>
-#include <map>
 #include <numeric>
-#include <optional>
-#include <string_view>
 #include <utility>
 
 namespace TessaronResources
@@ -21,133 +13,19 @@ namespace TessaronResources
 namespace
 {
 
-namespace type = util::templateColumnType;
-
-bool isDigit(char c)
+struct SortLevel
 {
-    return c >= '0' && c <= '9';
-}
+    SortKeyMaker makeKey;
+    bool descending;
 
-/// A text that compares byte by byte as the original does letter by letter: case folded, and each number in it led by
-/// its count of digits, so that a longer number is a larger one.
-std::string sortText(std::string_view text)
-{
-    const std::string folded = foldCase(text);
-    std::string key;
-    key.reserve(folded.size() + 8);
-    for (std::size_t i = 0; i < folded.size();)
+    /// Negative, zero or positive, as a comes before, beside or after b. Rows without a value come last either way.
+    int compare(const SortKey& a, const SortKey& b) const
     {
-        if (!isDigit(folded[i]))
-        {
-            key += folded[i++];
-            continue;
-        }
-        while (i + 1 < folded.size() && folded[i] == '0' && isDigit(folded[i + 1]))
-            ++i;
-        std::size_t end = i;
-        while (end < folded.size() && isDigit(folded[end]))
-            ++end;
-        // Numbers of 200 digits and more all count as long ones; digits sort between '/' and ':' as before.
-        key += '0';
-        key += static_cast<char>(std::min<std::size_t>(end - i, 200));
-        key.append(folded, i, end - i);
-        i = end;
+        if (a.isEmpty() || b.isEmpty())
+            return static_cast<int>(a.isEmpty()) - static_cast<int>(b.isEmpty());
+        const int order = a.compare(b);
+        return descending ? -order : order;
     }
-    return key;
-}
-
-/// What one row is sorted by on one level. Most comparisons end at `order`.
-struct SortValue
-{
-    std::uint64_t order = 0; ///< 0: no value
-    std::string text;        ///< only of texts
-};
-
-/// Numbers as unsigned ones that compare alike, from 1 on.
-std::uint64_t orderOf(double number)
-{
-    constexpr std::uint64_t signBit = std::uint64_t(1) << 63U;
-    number += 0.0; // there are two zeros, which are equal
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &number, sizeof bits);
-    return (bits & signBit) != 0 ? ~bits : bits | signBit;
-}
-
-/// A text's first bytes as a number; texts that are equal in them compare by the rest.
-std::uint64_t orderOf(const std::string& text)
-{
-    std::uint64_t order = 0;
-    for (std::size_t i = 0; i < sizeof order; ++i)
-        order = order << 8U | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
-    return std::max<std::uint64_t>(order, 1);
-}
-
-SortValue textValue(std::string text)
-{
-    const std::uint64_t order = orderOf(text);
-    return {order, std::move(text)};
-}
-
-std::optional<double> numberOf(const util::Parameterized::Value& value)
-{
-    if (const int* const whole = boost::get<int>(&value))
-        return *whole;
-    if (const double* const real = boost::get<double>(&value))
-        return std::isnan(*real) ? std::nullopt : std::optional<double>(*real);
-    return std::nullopt;
-}
-
-class SortLevel
-{
-public:
-    SortLevel(const util::TemplateColumn& column, bool descending) : m_type(column.type), m_descending(descending)
-    {
-        if (column.type == type::list)
-            for (const auto& [code, text] : column.options)
-                m_options.emplace(code, textValue(sortText(text)));
-    }
-
-    SortValue makeValue(const util::Parameterized::Value& value) const
-    {
-        const std::optional<double> number = numberOf(value);
-        const auto* const text = boost::get<std::string>(&value);
-        switch (m_type)
-        {
-        case type::integer:
-        case type::real:
-        case type::rating:
-            return number ? SortValue{orderOf(*number), {}} : SortValue();
-        case type::date:
-        {
-            double seconds = 0.0;
-            const bool reads =
-                text && std::from_chars(text->data(), text->data() + text->size(), seconds).ec == std::errc();
-            return reads ? SortValue{orderOf(seconds), {}} : SortValue();
-        }
-        case type::list:
-        {
-            const bool isCode = number && std::fabs(*number) <= std::numeric_limits<int>::max();
-            const auto option = isCode ? m_options.find(static_cast<int>(*number)) : m_options.end();
-            return option == m_options.end() ? SortValue() : option->second;
-        }
-        default:
-            return text && !text->empty() ? textValue(sortText(*text)) : SortValue();
-        }
-    }
-
-    /// Negative, zero or positive, as a comes before, beside or after b.
-    int compare(const SortValue& a, const SortValue& b) const
-    {
-        if (a.order == 0 || b.order == 0)
-            return static_cast<int>(b.order != 0) - static_cast<int>(a.order != 0);
-        const int order = a.order != b.order ? (a.order < b.order ? -1 : 1) : a.text.compare(b.text);
-        return m_descending ? -order : order;
-    }
-
-private:
-    int m_type;
-    bool m_descending;
-    std::map<int, SortValue> m_options;
 };
 
 const util::TemplateColumn* findColumn(const std::vector<util::TemplateColumn>& columns, const std::string& key)
@@ -166,19 +44,19 @@ std::vector<std::size_t> sortedOrder(const TemplateRows& rows, const std::vector
     for (const util::TemplateSortLevel& level : levels)
         if (const util::TemplateColumn* const column = findColumn(columns, level.key))
         {
-            sorts.emplace_back(*column, level.descending);
+            sorts.push_back({makeGridColumn(*column, false)->sortKeys(), level.descending});
             keys.push_back(level.key);
         }
 
     // Row by row, so that a comparison finds all it needs in one place.
-    std::vector<SortValue> values(rows.size() * sorts.size());
+    std::vector<SortKey> sortKeys(rows.size() * sorts.size());
     const std::vector<std::size_t> places = rows.valuePlaces(keys);
     for (std::size_t row = 0; row < rows.size(); ++row)
     {
         const ColumnValues::Values& ofRow = rows.valuesAt(row);
         for (std::size_t i = 0; i < sorts.size(); ++i)
             if (const util::Parameterized::Value* const value = ofRow[places[i]])
-                values[row * sorts.size() + i] = sorts[i].makeValue(*value);
+                sortKeys[row * sorts.size() + i] = sorts[i].makeKey(*value);
     }
 
     std::vector<std::size_t> order(rows.size());
@@ -188,20 +66,12 @@ std::vector<std::size_t> sortedOrder(const TemplateRows& rows, const std::vector
                      {
                          for (std::size_t i = 0; i < sorts.size(); ++i)
                              if (const int result =
-                                     sorts[i].compare(values[a * sorts.size() + i], values[b * sorts.size() + i]);
+                                     sorts[i].compare(sortKeys[a * sorts.size() + i], sortKeys[b * sorts.size() + i]);
                                  result != 0)
                                  return result < 0;
                          return false;
                      });
     return order;
-}
-
-const std::array<std::string, 2>& sortOrderTexts(int columnType)
-{
-    static const std::array<std::string, 2> numbers = {translated("Smallest to Largest"),
-                                                       translated("Largest to Smallest")};
-    static const std::array<std::string, 2> texts = {translated("A to Z"), translated("Z to A")};
-    return columnType == type::integer || columnType == type::real ? numbers : texts;
 }
 
 TemplateSortLevels::TemplateSortLevels(const std::vector<util::TemplateColumn>& columns,
@@ -233,7 +103,7 @@ std::size_t TemplateSortLevels::columnOf(std::size_t level) const
 
 const std::array<std::string, 2>& TemplateSortLevels::orderTexts(std::size_t level) const
 {
-    return sortOrderTexts(m_columns[columnOf(level)].type);
+    return makeGridColumn(m_columns[columnOf(level)], false)->sortOrderTexts();
 }
 
 std::size_t TemplateSortLevels::add()

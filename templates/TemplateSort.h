@@ -15,14 +15,10 @@ namespace TessaronResources
 /// The order in which the levels put the rows: element i is the present number of the row that belongs at place i, as
 /// TemplateRows::reorder() takes it. Stable: rows that all levels find equal keep their order.
 ///
-/// Values are compared, not texts: numbers, ratings and dates by size, list columns by the texts of their codes, texts
-/// letter by letter ignoring case, with numbers in them by size ("T2" before "T10"). Templates without a value come
-/// last in both directions. A level whose key has no column in `columns` sorts nothing.
+/// Values are compared as the kind of their column says, not as the texts that cells show. Templates without a value
+/// come last in both directions. A level whose key has no column in `columns` sorts nothing.
 std::vector<std::size_t> sortedOrder(const TemplateRows& rows, const std::vector<util::TemplateSortLevel>& levels,
                                      const std::vector<util::TemplateColumn>& columns);
-
-/// The two choices for the direction of a level by a column of this type, ascending first.
-const std::array<std::string, 2>& sortOrderTexts(int columnType);
 
 /// The levels of the sort dialog as the user builds them.
 class TemplateSortLevels
@@ -38,7 +34,7 @@ public:
     std::vector<std::string> columnTitles() const;
     /// The place of a level's column among the titles.
     std::size_t columnOf(std::size_t level) const;
-    /// The two texts offered in the order cell.
+    /// The two texts offered in the order cell, ascending first.
     const std::array<std::string, 2>& orderTexts(std::size_t level) const;
 
     /// Appends an ascending level by the first column that no level sorts by yet.

@@ -2,6 +2,7 @@
 #define TEMPLATES_TEMPLATEUSER_H
 
 #include "frame/Translation.h"
+#include <tessaron/exchange/StatusTable.h>
 
 #include <string>
 #include <vector>
@@ -38,12 +39,17 @@ public:
     virtual void keepLastFolder(const std::string& folder) = 0;
 };
 
+/// Shows the text of a status code as an error, with `detail` behind it.
+inline void showStatus(TemplateUser& user, int code, const std::string& detail = {})
+{
+    user.showError(translated(exchange::statusText(code)) + detail);
+}
+
 inline constexpr const char* templateCaption = translatable("Template Manager");
 inline constexpr const char* templateImportFilter =
     translatable("Template Files (*.vtmpl)|*.vtmpl|XML-files (*.xml)|*.xml|All Files (*.*)|*.*||");
 inline constexpr const char* templateExportFilter =
     translatable("Template Files (*.vtmpl)|*.vtmpl|All Files (*.*)|*.*||");
-inline constexpr const char* templateDefaultExtension = "*.vtmpl";
 inline constexpr const char* profileSection = "Halvorsund Technologies, Inc.";
 inline constexpr const char* lastFolderEntry = "LoadXmlDir";
 

@@ -4,6 +4,7 @@
 #include "frame/Translation.h"
 #include "frame/configuration/UserProfile.h"
 #include "frame/native/NativeLoop.h"
+#include <tessaron/engine/TemplatePath.h>
 
 #include <wx/filedlg.h>
 #include <wx/filename.h>
@@ -81,7 +82,7 @@ std::string TemplateWindowUser::chooseExportFile(const std::string& folder)
         if (file.HasExt())
             return file.GetFullPath().utf8_string();
         // The dialog has asked about the name without the extension only.
-        file.SetExt(wxString(templateDefaultExtension).AfterLast('.'));
+        file.SetExt(wxString(util::templateExtension).AfterLast('.'));
         if (!file.FileExists() || askOkCancel(translatedWith("%s already exists. Do you want to replace it?",
                                                              file.GetFullName().utf8_string())))
             return file.GetFullPath().utf8_string();

@@ -50,7 +50,7 @@ std::filesystem::path temporaryFolder()
 template <class Record>
 void oursWrite(std::ostream& stream, const Record& record, ArchiveFormat format)
 {
-    if constexpr (exchange::archive::isXmlOnly(exchange::archive::RecordKindOf<Record>::value))
+    if constexpr (!exchange::archive::hasBinary<Record>)
         exchange::writeArchive(stream, record);
     else
         exchange::writeArchive(stream, record, format);
@@ -59,7 +59,7 @@ void oursWrite(std::ostream& stream, const Record& record, ArchiveFormat format)
 template <class Record>
 void stockWrite(std::ostream& stream, const Record& record, ArchiveFormat format)
 {
-    if constexpr (!exchange::archive::isXmlOnly(exchange::archive::RecordKindOf<Record>::value))
+    if constexpr (exchange::archive::hasBinary<Record>)
         if (format == ArchiveFormat::binary)
             return stock::writeBinary(stream, record);
     stock::writeXml(stream, record);
@@ -68,7 +68,7 @@ void stockWrite(std::ostream& stream, const Record& record, ArchiveFormat format
 template <class Record>
 void stockRead(std::istream& stream, Record& record, ArchiveFormat format)
 {
-    if constexpr (!exchange::archive::isXmlOnly(exchange::archive::RecordKindOf<Record>::value))
+    if constexpr (exchange::archive::hasBinary<Record>)
         if (format == ArchiveFormat::binary)
             return stock::readBinary(stream, record);
     stock::readXml(stream, record);

@@ -17,6 +17,8 @@
 
 #include <chrono>
 
+using namespace testing_support;
+
 namespace
 {
 

@@ -2,14 +2,14 @@
 // when nothing has changed; and again when one file has.
 
 #include "bench/templates/SampleTemplates.h"
-#include "engine/templates/Folder.h"
 #include "engine/templates/TemplateFile.h"
-#include "engine/templates/TemplateListing.h"
 #include "tests/support/TemporaryFolder.h"
 #include <tessaron/engine/TemplateStore.h>
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <thread>
@@ -21,6 +21,12 @@ namespace
 {
 
 namespace store = util::store;
+
+/// Files just changed are read again until their time stamps can be told apart.
+void waitUntilSettled()
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+}
 
 /// A folder of so many templates, made once in the run.
 const TemporaryFolder& folderOf(int count)
@@ -38,8 +44,7 @@ const TemporaryFolder& folderOf(int count)
             writeBytes(*folder / ("TESSARON" + std::to_string(i) + ".vtmpl"), bytes);
         }
         ::sync();
-        // Files just written are read again until their time stamps can be told apart.
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        waitUntilSettled();
     }
     return *folder;
 }
@@ -54,6 +59,13 @@ void list(benchmark::State& state, const TemporaryFolder& folder, std::size_t co
     state.PauseTiming();
     templates = {};
     state.ResumeTiming();
+}
+
+/// Has every file look changed, so that all have to be read.
+void renewStamps(const TemporaryFolder& folder)
+{
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+        std::filesystem::permissions(entry.path(), entry.status().permissions());
 }
 
 void dropFromSystemCache(const TemporaryFolder& folder)
@@ -72,10 +84,11 @@ void firstListing(benchmark::State& state)
     for ([[maybe_unused]] auto turn : state)
     {
         state.PauseTiming();
-        store::forgetListings();
+        renewStamps(folder);
         state.ResumeTiming();
         list(state, folder, static_cast<std::size_t>(state.range(0)));
     }
+    waitUntilSettled();
 }
 
 void firstListingFromDisk(benchmark::State& state)
@@ -84,11 +97,12 @@ void firstListingFromDisk(benchmark::State& state)
     for ([[maybe_unused]] auto turn : state)
     {
         state.PauseTiming();
-        store::forgetListings();
+        renewStamps(folder);
         dropFromSystemCache(folder);
         state.ResumeTiming();
         list(state, folder, static_cast<std::size_t>(state.range(0)));
     }
+    waitUntilSettled();
 }
 
 void unchangedListing(benchmark::State& state)

@@ -6,6 +6,7 @@
 #include "templates/TemplateMatch.h"
 #include "templates/TemplateRows.h"
 #include "templates/TemplateSort.h"
+#include "templates/columns/ColumnKinds.h"
 #include <tessaron/engine/TemplateStore.h>
 
 #include <benchmark/benchmark.h>

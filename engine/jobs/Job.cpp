@@ -145,10 +145,4 @@ std::vector<int> Job::workerIds() const
     return m_info.workerIds;
 }
 
-bool Job::hasEnded() const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_info.state != JobState::running;
-}
-
 } // namespace exchange::jobs

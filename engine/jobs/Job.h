@@ -47,7 +47,6 @@ public:
     JobState wait(int milliseconds) const;
     boost::shared_ptr<const ToolpathRecords> toolpath() const;
     std::vector<int> workerIds() const;
-    bool hasEnded() const;
 
 private:
     void end(JobState state, int status);

@@ -86,7 +86,7 @@ std::shared_ptr<Job> JobRegistry::removeLocked(int id)
 
 void JobRegistry::noteEnd(const Job& job)
 {
-    // Let go of outside the lock: a large toolpath takes its time.
+    // Destroyed outside the lock: freeing a large toolpath takes time.
     std::shared_ptr<Job> forgotten;
     const std::lock_guard lock(m_mutex);
     if (m_refs.count(job.id()) == 0)

@@ -2,7 +2,7 @@
 #define ENGINE_JOBS_JOBREGISTRY_H
 
 #include "engine/jobs/Job.h"
-#include "engine/jobs/ThreadKeeper.h"
+#include "engine/jobs/ThreadGroup.h"
 
 #include <deque>
 #include <map>
@@ -39,11 +39,11 @@ public:
     JobRef find(int id) const;
     /// Forgets a job; returns it, or nothing when the id is not that of a job.
     std::shared_ptr<Job> remove(int id);
-    /// Notes that a job is about to end, and forgets the one that ended longest ago when too many are kept. Comes
-    /// before the end is told, so that whoever has seen jobs end knows which ones are kept.
+    /// Notes that a job is about to end, and forgets the one that ended longest ago when too many are kept. Called
+    /// before the end is told, so that a caller who has seen jobs end knows which ones are kept.
     void noteEnd(const Job& job);
 
-    ThreadKeeper& threads() { return m_threads; }
+    ThreadGroup& threads() { return m_threads; }
     /// Cancels all jobs and waits for their threads.
     void shutDown();
 
@@ -56,7 +56,7 @@ private:
     std::map<int, JobRef> m_refs;
     /// Ended jobs still known, in the order of their ends.
     std::deque<int> m_ended;
-    ThreadKeeper m_threads;
+    ThreadGroup m_threads;
 };
 
 } // namespace exchange::jobs

@@ -6,7 +6,7 @@
 namespace exchange::jobs
 {
 
-WorkerPool::WorkerPool(ThreadKeeper& threads, int workers, const std::shared_ptr<const CancelFlag>& cancel)
+WorkerPool::WorkerPool(ThreadGroup& threads, int workers, const std::shared_ptr<const CancelFlag>& cancel)
     : m_shared(std::make_shared<Shared>(cancel))
 {
     try
@@ -44,7 +44,7 @@ void WorkerPool::submit(Task task)
 void WorkerPool::wait()
 {
     Shared& shared = *m_shared;
-    // Tasks are let go of without the lock: they may own the pool.
+    // Tasks are destroyed without the lock: they may own the pool.
     std::deque<Task> dropped;
     std::unique_lock lock(shared.mutex);
     const auto idle = [&shared] { return shared.running == 0 && (shared.tasks.empty() || shared.failure); };

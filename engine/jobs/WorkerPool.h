@@ -2,7 +2,7 @@
 #define ENGINE_JOBS_WORKERPOOL_H
 
 #include "engine/jobs/CancelFlag.h"
-#include "engine/jobs/ThreadKeeper.h"
+#include "engine/jobs/ThreadGroup.h"
 
 #include <condition_variable>
 #include <deque>
@@ -26,7 +26,7 @@ public:
 
     /// Starts the workers.
     /// \throws std::system_error when the system refuses a thread.
-    WorkerPool(ThreadKeeper& threads, int workers, const std::shared_ptr<const CancelFlag>& cancel);
+    WorkerPool(ThreadGroup& threads, int workers, const std::shared_ptr<const CancelFlag>& cancel);
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
     /// Drops the tasks not yet started and lets the workers end; does not wait for them.

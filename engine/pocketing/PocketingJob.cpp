@@ -65,7 +65,7 @@ public:
     {
     }
 
-    void start(jobs::ThreadKeeper& threads, const std::function<void(int)>& addWorkers);
+    void start(jobs::ThreadGroup& threads, const std::function<void(int)>& addWorkers);
     void stop() { m_job->setCancelHook(nullptr); }
 
     // The stages, in order; each waits for its tasks.
@@ -133,7 +133,7 @@ private:
     double m_done = 0;
 };
 
-void PocketingWork::start(jobs::ThreadKeeper& threads, const std::function<void(int)>& addWorkers)
+void PocketingWork::start(jobs::ThreadGroup& threads, const std::function<void(int)>& addWorkers)
 {
     m_parameters = readParameters(*m_input);
     m_levels = m_parameters.levels();
@@ -399,7 +399,7 @@ PocketingJob::~PocketingJob()
     m_work->stop();
 }
 
-void PocketingJob::start(jobs::ThreadKeeper& threads, const std::function<void(int)>& addWorkers)
+void PocketingJob::start(jobs::ThreadGroup& threads, const std::function<void(int)>& addWorkers)
 {
     m_work->start(threads, addWorkers);
 }

@@ -2,7 +2,7 @@
 #define ENGINE_POCKETING_POCKETINGJOB_H
 
 #include "engine/jobs/Job.h"
-#include "engine/jobs/ThreadKeeper.h"
+#include "engine/jobs/ThreadGroup.h"
 #include <tessaron/engine/JobService.h>
 #include <tessaron/exchange/Tessaron2dInput.h>
 #include <tessaron/exchange/ToolpathRecords.h>
@@ -35,7 +35,7 @@ public:
     /// Checks the input and starts the workers.
     /// \param addWorkers is told how many workers there are
     /// \throws jobs::JobError, std::system_error
-    void start(jobs::ThreadKeeper& threads, const std::function<void(int)>& addWorkers);
+    void start(jobs::ThreadGroup& threads, const std::function<void(int)>& addWorkers);
     /// Computes the toolpath; after start.
     /// \throws jobs::JobError, jobs::Cancelled and whatever the library throws when memory ends
     PocketingResult compute();

@@ -1,5 +1,7 @@
 #include "engine/templates/FileNames.h"
 
+#include "util/text/Ascii.h"
+#include "util/text/Utf8.h"
 #include <tessaron/engine/TemplatePath.h>
 
 #include <boost/uuid/name_generator_sha1.hpp>
@@ -21,11 +23,6 @@ constexpr std::string_view forbidden = "\"%*/:<>?\\|\x7F";
 // As long as the digest needs it, and with enough of the name left to recognise it by.
 constexpr std::size_t digestBytes = 10;
 
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 void appendCode(std::string& text, char c)
 {
     const auto byte = static_cast<unsigned char>(c);
@@ -40,9 +37,10 @@ bool isReserved(std::string_view name)
     std::string_view base = name.substr(0, name.find('.'));
     base = base.substr(0, base.find_last_not_of(' ') + 1);
     static constexpr std::array<std::string_view, 6> devices = {"con", "prn", "aux", "nul", "conin$", "conout$"};
-    if (std::any_of(devices.begin(), devices.end(), [&](std::string_view d) { return equalIgnoringCase(base, d); }))
+    if (std::any_of(devices.begin(), devices.end(),
+                    [&](std::string_view d) { return equalIgnoringAsciiCase(base, d); }))
         return true;
-    if (!equalIgnoringCase(base.substr(0, 3), "com") && !equalIgnoringCase(base.substr(0, 3), "lpt"))
+    if (!equalIgnoringAsciiCase(base.substr(0, 3), "com") && !equalIgnoringAsciiCase(base.substr(0, 3), "lpt"))
         return false;
     // The superscript digits count as digits there.
     static constexpr std::array<std::string_view, 3> superscripts = {"\xC2\xB9", "\xC2\xB2", "\xC2\xB3"};
@@ -62,9 +60,7 @@ std::size_t cutLength(std::string_view plain, std::size_t room)
 {
     if (plain.size() <= room)
         return plain.size();
-    std::size_t length = room;
-    while (length > 0 && (static_cast<unsigned char>(plain[length]) & 0xC0U) == 0x80U)
-        --length;
+    const std::size_t length = utf8CutLength(plain, room);
     for (std::size_t back = 1; back <= 2 && back <= length; ++back)
         if (plain[length - back] == '%')
             return length - back;
@@ -72,12 +68,6 @@ std::size_t cutLength(std::string_view plain, std::size_t room)
 }
 
 } // namespace
-
-bool equalIgnoringCase(std::string_view a, std::string_view b)
-{
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lower(x) == lower(y); });
-}
 
 std::string plainStem(std::string_view name)
 {
@@ -152,7 +142,8 @@ std::string firstFreeName(const std::string& prefix, const std::vector<std::stri
     std::vector<bool> taken(names.size() + 2);
     for (const std::string& name : names)
     {
-        if (name.size() <= prefix.size() || !equalIgnoringCase(std::string_view(name).substr(0, prefix.size()), prefix))
+        if (name.size() <= prefix.size() ||
+            !equalIgnoringAsciiCase(std::string_view(name).substr(0, prefix.size()), prefix))
             continue;
         std::size_t number = 0;
         const char* const end = name.data() + name.size();

@@ -39,9 +39,6 @@ std::string listedName(std::string_view stem, std::string_view nameInside);
 /// `prefix` and the first number from 1 on that makes a name none of `names` equals, letter case ignored.
 std::string firstFreeName(const std::string& prefix, const std::vector<std::string>& names);
 
-/// Are the texts equal when letter case is ignored, in the letters that file systems of all kinds fold (A to Z)?
-bool equalIgnoringCase(std::string_view a, std::string_view b);
-
 } // namespace util::store
 
 #endif

@@ -3,6 +3,7 @@
 #include "engine/templates/TemplateFile.h"
 #include "engine/templates/TemplateFolder.h"
 #include "util/platform/FolderLock.h"
+#include "util/text/Ascii.h"
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
 
@@ -31,7 +32,7 @@ constexpr const char* defaultCam = "KORVEN";
 
 bool isTime(const std::string& text)
 {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return !text.empty() && std::all_of(text.begin(), text.end(), isAsciiDigit);
 }
 
 } // namespace
@@ -42,7 +43,7 @@ long long secondsNow()
     return duration_cast<seconds>(system_clock::now().time_since_epoch()).count();
 }
 
-void nameCam(Parameterized& set)
+void ensureCam(Parameterized& set)
 {
     if (!set.has(keys::templateCam))
         set.set(keys::templateCam, std::string(defaultCam));
@@ -68,7 +69,7 @@ void stampTemplate(Parameterized& set, const Parameterized* stored, long long ti
     set.set(keys::templateVersion, std::string(recordVersion));
     set.set(keys::templateDateCreated, isTime(created) ? created : now);
     set.set(keys::templateDateModified, now);
-    nameCam(set);
+    ensureCam(set);
 }
 
 int saveTemplate(const Folder& folder, const std::string& name, bool failIfExists, Parameterized& set)

@@ -1,7 +1,7 @@
 #ifndef ENGINE_TEMPLATES_SAVETEMPLATE_H
 #define ENGINE_TEMPLATES_SAVETEMPLATE_H
 
-#include "engine/templates/Folder.h"
+#include "util/platform/Folder.h"
 #include <tessaron/util/Parameterized.h>
 
 #include <string>
@@ -10,7 +10,7 @@ namespace util::store
 {
 
 /// Gives a template that does not name its CAM system the one that it then counts as coming from.
-void nameCam(Parameterized& set);
+void ensureCam(Parameterized& set);
 
 /// Gives a template what the store keeps: guid, version, dates and CAM system. `stored` is the template whose place it
 /// takes, or null. `time` is in seconds since 1970.

@@ -4,9 +4,7 @@
 #include <tessaron/exchange/StatusTable.h>
 
 #include <algorithm>
-#include <istream>
 #include <sstream>
-#include <streambuf>
 #include <utility>
 
 namespace util::store
@@ -18,32 +16,6 @@ namespace
 namespace status = exchange::status;
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-/// A stream buffer that reads bytes where they are.
-class BytesBuffer : public std::streambuf
-{
-public:
-    explicit BytesBuffer(std::string_view bytes)
-    {
-        char* const begin = const_cast<char*>(bytes.data());
-        setg(begin, begin, begin + bytes.size());
-    }
-
-protected:
-    pos_type seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode) override
-    {
-        const off_type base =
-            from == std::ios_base::beg ? 0 : (from == std::ios_base::end ? egptr() : gptr()) - eback();
-        if (base + offset < 0 || base + offset > egptr() - eback())
-            return pos_type(off_type(-1));
-        setg(eback(), eback() + base + offset, egptr());
-        return pos_type(base + offset);
-    }
-    pos_type seekpos(pos_type position, std::ios_base::openmode mode) override
-    {
-        return seekoff(off_type(position), std::ios_base::beg, mode);
-    }
-};
 
 std::string_view withoutMark(std::string_view bytes)
 {
@@ -81,10 +53,8 @@ int read(std::string_view bytes, Record& record)
         return status::templateFormatError;
     try
     {
-        BytesBuffer buffer(bytes);
-        std::istream stream(&buffer);
         Record result;
-        exchange::readArchive(stream, result);
+        exchange::readArchive(bytes, result);
         record = std::move(result);
         return status::ok;
     }

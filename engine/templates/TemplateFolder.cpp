@@ -96,7 +96,7 @@ std::optional<StoredTemplate> readTemplate(const Folder& folder, const std::stri
     result.nameInside = set.stringOr(keys::templateName, "");
     result.name = listedName(stemOf(fileName), result.nameInside);
     set.set(keys::templateName, result.name);
-    nameCam(set);
+    ensureCam(set);
     result.set = std::move(set);
     return result;
 }

@@ -1,7 +1,7 @@
 #ifndef ENGINE_TEMPLATES_TEMPLATEFOLDER_H
 #define ENGINE_TEMPLATES_TEMPLATEFOLDER_H
 
-#include "engine/templates/Folder.h"
+#include "util/platform/Folder.h"
 #include <tessaron/util/Parameterized.h>
 
 #include <optional>

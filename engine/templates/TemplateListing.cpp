@@ -1,8 +1,10 @@
 #include "engine/templates/TemplateListing.h"
 
-#include "engine/templates/Parallel.h"
+#include "engine/templates/ParallelFor.h"
 #include "engine/templates/TemplateFolder.h"
 #include "util/platform/FolderLock.h"
+#include "util/platform/TemporaryFile.h"
+#include "util/text/Ascii.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/exchange/StatusTable.h>
 
@@ -26,11 +28,11 @@ namespace
 namespace status = exchange::status;
 
 typedef std::pair<std::uint64_t, std::uint64_t> FolderId;
-typedef std::shared_ptr<const StoredTemplate> Remembered;
+typedef std::shared_ptr<const StoredTemplate> StoredPtr;
 
 struct ListedFile
 {
-    Remembered stored;    ///< null when the file was gone
+    StoredPtr stored;     ///< null when the file was gone
     bool settled = false; ///< an equal stamp means an equal file
 };
 
@@ -39,13 +41,13 @@ struct Snapshot
 {
     std::vector<std::string> fileNames; ///< as the folder gave them, which it does alike while it has not changed
     std::vector<ListedFile> files;      ///< of the names, in their order
-    std::vector<Remembered> templates;  ///< the good ones, in listing order
+    std::vector<StoredPtr> templates;   ///< the good ones, in listing order
     std::vector<FaultyFile> faults;     ///< in the order of the file names
-    std::uint64_t bytes = 0;            ///< sum of the file sizes, which the memory taken goes with
+    std::uint64_t bytes = 0;            ///< sum of the file sizes, which memory use grows with
 };
 
 /// The snapshots of the folders listed last.
-class Memory
+class SnapshotCache
 {
 public:
     std::shared_ptr<const Snapshot> find(FolderId folder)
@@ -60,7 +62,7 @@ public:
         return nullptr;
     }
 
-    void keep(FolderId folder, std::shared_ptr<const Snapshot> snapshot)
+    void put(FolderId folder, std::shared_ptr<const Snapshot> snapshot)
     {
         const std::lock_guard lock(m_mutex);
         m_folders.remove_if([folder](const auto& entry) { return entry.first == folder; });
@@ -74,21 +76,15 @@ public:
         }
     }
 
-    void clear()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_folders.clear();
-    }
-
 private:
     static constexpr std::uint64_t mostBytes = std::uint64_t(512) << 20U;
     std::mutex m_mutex;
     std::list<std::pair<FolderId, std::shared_ptr<const Snapshot>>> m_folders; ///< last used first
 };
 
-Memory& memory()
+SnapshotCache& snapshotCache()
 {
-    static Memory instance;
+    static SnapshotCache instance;
     return instance;
 }
 
@@ -107,25 +103,7 @@ std::int64_t now()
     return duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
 }
 
-/// Removes temporary files of saving processes that died. The caller's claim on the folder says that no process on this
-/// machine is saving now; the age leaves those of other machines in peace.
-void removeLeftovers(const Folder& folder, const std::vector<std::string>& names)
-{
-    constexpr std::int64_t oldEnough = std::int64_t(3600) * 1000000000;
-    const std::string part = std::string(templateExtension) + '.';
-    for (const std::string& name : names)
-    {
-        constexpr std::string_view ending = ".tmp";
-        const bool temporary =
-            name.front() == '.' && name.find(part) != std::string::npos &&
-            name.compare(name.size() - std::min(name.size(), ending.size()), ending.size(), ending) == 0;
-        FileStamp stamp;
-        if (temporary && folder.stamp(name, stamp) == FileState::ok && stamp.modified + oldEnough < now())
-            folder.remove(name);
-    }
-}
-
-/// The names of the template files. An exclusive claim held by a saving process would mean that a name is on the move
+/// The names of the template files. An exclusive lock held by a saving process would mean that a name is on the move
 /// from one place of the folder to another, and could be missed.
 bool templateFileNames(const Folder& folder, std::vector<std::string>& names)
 {
@@ -133,17 +111,17 @@ bool templateFileNames(const Folder& folder, std::vector<std::string>& names)
     if (!folder.entries(names))
         return false;
     if (lock.isHeld())
-        removeLeftovers(folder, names);
+        removeLeftovers(folder, names, templateExtension);
     names.erase(std::remove_if(names.begin(), names.end(), [](const auto& name) { return !isTemplateFileName(name); }),
                 names.end());
     return true;
 }
 
-/// Finds in a snapshot what a file held.
-class Recall
+/// What the files of the snapshot before held, by name.
+class PreviousFiles
 {
 public:
-    Recall(const Snapshot* before, const std::vector<std::string>& fileNames)
+    PreviousFiles(const Snapshot* before, const std::vector<std::string>& fileNames)
         : m_before(before), m_sameNames(before && before->fileNames == fileNames)
     {
         if (!before || m_sameNames)
@@ -176,8 +154,9 @@ private:
     std::unordered_map<std::string_view, std::size_t> m_places;
 };
 
-/// \returns whether the file had to be read.
-bool look(const Folder& folder, const std::string& fileName, const ListedFile* before, ListedFile& file)
+/// Gives what a file holds, from the snapshot before where the file is unchanged.
+/// \returns whether it had to be read.
+bool readIfChanged(const Folder& folder, const std::string& fileName, const ListedFile* before, ListedFile& file)
 {
     FileStamp stamp;
     if (before && folder.stamp(fileName, stamp) == FileState::ok && stamp == before->stored->stamp)
@@ -194,11 +173,10 @@ bool look(const Folder& folder, const std::string& fileName, const ListedFile* b
     return true;
 }
 
-bool comesBefore(const Remembered& a, const Remembered& b)
+bool comesBefore(const StoredPtr& a, const StoredPtr& b)
 {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    const auto less = [lower](char x, char y)
-    { return static_cast<unsigned char>(lower(x)) < static_cast<unsigned char>(lower(y)); };
+    const auto less = [](char x, char y)
+    { return static_cast<unsigned char>(asciiLower(x)) < static_cast<unsigned char>(asciiLower(y)); };
     if (std::lexicographical_compare(a->name.begin(), a->name.end(), b->name.begin(), b->name.end(), less))
         return true;
     if (std::lexicographical_compare(b->name.begin(), b->name.end(), a->name.begin(), a->name.end(), less))
@@ -211,7 +189,7 @@ void arrange(Snapshot& snapshot)
 {
     for (std::size_t i = 0; i < snapshot.files.size(); ++i)
     {
-        const Remembered& stored = snapshot.files[i].stored;
+        const StoredPtr& stored = snapshot.files[i].stored;
         if (!stored)
             continue;
         snapshot.bytes += stored->stamp.size;
@@ -226,70 +204,56 @@ void arrange(Snapshot& snapshot)
 }
 
 /// What a folder holds now. Null when it cannot be read.
-std::shared_ptr<const Snapshot> take(const Folder& folder, std::size_t* filesRead)
+std::shared_ptr<const Snapshot> takeSnapshot(const Folder& folder, std::size_t& filesRead)
 {
     auto after = std::make_shared<Snapshot>();
     if (!templateFileNames(folder, after->fileNames))
         return nullptr;
 
     const FolderId id = folder.identity();
-    std::shared_ptr<const Snapshot> listing = memory().find(id);
-    const Recall recall(listing.get(), after->fileNames);
+    std::shared_ptr<const Snapshot> listing = snapshotCache().find(id);
+    const PreviousFiles previous(listing.get(), after->fileNames);
     after->files.resize(after->fileNames.size());
     std::atomic<std::size_t> reads = 0;
-    inParallel(after->files.size(),
-               [&](std::size_t begin, std::size_t end)
-               {
-                   for (std::size_t i = begin; i < end; ++i)
-                       if (look(folder, after->fileNames[i], recall.find(after->fileNames[i], i), after->files[i]))
-                           ++reads;
-               });
-    if (filesRead)
-        *filesRead = reads;
-    if (!recall.hasSameNames() || reads > 0)
+    parallelFor(
+        after->files.size(),
+        [&](std::size_t begin, std::size_t end)
+        {
+            for (std::size_t i = begin; i < end; ++i)
+                if (readIfChanged(folder, after->fileNames[i], previous.find(after->fileNames[i], i), after->files[i]))
+                    ++reads;
+        });
+    filesRead = reads;
+    if (!previous.hasSameNames() || reads > 0)
     {
         arrange(*after);
         listing = after;
-        memory().keep(id, listing);
+        snapshotCache().put(id, listing);
     }
     return listing;
 }
 
-int codeOf(const Snapshot& snapshot)
-{
-    return snapshot.faults.empty() ? status::ok : snapshot.faults.front().code;
-}
-
 } // namespace
 
-int listTemplates(const Folder& folder, std::vector<Parameterized>& templates, std::size_t* filesRead)
+TemplateListing listTemplates(const Folder& folder)
 {
-    const std::shared_ptr<const Snapshot> listing = take(folder, filesRead);
-    if (!listing)
-        return status::templateReadError;
-    std::vector<Parameterized> result(listing->templates.size());
-    inParallel(result.size(),
-               [&](std::size_t begin, std::size_t end)
-               {
-                   for (std::size_t i = begin; i < end; ++i)
-                       result[i] = listing->templates[i]->set;
-               });
-    templates = std::move(result);
-    return codeOf(*listing);
-}
-
-int listFaults(const Folder& folder, std::vector<FaultyFile>& faults)
-{
-    const std::shared_ptr<const Snapshot> listing = take(folder, nullptr);
-    if (!listing)
-        return status::templateReadError;
-    faults = listing->faults;
-    return codeOf(*listing);
-}
-
-void forgetListings()
-{
-    memory().clear();
+    TemplateListing listing;
+    const std::shared_ptr<const Snapshot> snapshot = takeSnapshot(folder, listing.filesRead);
+    if (!snapshot)
+    {
+        listing.code = status::templateReadError;
+        return listing;
+    }
+    listing.templates.resize(snapshot->templates.size());
+    parallelFor(listing.templates.size(),
+                [&](std::size_t begin, std::size_t end)
+                {
+                    for (std::size_t i = begin; i < end; ++i)
+                        listing.templates[i] = snapshot->templates[i]->set;
+                });
+    listing.faults = snapshot->faults;
+    listing.code = listing.faults.empty() ? status::ok : listing.faults.front().code;
+    return listing;
 }
 
 } // namespace util::store

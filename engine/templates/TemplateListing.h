@@ -1,7 +1,7 @@
 #ifndef ENGINE_TEMPLATES_TEMPLATELISTING_H
 #define ENGINE_TEMPLATES_TEMPLATELISTING_H
 
-#include "engine/templates/Folder.h"
+#include "util/platform/Folder.h"
 #include <tessaron/util/Parameterized.h>
 
 #include <cstddef>
@@ -11,10 +11,6 @@
 namespace util::store
 {
 
-/// Lists the templates of an open folder as loadTemplateFiles() says, from this process's memory of what unchanged
-/// files held and from the files themselves. `filesRead` receives how many files had to be read.
-int listTemplates(const Folder& folder, std::vector<Parameterized>& templates, std::size_t* filesRead = nullptr);
-
 /// A template file that does not read, and why.
 struct FaultyFile
 {
@@ -22,12 +18,17 @@ struct FaultyFile
     int code = 0;
 };
 
-/// The files that a listing would skip, in name order.
-/// \returns as listTemplates().
-int listFaults(const Folder& folder, std::vector<FaultyFile>& faults);
+/// What a template folder holds.
+struct TemplateListing
+{
+    int code = 0;                         ///< as loadTemplateFiles() gives it
+    std::vector<Parameterized> templates; ///< the good ones, in listing order
+    std::vector<FaultyFile> faults;       ///< the files that are passed over, in name order
+    std::size_t filesRead = 0;            ///< how many files had to be read for this listing
+};
 
-/// Forgets what files held, so that the next listing reads all of them.
-void forgetListings();
+/// Lists an open folder, from this process's cache of what unchanged files held and from the files themselves.
+TemplateListing listTemplates(const Folder& folder);
 
 } // namespace util::store
 

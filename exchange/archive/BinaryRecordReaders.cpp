@@ -6,8 +6,8 @@ namespace exchange::archive
 
 RecordReader binaryRecordReader(RecordKind kind)
 {
-    static constexpr auto readers = recordReaders<BinaryReader>(BinaryRecordTypes());
-    return entryOf(readers, kind);
+    static constexpr auto readers = recordReaders<BinaryReader, inBinary>();
+    return readers[static_cast<std::size_t>(kind)];
 }
 
 } // namespace exchange::archive

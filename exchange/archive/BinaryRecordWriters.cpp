@@ -6,8 +6,8 @@ namespace exchange::archive
 
 RecordWriter binaryRecordWriter(RecordKind kind)
 {
-    static constexpr auto writers = recordWriters<BinaryWriter>(BinaryRecordTypes());
-    return entryOf(writers, kind);
+    static constexpr auto writers = recordWriters<BinaryWriter, inBinary>();
+    return writers[static_cast<std::size_t>(kind)];
 }
 
 } // namespace exchange::archive

@@ -3,6 +3,7 @@
 
 #include "exchange/archive/BinaryFormat.h"
 #include "exchange/archive/Failure.h"
+#include "exchange/archive/Nesting.h"
 
 #include <boost/archive/detail/basic_iarchive.hpp>
 #include <boost/archive/detail/basic_iserializer.hpp>
@@ -98,7 +99,9 @@ private:
         if (name == nullptr)
             return;
         m_unowned = {};
-        if (m_depth++ == 0)
+        if (++m_depth > deepestNesting)
+            failInput();
+        if (m_depth == 1)
             m_reader.openRoot();
         else
             m_reader.open(name);
@@ -222,7 +225,7 @@ private:
         const state_saver<int> keepDepth(m_pointerDepth);
         // The library compares an object's class with the pointer's only when the object is read, so that the input
         // could nest them without end.
-        if (++m_pointerDepth > maxPointerDepth)
+        if (++m_pointerDepth > deepestNesting)
             failInput();
         void* const object = serializer.heap_allocation();
         m_pointee = object;
@@ -266,9 +269,6 @@ private:
     void vload(boost::archive::class_id_optional_type&) override { refuse(); }
     void vload(boost::archive::class_name_type&) override { refuse(); }
     void vload(boost::archive::tracking_type&) override { refuse(); }
-
-    /// Records nest pointers two deep: a curve of the plane in a curve of space.
-    static constexpr int maxPointerDepth = 8;
 
     Reader m_reader;
     int m_depth = 0;

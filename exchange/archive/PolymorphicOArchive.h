@@ -3,6 +3,7 @@
 
 #include "exchange/archive/BinaryFormat.h"
 #include "exchange/archive/Failure.h"
+#include "exchange/archive/Nesting.h"
 
 #include <boost/archive/detail/basic_oarchive.hpp>
 #include <boost/archive/detail/basic_oserializer.hpp>
@@ -84,6 +85,8 @@ private:
         if (name == nullptr)
             return;
         end_preamble();
+        if (++m_depth > deepestNesting)
+            fail(Error::output_stream_error, "nested too deeply");
         m_writer.openHead(name);
         m_headOpen = true;
     }
@@ -92,6 +95,7 @@ private:
         if (name == nullptr)
             return;
         end_preamble();
+        --m_depth;
         m_writer.close(name);
     }
     void end_preamble() override
@@ -187,6 +191,7 @@ private:
     void vsave(const boost::archive::tracking_type) override { refuse(); }
 
     Writer m_writer;
+    int m_depth = 0;
     bool m_headOpen = false;
     std::map<const BasicSerializer*, Class, BySerializedClass> m_classes;
     std::map<std::pair<const void*, int>, unsigned> m_objects;

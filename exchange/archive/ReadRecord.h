@@ -21,10 +21,12 @@ void readRecord(std::istream& stream, void* record)
     *static_cast<Record*>(record) = std::move(fresh);
 }
 
-template <class Reader, class... Records>
-constexpr std::array<RecordReader, sizeof...(Records)> recordReaders(TypeList<Records...>)
+template <class Reader, unsigned format>
+constexpr auto recordReaders()
 {
-    return {&readRecord<Records, Reader>...};
+    return recordTable<RecordReader, format>([]<class Record>(std::type_identity<Record>)
+                                             { return &readRecord<Record, Reader>; },
+                                             std::make_index_sequence<recordCount>());
 }
 
 } // namespace exchange::archive

@@ -15,10 +15,12 @@ void writeRecord(std::ostream& stream, const char* name, const void* record)
     archive.finish();
 }
 
-template <class Writer, class... Records>
-constexpr std::array<RecordWriter, sizeof...(Records)> recordWriters(TypeList<Records...>)
+template <class Writer, unsigned format>
+constexpr auto recordWriters()
 {
-    return {&writeRecord<Records, Writer>...};
+    return recordTable<RecordWriter, format>([]<class Record>(std::type_identity<Record>)
+                                             { return &writeRecord<Record, Writer>; },
+                                             std::make_index_sequence<recordCount>());
 }
 
 } // namespace exchange::archive

@@ -2,9 +2,13 @@
 
 #include "exchange/archive/BinaryFormat.h"
 #include "exchange/archive/Failure.h"
+#include "util/text/Ascii.h"
+#include "util/text/ReadDouble.h"
+#include "util/text/Utf8.h"
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <type_traits>
 
 namespace exchange::archive
@@ -22,11 +26,7 @@ constexpr std::ptrdiff_t longestExponent = 16;
 
 std::string_view trimmed(std::string_view text)
 {
-    static constexpr std::string_view blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return util::trimmed(text, util::xmlBlanks);
 }
 
 /// Splits the next name="value" off a tag's text; false at the end of the text.
@@ -60,53 +60,13 @@ Integer wholeNumber(std::string_view text)
     return number;
 }
 
-/// Whether a decimal text that a double cannot hold is too small, rather than too large.
-bool isTooSmall(std::string_view text)
+template <class Number>
+std::from_chars_result fromChars(const char* first, const char* last, Number& value)
 {
-    long long exponent = 0;
-    const std::size_t mark = text.find_first_of("eE");
-    if (mark != std::string_view::npos)
-    {
-        std::string_view digits = text.substr(mark + 1);
-        const bool negative = !digits.empty() && digits.front() == '-';
-        if (!digits.empty() && (digits.front() == '-' || digits.front() == '+'))
-            digits.remove_prefix(1);
-        if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
-            return negative;
-        exponent = negative ? -exponent : exponent;
-        text = text.substr(0, mark);
-    }
-    // The power of ten of the first digit that is not zero.
-    const std::size_t point = std::min(text.find('.'), text.size());
-    const std::size_t digit = text.find_first_of("123456789");
-    if (digit == std::string_view::npos)
-        return true;
-    exponent += static_cast<long long>(point) - static_cast<long long>(digit);
-    return exponent < 0;
-}
-
-void appendUtf8(std::string& to, unsigned long code)
-{
-    if (code < 0x80)
-        to += static_cast<char>(code);
-    else if (code < 0x800)
-    {
-        to += static_cast<char>(0xC0 | (code >> 6));
-        to += static_cast<char>(0x80 | (code & 0x3F));
-    }
-    else if (code < 0x10000)
-    {
-        to += static_cast<char>(0xE0 | (code >> 12));
-        to += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        to += static_cast<char>(0x80 | (code & 0x3F));
-    }
+    if constexpr (std::is_floating_point_v<Number>)
+        return util::readDouble(first, last, value);
     else
-    {
-        to += static_cast<char>(0xF0 | (code >> 18));
-        to += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-        to += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        to += static_cast<char>(0x80 | (code & 0x3F));
-    }
+        return std::from_chars(first, last, value);
 }
 
 } // namespace
@@ -280,22 +240,15 @@ Number XmlReader::number()
         const bool isNumber =
             (*digits >= '0' && *digits <= '9') || (std::is_floating_point_v<Number> && *digits == '.');
         Number value = 0;
-        const auto [stop, error] = std::from_chars(at, end, value);
+        const auto [stop, error] = fromChars(at, end, value);
         if (end - stop < longestExponent && window < maxNumberText && m_source.want(window * 2))
             continue;
         if (!isNumber || stop == at)
             failInput();
-        if (error != std::errc())
-        {
-            if constexpr (std::is_floating_point_v<Number>)
-            {
-                if (!isTooSmall(std::string_view(digits, static_cast<std::size_t>(stop - digits))))
-                    failInput();
-                value = digits == at ? 0.0 : -0.0;
-            }
-            else
-                failInput();
-        }
+        // A number too small for a double is a zero.
+        const bool isTiny = std::is_floating_point_v<Number> && value == 0;
+        if (error != std::errc() && !isTiny)
+            failInput();
         m_source.advanceTo(stop);
         return value;
     }
@@ -373,13 +326,13 @@ void XmlReader::readReference(std::string& to)
     {
         const bool hexadecimal = name[1] == 'x';
         const std::string_view digits = name.substr(hexadecimal ? 2 : 1);
-        unsigned long code = 0;
+        std::uint32_t code = 0;
         const auto [stop, error] =
             std::from_chars(digits.data(), digits.data() + digits.size(), code, hexadecimal ? 16 : 10);
         const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
         if (error != std::errc() || stop != digits.data() + digits.size() || code > 0x10FFFF || isSurrogate)
             failSyntax();
-        appendUtf8(to, code);
+        util::appendUtf8(to, code);
     }
     else
         failSyntax();

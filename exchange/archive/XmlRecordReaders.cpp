@@ -6,8 +6,8 @@ namespace exchange::archive
 
 RecordReader xmlRecordReader(RecordKind kind)
 {
-    static constexpr auto readers = recordReaders<XmlReader>(XmlRecordTypes());
-    return entryOf(readers, kind);
+    static constexpr auto readers = recordReaders<XmlReader, inXml>();
+    return readers[static_cast<std::size_t>(kind)];
 }
 
 } // namespace exchange::archive

@@ -6,8 +6,8 @@ namespace exchange::archive
 
 RecordWriter xmlRecordWriter(RecordKind kind)
 {
-    static constexpr auto writers = recordWriters<XmlWriter>(XmlRecordTypes());
-    return entryOf(writers, kind);
+    static constexpr auto writers = recordWriters<XmlWriter, inXml>();
+    return writers[static_cast<std::size_t>(kind)];
 }
 
 } // namespace exchange::archive

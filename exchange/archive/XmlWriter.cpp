@@ -1,5 +1,7 @@
 #include "exchange/archive/XmlWriter.h"
 
+#include <algorithm>
+
 namespace exchange::archive
 {
 
@@ -98,6 +100,19 @@ void XmlWriter::content(const std::string& value)
             plain = at + 1;
         }
     m_sink.append(plain, static_cast<std::size_t>(end - plain));
+}
+
+char* XmlWriter::deepIndent(std::size_t room)
+{
+    m_sink.append(lineOfTabs, 1);
+    constexpr std::size_t most = sizeof lineOfTabs - 2;
+    for (std::size_t left = static_cast<std::size_t>(m_depth); left > 0;)
+    {
+        const std::size_t piece = std::min(left, most);
+        m_sink.append(lineOfTabs + 1, piece);
+        left -= piece;
+    }
+    return m_sink.reserve(room);
 }
 
 void XmlWriter::finish()

@@ -49,9 +49,10 @@ public:
     [[gnu::always_inline]] void close(const char* name)
     {
         --m_depth;
-        char* to = m_sink.reserve(std::strlen(name) + maxIndent + 4);
+        const std::size_t room = std::strlen(name) + maxIndent + 4;
+        char* to = m_sink.reserve(room);
         if (m_indentNext)
-            to = indent(to);
+            to = indent(to, room);
         m_sink.advanceTo(endTag(to, name));
         m_indentNext = true;
     }
@@ -93,20 +94,24 @@ private:
     static constexpr std::size_t maxIndent = 33;
     static constexpr std::size_t maxNumber = maxDoubleText;
 
-    [[gnu::always_inline]] char* indent(char* to)
+    static constexpr char lineOfTabs[] = "\n\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
+    static_assert(sizeof lineOfTabs == maxIndent);
+
+    /// Starts a line in the first bytes of a reservation of `room` bytes, and reserves anew where they do not suffice.
+    [[gnu::always_inline]] char* indent(char* to, std::size_t room)
     {
-        static constexpr char tabs[] = "\n\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
-        static_assert(sizeof tabs == 33);
-        std::memcpy(to, tabs, 16);
         if (m_depth > 15) [[unlikely]]
-            std::memcpy(to + 16, tabs + 16, 16);
+            return deepIndent(room);
+        std::memcpy(to, lineOfTabs, 16);
         return to + 1 + m_depth;
     }
+    char* deepIndent(std::size_t room);
     [[gnu::always_inline]] char* indented(const char* name)
     {
-        char* to = m_sink.reserve(std::strlen(name) + maxIndent + 2);
+        const std::size_t room = std::strlen(name) + maxIndent + 2;
+        char* to = m_sink.reserve(room);
         if (m_depth > 0)
-            to = indent(to);
+            to = indent(to, room);
         *to++ = '<';
         return copied(to, name);
     }
@@ -125,9 +130,10 @@ private:
     }
     [[gnu::always_inline]] char* beginValue(const char* name)
     {
-        char* to = m_sink.reserve(2 * std::strlen(name) + maxIndent + maxNumber + 8);
+        const std::size_t room = 2 * std::strlen(name) + maxIndent + maxNumber + 8;
+        char* to = m_sink.reserve(room);
         if (m_depth > 0)
-            to = indent(to);
+            to = indent(to, room);
         *to++ = '<';
         to = copied(to, name);
         *to++ = '>';

@@ -1,7 +1,9 @@
 #include "frame/configuration/ConfigPaths.h"
 
-#include "frame/ModuleHandle.h"
 #include "frame/configuration/ProfileList.h"
+#include "util/platform/LibraryFile.h"
+#include "util/platform/ReadFile.h"
+#include "util/platform/UserFolders.h"
 #include <tessaron/frame/EntryPoints.h>
 
 #include <algorithm>
@@ -27,8 +29,7 @@ const Product products[] = {
 
 std::string shippedFile(const Product& product)
 {
-    const std::string module = moduleFilePath();
-    return module.substr(0, module.rfind(separator) + 1) + product.configurationFile;
+    return util::thisLibraryFolder() + separator + product.configurationFile;
 }
 
 } // namespace
@@ -82,15 +83,15 @@ std::string getConfigFilePath(const char* subfolder, int productCode, bool creat
         return {};
 
     const std::string below = nativeSubfolder(subfolder);
-    const std::string userFolder = makerFolder(userConfigurationFolder(), below);
+    const std::string userFolder = makerFolder(util::userConfigurationFolder(), below);
     std::string userPath = userFolder + separator + product->configurationFile;
-    const bool userHasFile = canBeRead(userPath);
+    const bool userHasFile = util::canBeRead(userPath);
     if (!create)
         return userHasFile ? userPath : shippedFile(*product);
     if (!userHasFile)
     {
-        makeFolders(userFolder);
-        addProfile(sharedFolder(sharedDataFolders(), below), product->profileList, userPath);
+        util::makeUserFolder(userFolder);
+        addProfile(sharedFolder(util::sharedDataFolders(), below), product->profileList, userPath);
     }
     return userPath;
 }

@@ -1,13 +1,16 @@
 #ifndef FRAME_CONFIGURATION_CONFIGPATHS_H
 #define FRAME_CONFIGURATION_CONFIGPATHS_H
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
-/// What getConfigFilePath and getDefaultConfigFilePath are made of: rules as plain functions, and what the platform
-/// knows.
+/// The rules that getConfigFilePath and getDefaultConfigFilePath are made of, as plain functions.
 namespace TessaronResources::configPaths
 {
+
+/// The separator of folders in paths.
+inline constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
 
 /// The files of one product.
 struct Product
@@ -29,23 +32,6 @@ std::string nativeSubfolder(const char* subfolder);
 /// Of the machine-wide data folders the first under which makerFolder() is there, else the first one; empty when there
 /// are none.
 std::string sharedFolder(const std::vector<std::string>& dataFolders, const std::string& subfolder);
-
-// --- The platform
-
-/// The separator of folders in paths.
-extern const char separator;
-
-/// The user's folder for configuration files; empty when the platform does not tell.
-std::string userConfigurationFolder();
-
-/// The folders for data that all users share, the most important one first.
-std::vector<std::string> sharedDataFolders();
-
-/// Whether a file can be opened for reading. Nothing is read, and the call never waits.
-bool canBeRead(const std::string& path);
-
-/// Makes a folder and those above it that are missing. A failure is not reported.
-void makeFolders(const std::string& path);
 
 } // namespace TessaronResources::configPaths
 

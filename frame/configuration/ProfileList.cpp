@@ -3,14 +3,15 @@
 #include "frame/configuration/ConfigPaths.h"
 #include "util/platform/AtomicFile.h"
 #include "util/platform/FolderLock.h"
+#include "util/platform/ReadFile.h"
+#include "util/text/Ascii.h"
 
 #include <charconv>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <limits>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace TessaronResources
@@ -22,25 +23,6 @@ namespace
 constexpr std::string_view section = "Profiles";
 constexpr std::string_view countKey = "Count";
 constexpr std::string_view entryKey = "__UserProfile";
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t begin = text.find_first_not_of(" \t\r");
-    if (begin == std::string_view::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(" \t\r") + 1 - begin);
-}
-
-bool sameName(std::string_view a, std::string_view b)
-{
-    const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (small(a[i]) != small(b[i]))
-            return false;
-    return true;
-}
 
 /// The lines of an initialisation file. A carriage return before the end of a line is part of the line; new lines have
 /// one when the first line has.
@@ -71,8 +53,9 @@ public:
     void enterSection()
     {
         for (m_section = 0; m_section < m_lines.size(); ++m_section)
-            if (const std::string_view line = trimmed(m_lines[m_section]);
-                isHeading(line) && sameName(trimmed(line.substr(1, line.find(']') - 1)), section))
+            if (const std::string_view line = util::trimmed(m_lines[m_section]);
+                isHeading(line) &&
+                util::equalIgnoringAsciiCase(util::trimmed(line.substr(1, line.find(']') - 1)), section))
                 return;
         m_lines.push_back('[' + std::string(section) + ']' + m_end);
     }
@@ -82,7 +65,7 @@ public:
         const std::size_t line = find(key);
         if (line == m_lines.size())
             return std::nullopt;
-        return std::string(trimmed(std::string_view(m_lines[line]).substr(m_lines[line].find('=') + 1)));
+        return std::string(util::trimmed(std::string_view(m_lines[line]).substr(m_lines[line].find('=') + 1)));
     }
 
     void setValue(const std::string& key, const std::string& value)
@@ -103,11 +86,12 @@ private:
     /// The line of a key in the section, or the number of lines.
     std::size_t find(std::string_view key) const
     {
-        for (std::size_t i = m_section + 1; i < m_lines.size() && !isHeading(trimmed(m_lines[i])); ++i)
+        for (std::size_t i = m_section + 1; i < m_lines.size() && !isHeading(util::trimmed(m_lines[i])); ++i)
         {
             const std::string_view line = m_lines[i];
             const std::size_t equals = line.find('=');
-            if (equals != std::string_view::npos && sameName(trimmed(line.substr(0, equals)), key))
+            if (equals != std::string_view::npos &&
+                util::equalIgnoringAsciiCase(util::trimmed(line.substr(0, equals)), key))
                 return i;
         }
         return m_lines.size();
@@ -117,8 +101,8 @@ private:
     std::size_t sectionEnd() const
     {
         std::size_t end = m_section + 1;
-        for (std::size_t i = end; i < m_lines.size() && !isHeading(trimmed(m_lines[i])); ++i)
-            if (!trimmed(m_lines[i]).empty())
+        for (std::size_t i = end; i < m_lines.size() && !isHeading(util::trimmed(m_lines[i])); ++i)
+            if (!util::trimmed(m_lines[i]).empty())
                 end = i + 1;
         return end;
     }
@@ -142,15 +126,10 @@ std::optional<std::int32_t> readCount(const std::string& text)
 /// The bytes of a file, none when there is no such file; nothing when it cannot be read.
 std::optional<std::string> readList(const std::string& path)
 {
-    std::error_code error;
-    const std::filesystem::file_type type = std::filesystem::status(path, error).type();
-    if (type == std::filesystem::file_type::not_found)
+    util::FileContents contents = util::readFile(path, std::numeric_limits<std::size_t>::max());
+    if (contents.state == util::FileState::missing)
         return std::string();
-    if (type != std::filesystem::file_type::regular)
-        return std::nullopt;
-    std::ifstream file(path, std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(file), {});
-    return file ? std::optional(std::move(text)) : std::nullopt;
+    return contents.state == util::FileState::ok ? std::optional(std::move(contents.bytes)) : std::nullopt;
 }
 
 } // namespace

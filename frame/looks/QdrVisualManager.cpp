@@ -1,6 +1,6 @@
 #include "frame/looks/QdrVisualManager.h"
 
-#include "frame/looks/PaletteColour.h"
+#include "frame/PaletteColour.h"
 
 namespace TessaronResources
 {

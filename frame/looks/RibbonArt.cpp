@@ -1,6 +1,6 @@
 #include "frame/looks/RibbonArt.h"
 
-#include "frame/looks/PaletteColour.h"
+#include "frame/PaletteColour.h"
 
 #include <wx/dc.h>
 #include <wx/ribbon/art.h>

@@ -1,7 +1,7 @@
 #ifndef FRAME_LOOKS_RIBBONART_H
 #define FRAME_LOOKS_RIBBONART_H
 
-#include "frame/looks/VisualPalette.h"
+#include "frame/VisualPalette.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "frame/looks/VisualManager.h"
 
+#include "frame/PaletteColour.h"
 #include "frame/Toolkit.h"
-#include "frame/looks/PaletteColour.h"
 #include "frame/looks/RibbonArt.h"
 #include "frame/native/NativeStyle.h"
 

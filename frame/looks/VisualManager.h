@@ -1,7 +1,7 @@
 #ifndef FRAME_LOOKS_VISUALMANAGER_H
 #define FRAME_LOOKS_VISUALMANAGER_H
 
-#include "frame/looks/VisualPalette.h"
+#include "frame/VisualPalette.h"
 
 #include <wx/object.h>
 
@@ -28,10 +28,10 @@ public:
     VisualManager(const VisualManager&) = delete;
     VisualManager& operator=(const VisualManager&) = delete;
 
-    /// Takes up the colours; called when the manager is installed.
+    /// Sets the colours up; called when the manager is installed.
     virtual void refreshSystemColours();
 
-    /// Gives a window and all the controls in it this look, in the place of the look that they had.
+    /// Draws a window and all its controls in this look, replacing the one that they had.
     void apply(wxWindow& window) const;
 
     const VisualPalette& palette() const { return m_palette; }
@@ -49,7 +49,7 @@ public:
     static Rgb dialogBackground();
 
 protected:
-    /// Takes these colours, also for what is drawn from now on.
+    /// Uses these colours from now on.
     void setColours(const PaletteSeed& seed);
 
 private:

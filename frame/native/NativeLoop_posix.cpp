@@ -18,7 +18,7 @@ namespace
 class QuitPoll
 {
 public:
-    QuitPoll(GSourceFunc look, void* data) : m_source(g_timeout_add(milliseconds, look, data)) {}
+    QuitPoll(GSourceFunc check, void* data) : m_source(g_timeout_add(milliseconds, check, data)) {}
     ~QuitPoll() { g_source_remove(m_source); }
     QuitPoll(const QuitPoll&) = delete;
     QuitPoll& operator=(const QuitPoll&) = delete;

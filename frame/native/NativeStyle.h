@@ -13,8 +13,8 @@ struct VisualPalette;
 namespace TessaronResources::native
 {
 
-/// The colours of native controls. Reaches only the windows that it is given: the host's keep theirs. Colours that a
-/// control was given by itself stay above it.
+/// The colours of native controls. Changes only the windows that it is applied to, never the host's. Colours set on a
+/// single control take precedence.
 class ControlStyle
 {
 public:
@@ -23,11 +23,11 @@ public:
     ControlStyle(const ControlStyle&) = delete;
     ControlStyle& operator=(const ControlStyle&) = delete;
 
-    /// Gives this style to a window and everything in it, in the place of another style of this kind. The windows keep
-    /// it also when this object goes.
+    /// Applies this style to a window and its children, replacing an earlier one. The windows keep it when this object
+    /// is destroyed.
     void apply(wxWindow& window) const;
 
-    /// Takes a window's style and that of everything in it away.
+    /// Removes the style of a window and its children.
     static void remove(wxWindow& window);
 
 private:

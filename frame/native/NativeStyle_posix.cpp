@@ -1,6 +1,6 @@
 #include "frame/native/NativeStyle.h"
 
-#include "frame/looks/VisualPalette.h"
+#include "frame/VisualPalette.h"
 
 #include <wx/window.h>
 

@@ -11,14 +11,14 @@ class wxWindow;
 namespace TessaronResources::native
 {
 
-/// Puts the process's locale and signal handlers back when it goes.
-class ProcessStateKeeper
+/// Restores the process's locale and signal handlers at the end of its scope.
+class ProcessStateGuard
 {
 public:
-    ProcessStateKeeper();
-    ~ProcessStateKeeper();
-    ProcessStateKeeper(const ProcessStateKeeper&) = delete;
-    ProcessStateKeeper& operator=(const ProcessStateKeeper&) = delete;
+    ProcessStateGuard();
+    ~ProcessStateGuard();
+    ProcessStateGuard(const ProcessStateGuard&) = delete;
+    ProcessStateGuard& operator=(const ProcessStateGuard&) = delete;
 
 private:
     struct State;
@@ -50,9 +50,6 @@ void markAsResult(wxWindow& field);
 
 /// Gives a control the name that a screen reader says.
 void setAccessibleName(wxWindow& control, const wxString& name);
-
-/// The name that a screen reader says for a control; empty when it has none.
-wxString accessibleName(wxWindow& control);
 
 /// Draws a tick below a horizontal track bar. For its ends: the toolkit's own ticks leave them out.
 void addTick(wxWindow& trackBar, int position);

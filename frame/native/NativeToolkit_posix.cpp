@@ -22,7 +22,7 @@ namespace TessaronResources::native
 namespace
 {
 
-// The signals that toolkits are known to lay hands on are all among the classic ones.
+// Toolkits are known to change the handlers of classic signals only.
 constexpr int classicSignals = 31;
 
 const char compactStyle[] = "* { min-height: 0; min-width: 0; }"
@@ -74,13 +74,13 @@ GtkWidget* widgetOf(wxWindow& window)
 
 } // namespace
 
-struct ProcessStateKeeper::State
+struct ProcessStateGuard::State
 {
     std::string locale;
     std::array<struct sigaction, classicSignals + 1> actions{};
 };
 
-ProcessStateKeeper::ProcessStateKeeper() : m_state(std::make_unique<State>())
+ProcessStateGuard::ProcessStateGuard() : m_state(std::make_unique<State>())
 {
     if (const char* const locale = std::setlocale(LC_ALL, nullptr))
         m_state->locale = locale;
@@ -88,7 +88,7 @@ ProcessStateKeeper::ProcessStateKeeper() : m_state(std::make_unique<State>())
         sigaction(number, nullptr, &m_state->actions[static_cast<std::size_t>(number)]);
 }
 
-ProcessStateKeeper::~ProcessStateKeeper()
+ProcessStateGuard::~ProcessStateGuard()
 {
     for (int number = 1; number <= classicSignals; ++number)
         sigaction(number, &m_state->actions[static_cast<std::size_t>(number)], nullptr);
@@ -169,13 +169,6 @@ void setAccessibleName(wxWindow& control, const wxString& name)
         atk_object_set_name(accessible, name.utf8_str());
 }
 
-wxString accessibleName(wxWindow& control)
-{
-    AtkObject* const accessible = gtk_widget_get_accessible(widgetOf(control));
-    const char* const name = accessible ? atk_object_get_name(accessible) : nullptr;
-    return name ? wxString::FromUTF8(name) : wxString();
-}
-
 void addTick(wxWindow& trackBar, int position)
 {
     if (GTK_IS_SCALE(widgetOf(trackBar)))
@@ -187,7 +180,7 @@ void openDocument(const std::string& path)
     std::string program = "xdg-open";
     std::string argument = path;
     std::array<char*, 3> arguments{program.data(), argument.data(), nullptr};
-    // GLib starts the viewer as nobody's child, so that the host never sees it end.
+    // GLib reparents the viewer, so that the host is not told when it ends.
     g_spawn_async(
         nullptr, arguments.data(), nullptr,
         static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL),

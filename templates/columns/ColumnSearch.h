@@ -19,22 +19,19 @@ public:
     ColumnSearch(const GridColumnInfo& column, const std::string& wanted);
 
     /// False when no value whatever can make a cell of the column show the text.
-    bool isPossible() const { return m_possible; }
+    bool isPossible() const { return m_hints.isPossible; }
     /// The column's place in the grid.
     int place() const { return m_column->index; }
     /// Does the cell of this value show the text?
     bool matches(const util::Parameterized::Value& value);
 
 private:
-    bool isPossibleNumber() const;
-    bool isPossibleDate() const;
     bool matchesShown(const util::Parameterized::Value& value) const;
 
     const GridColumnInfo* m_column;
     std::string m_wanted;
-    bool m_possible = true;
-    bool m_asItIs = false;   ///< a text cell shows its value unchanged, and the wanted text is plain ASCII
-    bool m_remember = false; ///< numbers and codes: values come again
+    SearchHints m_hints;
+    bool m_isAscii; ///< the wanted text
     boost::unordered_flat_map<std::uint64_t, bool> m_known;
 };
 

@@ -1,13 +1,17 @@
 #ifndef TEMPLATES_COLUMNS_GRIDCOLUMNINFO_H
 #define TEMPLATES_COLUMNS_GRIDCOLUMNINFO_H
 
+#include "templates/columns/CellPainter.h"
 #include "templates/columns/PrintFormat.h"
+#include "templates/columns/SortKey.h"
 #include <tessaron/engine/TemplateInfo.h>
 #include <tessaron/util/Parameterized.h>
 
 #include <boost/shared_ptr.hpp>
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,8 +42,33 @@ public:
                             std::uint32_t textColour, std::uint32_t backColour) = 0;
 };
 
-/// One column of the template grid: turns the template's value under the column's key into the text of a cell and back.
-/// The order of the virtual operations is part of the interface.
+/// How the cells of a column look, apart from their texts.
+struct CellAppearance
+{
+    CellAlignment alignment = CellAlignment::left;
+    bool isText = true;       ///< false: the width of the cell's text says nothing about what is drawn
+    bool isMultiLine = false; ///< texts may have several lines, which make their rows higher
+};
+
+/// What the user changes a cell with, where the column can be edited.
+enum class CellEditor
+{
+    text,  ///< types the text
+    list,  ///< chooses one of the column's choices()
+    direct ///< clicks or presses a key, which textAfterClick() or textAfterKey() turns into the text
+};
+
+/// What a column can say about a search before any cell is printed. Cells are printed in case of doubt.
+struct SearchHints
+{
+    bool isPossible = true;       ///< false: no cell of the column can show the text
+    bool showsTextAsItIs = false; ///< a text value that is not too long is shown unchanged
+    bool valuesRecur = false;     ///< the same few numbers come again and again
+};
+
+/// One column of the template grid: turns the template's value under the column's key into the text of a cell and back,
+/// and knows all else that sets its kind of value apart. The order of the first virtual operations is part of the
+/// interface. A new kind is a class in a header of its own, and a line in ColumnKinds.cpp.
 class GridColumnInfo
 {
 public:
@@ -60,13 +89,33 @@ public:
     /// As format(), for the value under the column's key; null when the template lacks it.
     virtual std::string formatValue(const util::Parameterized::Value* value) const = 0;
 
+    // Sorting and searching
+
+    /// Makes the keys that the column's values are sorted by. Holds nothing of the column.
+    virtual SortKeyMaker sortKeys() const = 0;
+    /// The two directions of a sort as the user is offered them, ascending first.
+    virtual const std::array<std::string, 2>& sortOrderTexts() const;
+    /// `wanted` is case-folded and not empty.
+    virtual SearchHints searchHints(const std::string& wanted) const;
+
+    // Appearance and editing
+
+    virtual CellAppearance appearance() const { return {}; }
+    /// Draws a cell that shows `text`, which may be empty.
+    virtual void draw(CellPainter& painter, const std::string& text) const;
+    virtual CellEditor editor() const { return CellEditor::text; }
+    virtual std::vector<std::string> choices() const { return {}; }
+    /// The text of a cell after a click at `at`; nothing when the click changes nothing. `text` is what it shows now.
+    virtual std::optional<std::string> textAfterClick(const CellArea& cell, CellPoint at,
+                                                      const std::string& text) const;
+    /// The text of a cell after a key that types this character; nothing when the key means nothing to it.
+    virtual std::optional<std::string> textAfterKey(char32_t key) const;
+
     /// Sets up the column's heading with its title and width; colours as TemplateCells::setHeading() takes them.
     void setupHeading(TemplateCells& grid, std::uint32_t textColour, std::uint32_t backColour) const;
 
     const util::TemplateColumn& definition() const { return m_definition; }
     bool isEditable() const { return m_editable; }
-    /// Numbers stand to the right.
-    virtual CellAlignment alignment() const { return CellAlignment::left; }
 
     std::string headingFont; ///< empty: the grid's current font; so is cellFont
     std::string cellFont;
@@ -82,72 +131,6 @@ private:
 };
 
 typedef boost::shared_ptr<GridColumnInfo> GridColumnPtr;
-
-/// A column of reals.
-class GridColumnInfoDouble : public GridColumnInfo
-{
-public:
-    using GridColumnInfo::GridColumnInfo;
-    std::string formatValue(const util::Parameterized::Value* value) const override;
-    /// Takes the number that the text starts with: "12abc" is 12.
-    void parse(const std::string& text, util::Parameterized& set) const override;
-    CellAlignment alignment() const override { return CellAlignment::right; }
-};
-
-/// A column of integers.
-class GridColumnInfoInteger : public GridColumnInfo
-{
-public:
-    using GridColumnInfo::GridColumnInfo;
-    std::string formatValue(const util::Parameterized::Value* value) const override;
-    /// Takes the integer that the text starts with: "12.7" is 12.
-    void parse(const std::string& text, util::Parameterized& set) const override;
-    CellAlignment alignment() const override { return CellAlignment::right; }
-};
-
-/// A column of texts, possibly of several lines.
-class GridColumnInfoMultiText : public GridColumnInfo
-{
-public:
-    using GridColumnInfo::GridColumnInfo;
-    std::string formatValue(const util::Parameterized::Value* value) const override;
-    void parse(const std::string& text, util::Parameterized& set) const override;
-};
-
-/// A column of time stamps, which the store keeps and nobody edits.
-class GridColumnInfoDate : public GridColumnInfo
-{
-public:
-    using GridColumnInfo::GridColumnInfo;
-    std::string formatValue(const util::Parameterized::Value* value) const override;
-    /// Does nothing.
-    void parse(const std::string& text, util::Parameterized& set) const override;
-};
-
-/// A column of codes out of a list, shown by their texts.
-class GridColumnInfoListBox : public GridColumnInfo
-{
-public:
-    GridColumnInfoListBox(const util::TemplateColumn& definition, const util::TemplateOptions& options, bool editable);
-    std::string formatValue(const util::Parameterized::Value* value) const override;
-    /// Stores the code of the option with this text; does nothing when there is none.
-    void parse(const std::string& text, util::Parameterized& set) const override;
-    /// Offers the options' texts as well.
-    void setupCell(TemplateCells& grid, int row, const util::Parameterized& set, int height) const override;
-
-    std::vector<std::string> choices() const;
-
-private:
-    const util::TemplateOptions& m_options;
-};
-
-/// The column object for a definition, by its type code. `gridFlag` is whether the grid can be edited at all; columns
-/// of dates and of unknown types never can.
-GridColumnPtr makeGridColumn(const util::TemplateColumn& definition, bool gridFlag);
-
-/// The column objects of all definitions that are offered, in definition order, with their places in the grid. The
-/// definitions are not owned: make the columns anew when the list has changed.
-std::vector<GridColumnPtr> makeGridColumns(const std::vector<util::TemplateColumn>& definitions, bool gridFlag);
 
 } // namespace TessaronResources
 

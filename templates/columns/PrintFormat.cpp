@@ -1,5 +1,8 @@
 #include "templates/columns/PrintFormat.h"
 
+#include "util/text/Ascii.h"
+#include "util/text/Utf8.h"
+
 #include <array>
 #include <cctype>
 #include <charconv>
@@ -13,27 +16,12 @@ namespace
 
 constexpr int mostPlaces = 999;
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 int readNumber(std::string_view text, std::size_t& at)
 {
     int number = 0;
-    for (; at < text.size() && isDigit(text[at]); ++at)
+    for (; at < text.size() && util::isAsciiDigit(text[at]); ++at)
         number = std::min(number * 10 + (text[at] - '0'), mostPlaces + 1);
     return number;
-}
-
-/// The length of at most `limit` bytes that cuts no UTF-8 character.
-std::size_t cutLength(std::string_view text, std::size_t limit)
-{
-    if (text.size() <= limit)
-        return text.size();
-    while (limit > 0 && (static_cast<unsigned char>(text[limit]) & 0xC0U) == 0x80U)
-        --limit;
-    return limit;
 }
 
 std::string upper(std::string text)
@@ -130,7 +118,7 @@ std::string PrintFormat::finish(std::string body, bool isNumber) const
             body.insert(0, missing, ' ');
     }
     std::string text = m_before + body + m_after;
-    text.resize(cutLength(text, longestText));
+    text.resize(util::utf8CutLength(text, longestText));
     return text;
 }
 
@@ -170,7 +158,7 @@ std::string PrintFormat::print(std::string_view value) const
     if (m_conversion != 's')
         return {};
     if (m_precision >= 0)
-        value = value.substr(0, cutLength(value, static_cast<std::size_t>(m_precision)));
+        value = value.substr(0, util::utf8CutLength(value, static_cast<std::size_t>(m_precision)));
     return finish(std::string(value), false);
 }
 

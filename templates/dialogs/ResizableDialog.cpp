@@ -1,7 +1,7 @@
 #include "templates/dialogs/ResizableDialog.h"
 
+#include "frame/CurrentModule.h"
 #include "frame/native/NativeToolkit.h"
-#include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/bmpbuttn.h>

@@ -1,6 +1,6 @@
 #include "templates/grid/GridPlace.h"
 
-#include "frame/looks/PaletteColour.h"
+#include "frame/PaletteColour.h"
 #include "frame/looks/VisualManager.h"
 
 #include <wx/grid.h>

@@ -28,7 +28,7 @@ int fittingColumnWidth(wxGrid& grid, wxDC& dc, const GridColumnInfo& column)
 {
     dc.SetFont(grid.GetLabelFont());
     int width = dc.GetTextExtent(grid.GetColLabelValue(column.index)).x + grid.FromDIP(4 * cellMargin);
-    if (column.definition().type != util::templateColumnType::rating)
+    if (column.appearance().isText)
     {
         dc.SetFont(grid.GetDefaultCellFont());
         const int rows = grid.GetNumberRows();
@@ -79,7 +79,7 @@ std::vector<int> extraTextLines(const TemplateRows& rows, const std::vector<Grid
 {
     std::vector<std::string> keys;
     for (const GridColumnPtr& column : columns)
-        if (column->definition().shown && column->definition().type == util::templateColumnType::text)
+        if (column->definition().shown && column->appearance().isMultiLine)
             keys.push_back(column->definition().key);
 
     const std::vector<std::size_t> places = rows.valuePlaces(keys);

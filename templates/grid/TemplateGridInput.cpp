@@ -10,6 +10,7 @@
 #include <wx/time.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace TessaronResources
 {
@@ -90,18 +91,16 @@ void TemplateGridInput::onCellClick(wxGridEvent& event)
         event.Skip();
         selectCurrentRowLater();
     }
-    if (m_table.column(event.GetCol()).definition().type == util::templateColumnType::rating)
-        rateByClick(event.GetRow(), event.GetCol());
+    changeByClick(event.GetRow(), event.GetCol());
 }
 
-void TemplateGridInput::rateByClick(int row, int col)
+void TemplateGridInput::changeByClick(int row, int col)
 {
     const wxPoint at = m_grid.CalcUnscrolledPosition(m_grid.GetGridWindow()->ScreenToClient(wxGetMousePosition()));
-    double rating = 0.0;
-    m_grid.GetCellValue(row, col).ToCDouble(&rating);
-    const StarRow stars = RatingCellRenderer::stars(m_grid, m_grid.CellToRect(row, col));
-    if (const int clicked = ratingAt(stars, at.x, rating); clicked >= 0)
-        m_grid.SetCellValue(row, col, wxString::Format("%d", clicked));
+    const CellArea cell = cellArea(m_grid, m_grid.CellToRect(row, col));
+    const std::string text = m_grid.GetCellValue(row, col).utf8_string();
+    if (const std::optional<std::string> changed = m_table.column(col).textAfterClick(cell, {at.x, at.y}, text))
+        m_grid.SetCellValue(row, col, wxString::FromUTF8(*changed));
 }
 
 void TemplateGridInput::onKeyDown(wxKeyEvent& event)
@@ -134,20 +133,22 @@ void TemplateGridInput::onChar(wxKeyEvent& event)
         event.Skip();
         return;
     }
-    const wxChar typed = event.GetUnicodeKey();
-    const bool isDigit = typed >= '0' && typed <= '0' + ratingStars;
+    const wxUniChar typed = event.GetUnicodeKey();
     if (col == nameColumn)
         typeAhead(typed);
-    else if (!isDigit || !rateByDigit(static_cast<int>(typed - '0')))
+    else if (!changeByKey(typed))
         event.Skip();
 }
 
-bool TemplateGridInput::rateByDigit(int rating)
+bool TemplateGridInput::changeByKey(wxUniChar typed)
 {
-    if (m_table.column(m_grid.GetGridCursorCol()).definition().type != util::templateColumnType::rating)
-        return false;
-    m_grid.SetCellValue(m_grid.GetGridCursorRow(), m_grid.GetGridCursorCol(), wxString::Format("%d", rating));
-    return true;
+    const int row = m_grid.GetGridCursorRow();
+    const int col = m_grid.GetGridCursorCol();
+    const std::optional<std::string> changed =
+        m_table.column(col).textAfterKey(static_cast<char32_t>(typed.GetValue()));
+    if (changed)
+        m_grid.SetCellValue(row, col, wxString::FromUTF8(*changed));
+    return changed.has_value();
 }
 
 void TemplateGridInput::typeAhead(wxUniChar typed)
@@ -157,13 +158,13 @@ void TemplateGridInput::typeAhead(wxUniChar typed)
         m_typed.clear();
     m_lastTyped = now;
     m_typed += wxString(typed).utf8_string();
-    const std::string wanted = foldCase(m_typed);
+    const std::string wanted = util::foldCase(m_typed);
     const int rows = m_grid.GetNumberRows();
     for (int k = 0; k < rows; ++k)
     {
         const int row = (std::max(m_grid.GetGridCursorRow(), 0) + k) % rows;
         const util::Parameterized& set = m_session.rows().at(static_cast<std::size_t>(row));
-        if (foldCase(m_table.column(nameColumn).format(set)).starts_with(wanted))
+        if (util::foldCase(m_table.column(nameColumn).format(set)).starts_with(wanted))
         {
             m_grid.GoToCell(row, nameColumn);
             m_grid.SelectRow(row);

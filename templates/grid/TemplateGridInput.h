@@ -32,8 +32,9 @@ private:
     void onKeyDown(wxKeyEvent& event);
     void onChar(wxKeyEvent& event);
     void selectCurrentRowLater();
-    void rateByClick(int row, int col);
-    bool rateByDigit(int rating);
+    void changeByClick(int row, int col);
+    /// \returns whether the key means something to the current cell.
+    bool changeByKey(wxUniChar typed);
     void typeAhead(wxUniChar typed);
     void showMenu(int row);
 

@@ -1,6 +1,6 @@
 #include "templates/grid/TemplateGridRenderers.h"
 
-#include "frame/looks/PaletteColour.h"
+#include "frame/PaletteColour.h"
 #include "frame/looks/VisualManager.h"
 #include "templates/grid/GridSizing.h"
 
@@ -8,9 +8,8 @@
 #include <wx/dc.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <numbers>
+#include <vector>
 
 namespace TessaronResources
 {
@@ -18,7 +17,6 @@ namespace TessaronResources
 namespace
 {
 
-constexpr int largestStar = 18;
 constexpr int cellMargin = 4;
 
 const VisualPalette& look()
@@ -44,21 +42,6 @@ void drawHeading(wxDC& dc, wxRect& rect, Rgb back)
     rect.height -= 1;
 }
 
-void drawStar(wxDC& dc, wxPoint2DDouble centre, double radius)
-{
-    constexpr int corners = 10;
-    constexpr double innerShare = 0.42;
-    std::array<wxPoint, corners> points;
-    for (int k = 0; k < corners; ++k)
-    {
-        const double r = k % 2 == 0 ? radius : radius * innerShare;
-        const double angle = std::numbers::pi * (k * 2.0 / corners - 0.5);
-        points[static_cast<std::size_t>(k)] = wxPoint(static_cast<int>(std::lround(centre.m_x + r * std::cos(angle))),
-                                                      static_cast<int>(std::lround(centre.m_y + r * std::sin(angle))));
-    }
-    dc.DrawPolygon(corners, points.data());
-}
-
 void drawArrow(wxDC& dc, wxPoint middle, int half, bool ascending)
 {
     const int tip = ascending ? -half / 2 : half / 2;
@@ -67,66 +50,93 @@ void drawArrow(wxDC& dc, wxPoint middle, int half, bool ascending)
     dc.DrawPolygon(3, points);
 }
 
+/// Draws one cell with the toolkit.
+class DcCellPainter : public CellPainter
+{
+public:
+    DcCellPainter(wxGrid& grid, const wxGridCellAttr& attr, wxDC& dc, const wxRect& rect, bool selected)
+        : m_grid(grid), m_attr(attr), m_dc(dc), m_rect(rect), m_area(cellArea(grid, rect)), m_selected(selected)
+    {
+    }
+
+    const CellArea& area() const override { return m_area; }
+    bool isSelected() const override { return m_selected; }
+    void drawText(const std::string& text, double smallestScale) override;
+    void drawMark(const std::vector<CellPoint>& corners, bool filled) override;
+
+private:
+    void fitFont(const wxString& text, int width, double smallestScale);
+
+    wxGrid& m_grid;
+    const wxGridCellAttr& m_attr;
+    wxDC& m_dc;
+    const wxRect& m_rect;
+    CellArea m_area;
+    bool m_selected;
+};
+
+void DcCellPainter::drawText(const std::string& text, double smallestScale)
+{
+    const wxString shown = wxString::FromUTF8(text);
+    const wxRect inside = wxRect(m_rect).Deflate(m_area.pixels(cellMargin), 1);
+    m_dc.SetFont(m_attr.GetFont());
+    if (smallestScale < 1.0)
+        fitFont(shown, inside.width, smallestScale);
+    m_dc.SetTextForeground(toColour(m_selected ? look().accentText : look().fieldText));
+    m_dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
+    int horizontal = 0;
+    int vertical = 0;
+    m_attr.GetAlignment(&horizontal, &vertical);
+    const bool oneLine = shown.find('\n') == wxString::npos;
+    m_grid.DrawTextRectangle(m_dc, oneLine ? wxControl::Ellipsize(shown, m_dc, wxELLIPSIZE_END, inside.width) : shown,
+                             inside, horizontal, vertical);
+}
+
+void DcCellPainter::fitFont(const wxString& text, int width, double smallestScale)
+{
+    // In steps, so that a column looks like one.
+    constexpr double steps = 20.0;
+    const int needed = m_dc.GetTextExtent(text).x;
+    if (needed > width)
+        m_dc.SetFont(m_dc.GetFont().Scaled(
+            static_cast<float>(std::max(smallestScale, std::floor(steps * width / needed) / steps))));
+}
+
+void DcCellPainter::drawMark(const std::vector<CellPoint>& corners, bool filled)
+{
+    std::vector<wxPoint> points;
+    for (const CellPoint& corner : corners)
+        points.emplace_back(corner.x, corner.y);
+    const Rgb colour = m_selected ? look().accentText : look().mark;
+    m_dc.SetPen(wxPen(toColour(m_selected ? colour : mixed(look().mark, look().field, 0.35))));
+    m_dc.SetBrush(filled ? wxBrush(toColour(colour)) : *wxTRANSPARENT_BRUSH);
+    m_dc.DrawPolygon(static_cast<int>(points.size()), points.data());
+}
+
 } // namespace
 
-void TemplateCellRenderer::drawBackground(wxDC& dc, const wxRect& rect, int row, bool selected) const
+CellArea cellArea(const wxWindow& grid, const wxRect& cell)
 {
-    fill(dc, rect, selected ? look().accent : row % 2 == 0 ? look().field : look().alternateField);
+    return {cell.x, cell.y, cell.width, cell.height, grid.FromDIP(100) / 100.0};
 }
 
 void TemplateCellRenderer::Draw(wxGrid& grid, wxGridCellAttr& attr, wxDC& dc, const wxRect& rect, int row, int col,
                                 bool selected)
 {
-    drawBackground(dc, rect, row, selected);
-    const wxString text = grid.GetCellValue(row, col);
-    if (text.empty())
-        return;
-    const wxRect inside = wxRect(rect).Deflate(grid.FromDIP(cellMargin), 1);
-    dc.SetFont(attr.GetFont());
-    fitFont(dc, text, inside.width);
-    dc.SetTextForeground(toColour(selected ? look().accentText : look().fieldText));
-    dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
-    int horizontal = 0;
-    int vertical = 0;
-    attr.GetAlignment(&horizontal, &vertical);
-    const bool oneLine = text.find('\n') == wxString::npos;
-    grid.DrawTextRectangle(dc, oneLine ? wxControl::Ellipsize(text, dc, wxELLIPSIZE_END, inside.width) : text, inside,
-                           horizontal, vertical);
+    fill(dc, rect, selected ? look().accent : row % 2 == 0 ? look().field : look().alternateField);
+    DcCellPainter painter(grid, attr, dc, rect, selected);
+    drawContent(painter, grid.GetCellValue(row, col).utf8_string());
 }
 
-void DateCellRenderer::fitFont(wxDC& dc, const wxString& text, int width) const
+void TemplateCellRenderer::drawContent(CellPainter& painter, const std::string& text) const
 {
-    // In steps, so that a column looks like one.
-    constexpr double steps = 20.0;
-    constexpr double smallest = 0.75;
-    const int needed = dc.GetTextExtent(text).x;
-    if (needed > width)
-        dc.SetFont(
-            dc.GetFont().Scaled(static_cast<float>(std::max(smallest, std::floor(steps * width / needed) / steps))));
+    if (!text.empty())
+        painter.drawText(text, 1.0);
 }
 
-StarRow RatingCellRenderer::stars(const wxWindow& grid, const wxRect& cell)
+void ColumnCellRenderer::drawContent(CellPainter& painter, const std::string& text) const
 {
-    return starRow(cell.x, cell.y, cell.width, cell.height, grid.FromDIP(largestStar));
-}
-
-void RatingCellRenderer::Draw(wxGrid& grid, wxGridCellAttr&, wxDC& dc, const wxRect& rect, int row, int col,
-                              bool selected)
-{
-    drawBackground(dc, rect, row, selected);
-    double rating = 0.0;
-    const bool rated = grid.GetCellValue(row, col).ToCDouble(&rating);
-    if (!rated && !selected)
-        return;
-    const StarRow place = stars(grid, rect);
-    const wxColour full = toColour(selected ? look().accentText : look().mark);
-    const wxColour outline = toColour(selected ? look().accentText : mixed(look().mark, look().field, 0.35));
-    dc.SetPen(wxPen(outline));
-    for (int k = 0; k < ratingStars; ++k)
-    {
-        dc.SetBrush(rating >= k + 0.5 ? wxBrush(full) : *wxTRANSPARENT_BRUSH);
-        drawStar(dc, {place.left + (k + 0.5) * place.edge, place.top + place.edge * 0.5}, place.edge * 0.45);
-    }
+    m_column->draw(painter, text);
 }
 
 TemplateHeadings::TemplateHeadings(const HeadingState& state, const TemplateRows& rows) : m_rows(rows), m_column(state)

@@ -2,11 +2,13 @@
 #define TEMPLATES_GRID_TEMPLATEGRIDRENDERERS_H
 
 #include "templates/TemplateRows.h"
-#include "templates/columns/RatingStars.h"
+#include "templates/columns/GridColumnInfo.h"
 
 #include <wx/grid.h>
 
 #include <cstdint>
+#include <string>
+#include <utility>
 
 namespace TessaronResources
 {
@@ -20,6 +22,9 @@ struct HeadingState
     std::uint32_t backColour;
 };
 
+/// A cell's place, as columns take it.
+CellArea cellArea(const wxWindow& grid, const wxRect& cell);
+
 /// A cell of text. Selected rows have the look's accent, every other row a slightly different background.
 class TemplateCellRenderer : public wxGridCellStringRenderer
 {
@@ -28,33 +33,21 @@ public:
               bool selected) override;
     TemplateCellRenderer* Clone() const override { return new TemplateCellRenderer; }
 
-protected:
-    void drawBackground(wxDC& dc, const wxRect& rect, int row, bool selected) const;
-
 private:
-    /// May change the font of `dc` so that a text fits the width.
-    virtual void fitFont(wxDC&, const wxString&, int) const {}
+    virtual void drawContent(CellPainter& painter, const std::string& text) const;
 };
 
-/// A date. It is of no use without its end: where the column is too narrow, it is written smaller.
-class DateCellRenderer : public TemplateCellRenderer
+/// A cell as its column draws it.
+class ColumnCellRenderer : public TemplateCellRenderer
 {
 public:
-    DateCellRenderer* Clone() const override { return new DateCellRenderer; }
+    explicit ColumnCellRenderer(GridColumnPtr column) : m_column(std::move(column)) {}
+    ColumnCellRenderer* Clone() const override { return new ColumnCellRenderer(m_column); }
 
 private:
-    void fitFont(wxDC& dc, const wxString& text, int width) const override;
-};
+    void drawContent(CellPainter& painter, const std::string& text) const override;
 
-/// A rating as stars.
-class RatingCellRenderer : public TemplateCellRenderer
-{
-public:
-    void Draw(wxGrid& grid, wxGridCellAttr& attr, wxDC& dc, const wxRect& rect, int row, int col,
-              bool selected) override;
-    RatingCellRenderer* Clone() const override { return new RatingCellRenderer; }
-
-    static StarRow stars(const wxWindow& grid, const wxRect& cell);
+    GridColumnPtr m_column;
 };
 
 /// Draws the headings in the look in force, with the arrow of the sorted column, and marks edited rows.

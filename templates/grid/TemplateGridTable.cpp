@@ -6,8 +6,8 @@
 namespace TessaronResources
 {
 
-TemplateGridTable::TemplateGridTable(TemplateRows& rows, std::function<void()> edited)
-    : m_rows(rows), m_edited(std::move(edited)), m_shownRows(static_cast<int>(rows.size()))
+TemplateGridTable::TemplateGridTable(TemplateSession& session)
+    : m_session(session), m_shownRows(static_cast<int>(session.rows().size()))
 {
 }
 
@@ -41,14 +41,13 @@ wxString TemplateGridTable::GetValue(int row, int col)
 {
     if (row < 0 || row >= GetNumberRows() || col < 0 || col >= GetNumberCols())
         return wxString();
-    return wxString::FromUTF8(column(col).format(m_rows.at(static_cast<std::size_t>(row))));
+    return wxString::FromUTF8(column(col).format(m_session.rows().at(static_cast<std::size_t>(row))));
 }
 
 void TemplateGridTable::SetValue(int row, int col, const wxString& value)
 {
-    if (row >= 0 && row < GetNumberRows() && col >= 0 && col < GetNumberCols() &&
-        m_rows.edit(static_cast<std::size_t>(row), column(col), value.utf8_string()))
-        m_edited();
+    if (row >= 0 && row < GetNumberRows() && col >= 0 && col < GetNumberCols())
+        m_session.editCell(static_cast<std::size_t>(row), column(col), value.utf8_string());
 }
 
 wxString TemplateGridTable::GetColLabelValue(int col)

@@ -1,12 +1,11 @@
 #ifndef TEMPLATES_GRID_TEMPLATEGRIDTABLE_H
 #define TEMPLATES_GRID_TEMPLATEGRIDTABLE_H
 
-#include "templates/TemplateRows.h"
+#include "templates/TemplateSession.h"
 #include "templates/columns/GridColumnInfo.h"
 
 #include <wx/grid.h>
 
-#include <functional>
 #include <vector>
 
 namespace TessaronResources
@@ -16,8 +15,8 @@ namespace TessaronResources
 class TemplateGridTable : public wxGridTableBase
 {
 public:
-    /// `rows` is not owned. `edited` is called after the user has changed a template.
-    TemplateGridTable(TemplateRows& rows, std::function<void()> edited);
+    /// `session` is not owned and outlives the table.
+    explicit TemplateGridTable(TemplateSession& session);
 
     void setColumns(std::vector<GridColumnPtr> columns);
     const std::vector<GridColumnPtr>& columns() const { return m_columns; }
@@ -26,7 +25,7 @@ public:
     /// Tells the grid that the rows are others now.
     void rowsChanged();
 
-    int GetNumberRows() override { return static_cast<int>(m_rows.size()); }
+    int GetNumberRows() override { return static_cast<int>(m_session.rows().size()); }
     int GetNumberCols() override { return static_cast<int>(m_columns.size()); }
     wxString GetValue(int row, int col) override;
     void SetValue(int row, int col, const wxString& value) override;
@@ -34,8 +33,7 @@ public:
     wxString GetRowLabelValue(int) override { return wxString(); }
 
 private:
-    TemplateRows& m_rows;
-    std::function<void()> m_edited;
+    TemplateSession& m_session;
     std::vector<GridColumnPtr> m_columns;
     int m_shownRows = 0;
 };

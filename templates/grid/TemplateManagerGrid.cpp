@@ -3,7 +3,7 @@
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/native/NativeToolkit.h"
-#include "templates/TemplateSort.h"
+#include "templates/columns/ColumnKinds.h"
 #include "templates/grid/GridFont.h"
 #include "templates/grid/GridPlace.h"
 #include "templates/grid/GridSizing.h"
@@ -30,7 +30,7 @@ constexpr int nameColumn = 0;
 TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSession& session,
                                          TemplateGridCommands& commands)
     : wxGrid(parent, id, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_NONE), m_session(session),
-      m_commands(commands), m_table(new TemplateGridTable(session.rows(), [this] { onEdited(); })), m_hint(*this),
+      m_commands(commands), m_table(new TemplateGridTable(session)), m_hint(*this),
       m_input(*this, *m_table, session, commands)
 {
     m_table->SetAttrProvider(new TemplateHeadings(m_headings, session.rows()));
@@ -76,11 +76,11 @@ TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSessi
                               event.Skip();
                           });
     applyLook();
+    session.addObserver(*this);
 }
 
-void TemplateManagerGrid::onEdited()
+void TemplateManagerGrid::rowsEdited()
 {
-    m_commands.templateEdited();
     GetGridRowLabelWindow()->Refresh();
     GetGridWindow()->Refresh();
 }
@@ -104,7 +104,7 @@ void TemplateManagerGrid::rebuildColumns()
     m_table->setColumns(makeGridColumns(info.columns, true));
     ResetColPos();
     for (const GridColumnPtr& column : m_table->columns())
-        setUpColumn(*column);
+        setUpColumn(column);
     sizeColumns();
     sizeRows();
     fitHeadings();
@@ -112,29 +112,25 @@ void TemplateManagerGrid::rebuildColumns()
     updateHint();
 }
 
-void TemplateManagerGrid::setUpColumn(const GridColumnInfo& column)
+void TemplateManagerGrid::setUpColumn(const GridColumnPtr& column)
 {
-    const util::TemplateColumn& definition = column.definition();
-    const bool isRating = definition.type == util::templateColumnType::rating;
     auto* const attr = new wxGridCellAttr;
-    attr->SetAlignment(column.alignment() == CellAlignment::right ? wxALIGN_RIGHT : wxALIGN_LEFT, wxALIGN_CENTRE);
-    // Stars are set by a click or a digit, not by typing over them.
-    attr->SetReadOnly(!column.isEditable() || !column.enabled || isRating);
-    attr->SetRenderer(isRating                                            ? new RatingCellRenderer
-                      : definition.type == util::templateColumnType::date ? new DateCellRenderer
-                                                                          : new TemplateCellRenderer);
-    if (const auto* const list = dynamic_cast<const GridColumnInfoListBox*>(&column))
+    attr->SetAlignment(column->appearance().alignment == CellAlignment::right ? wxALIGN_RIGHT : wxALIGN_LEFT,
+                       wxALIGN_CENTRE);
+    attr->SetReadOnly(!column->isEditable() || !column->enabled || column->editor() == CellEditor::direct);
+    attr->SetRenderer(new ColumnCellRenderer(column));
+    if (column->editor() == CellEditor::list)
     {
         wxArrayString choices;
-        for (const std::string& choice : list->choices())
+        for (const std::string& choice : column->choices())
             choices.Add(wxString::FromUTF8(choice));
         attr->SetEditor(new wxGridCellChoiceEditor(choices));
     }
-    SetColAttr(column.index, attr);
-    ShowCol(column.index);
-    column.setupHeading(*this, m_session.info().headingTextColour, m_session.info().headingBackColour);
-    if (!definition.shown)
-        HideCol(column.index);
+    SetColAttr(column->index, attr);
+    ShowCol(column->index);
+    column->setupHeading(*this, m_session.info().headingTextColour, m_session.info().headingBackColour);
+    if (!column->definition().shown)
+        HideCol(column->index);
 }
 
 void TemplateManagerGrid::applyLook()
@@ -219,7 +215,7 @@ void TemplateManagerGrid::onColumnMoved()
 
 // Rows
 
-void TemplateManagerGrid::rowsRefilled()
+void TemplateManagerGrid::rowsReplaced()
 {
     ClearSelection();
     m_headings.sortColumn = -1;
@@ -280,8 +276,7 @@ void TemplateManagerGrid::sortBy(const std::vector<util::TemplateSortLevel>& lev
 {
     finishEdit();
     m_headings.sortColumn = -1;
-    const std::vector<std::size_t> order = sortedOrder(m_session.rows(), levels, m_session.info().columns);
-    reorderRows(order);
+    m_session.sort(levels);
     if (levels.size() == 1)
         for (const GridColumnPtr& column : m_table->columns())
             if (column->definition().key == levels.front().key)
@@ -293,13 +288,12 @@ void TemplateManagerGrid::sortBy(const std::vector<util::TemplateSortLevel>& lev
     ForceRefresh();
 }
 
-void TemplateManagerGrid::reorderRows(const std::vector<std::size_t>& order)
+void TemplateManagerGrid::rowsReordered(const std::vector<std::size_t>& order)
 {
     std::vector<bool> wasSelected(order.size());
     for (const std::size_t row : selectedRows())
         wasSelected[row] = true;
     const auto wasCurrent = static_cast<std::size_t>(std::max(GetGridCursorRow(), 0));
-    m_session.rows().reorder(order);
 
     std::vector<bool> selected(order.size());
     std::vector<int> heights;

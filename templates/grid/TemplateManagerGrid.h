@@ -31,21 +31,17 @@ public:
     virtual void findAgain() = 0;
     /// The column definitions have been changed in place: they are to be stored and the columns made anew.
     virtual void columnsChanged() = 0;
-    /// A template has been edited.
-    virtual void templateEdited() = 0;
 };
 
 /// The grid of templates: one row a template, one column a column definition.
-class TemplateManagerGrid : public wxGrid, private TemplateCells
+class TemplateManagerGrid : public wxGrid, private TemplateCells, private TemplateSessionObserver
 {
 public:
-    /// Both are not owned and outlive the grid.
+    /// Both are not owned; no command is given to the session once the grid is gone.
     TemplateManagerGrid(wxWindow* parent, int id, TemplateSession& session, TemplateGridCommands& commands);
 
     /// Makes the columns anew from the session's definitions.
     void rebuildColumns();
-    /// The session's rows are others now. Takes the selection and the sort mark away.
-    void rowsRefilled();
     /// Takes on the look in force and the preferred font.
     void applyLook();
     /// Ends an edit that is under way; what was typed counts.
@@ -54,7 +50,7 @@ public:
     /// Ascending.
     std::vector<std::size_t> selectedRows() const;
 
-    /// Sorts by levels; the selected templates stay selected. A mark is shown only for a sort by one column.
+    /// Has the session sort its rows. A mark is shown only for a sort by one column.
     void sortBy(const std::vector<util::TemplateSortLevel>& levels);
     /// Sorts by the current column.
     void quickSort(bool descending);
@@ -73,7 +69,14 @@ private:
     void setHeading(int column, const std::string& title, int width, const std::string& font, std::uint32_t textColour,
                     std::uint32_t backColour) override;
 
-    void setUpColumn(const GridColumnInfo& column);
+    // What the session tells
+    /// Takes the selection and the sort mark away.
+    void rowsReplaced() override;
+    /// Selected rows, the current cell and heights go with their templates.
+    void rowsReordered(const std::vector<std::size_t>& order) override;
+    void rowsEdited() override;
+
+    void setUpColumn(const GridColumnPtr& column);
     void sizeColumns();
     void sizeRows();
     /// As high as their text needs, and no lower than stored.
@@ -82,10 +85,7 @@ private:
     void updateHint();
     /// One flag for each row.
     void select(const std::vector<bool>& selected);
-    /// Selected rows, the current cell and heights go with their templates.
-    void reorderRows(const std::vector<std::size_t>& order);
     void onColumnMoved();
-    void onEdited();
 
     TemplateSession& m_session;
     TemplateGridCommands& m_commands;

@@ -15,7 +15,7 @@ using namespace mfcutil;
 
 constexpr double inf = std::numeric_limits<double>::infinity();
 
-TEST(NumericExpression, evaluatesWholeExpressions)
+TEST(NumericExpression, EvaluatesWholeExpressions)
 {
     const struct
     {
@@ -61,7 +61,7 @@ TEST(NumericExpression, evaluatesWholeExpressions)
     EXPECT_TRUE(std::isnan(evaluateExpression("0/0").value));
 }
 
-TEST(NumericExpression, tellsIncompleteTextsApart)
+TEST(NumericExpression, TellsIncompleteTextsApart)
 {
     const struct
     {
@@ -81,7 +81,7 @@ TEST(NumericExpression, tellsIncompleteTextsApart)
     }
 }
 
-TEST(NumericExpression, standsHostileTexts)
+TEST(NumericExpression, StandsHostileTexts)
 {
     const std::string open(10000, '(');
     const std::string close(10000, ')');
@@ -99,7 +99,7 @@ TEST(NumericExpression, standsHostileTexts)
     EXPECT_FALSE(evaluateExpression(std::string_view("1\0+1", 4)).complete);
 }
 
-TEST(NumericExpression, formats)
+TEST(NumericExpression, Formats)
 {
     const struct
     {
@@ -128,7 +128,7 @@ struct CommaPunctuation : std::numpunct<char>
     char do_decimal_point() const override { return ','; }
 };
 
-TEST(NumericExpression, doesNotLookAtTheLocale)
+TEST(NumericExpression, DoesNotLookAtTheLocale)
 {
     const std::string processBefore = std::setlocale(LC_ALL, nullptr);
     const std::locale streamsBefore = std::locale::global(std::locale(std::locale(), new CommaPunctuation));

@@ -49,7 +49,7 @@ struct Example
     double tolerance; // half a unit of the last printed digit, wider where the note says so
 };
 
-TEST(Calculator, agreesWithPublishedExamples)
+TEST(Calculator, AgreesWithPublishedExamples)
 {
     const Example examples[] = {
         {"Mitsubishi, milling, cutting speed; pi taken as 3.14",
@@ -154,7 +154,7 @@ TEST(Calculator, agreesWithPublishedExamples)
         EXPECT_NEAR(solved(example.given).*example.result, example.printed, example.tolerance) << example.source;
 }
 
-TEST(Calculator, roundsTheDerivedSpindleSpeedHalfUp)
+TEST(Calculator, RoundsTheDerivedSpindleSpeedHalfUp)
 {
     const struct
     {
@@ -176,7 +176,7 @@ TEST(Calculator, roundsTheDerivedSpindleSpeedHalfUp)
         EXPECT_EQ(solved(example.given).spindleSpeed, example.printed) << example.what;
 }
 
-TEST(Calculator, derivesFeedsAndTheSurfaceSpeedFromTheRoundedSpindleSpeed)
+TEST(Calculator, DerivesFeedsAndTheSurfaceSpeedFromTheRoundedSpindleSpeed)
 {
     const Cut given{.toolDiameter = 0.5, .flutes = 3, .surfaceSpeed = 401, .feedPerTooth = 0.004};
     const Cut cut = solved(given);
@@ -189,7 +189,7 @@ TEST(Calculator, derivesFeedsAndTheSurfaceSpeedFromTheRoundedSpindleSpeed)
     EXPECT_EQ(fromFeeds.feedrate, 36.77);
 }
 
-TEST(Calculator, prefersTheFeedrateOverTheChipForTheFeedPerTooth)
+TEST(Calculator, PrefersTheFeedrateOverTheChipForTheFeedPerTooth)
 {
     const Cut cut = solved(
         {.toolDiameter = 10, .flutes = 2, .spindleSpeed = 1000, .feedrate = 200, .stepover = 1, .chipThickness = 0.5});
@@ -197,14 +197,14 @@ TEST(Calculator, prefersTheFeedrateOverTheChipForTheFeedPerTooth)
     EXPECT_EQ(cut.chipThickness, 0.5) << "contradicting values are kept";
 }
 
-TEST(Calculator, findsTheSpindleSpeedInTheFeedsOnlyWithoutASurfaceSpeed)
+TEST(Calculator, FindsTheSpindleSpeedInTheFeedsOnlyWithoutASurfaceSpeed)
 {
     // No diameter, so that the surface speed cannot give the spindle speed.
     EXPECT_EQ(solved({.flutes = 2, .surfaceSpeed = 100, .feedPerTooth = 0.1, .feedrate = 100}).spindleSpeed, 0);
     EXPECT_EQ(solved({.flutes = 2, .feedPerTooth = 0.1, .feedrate = 100}).spindleSpeed, 500);
 }
 
-TEST(Calculator, recoversTheStepoverFromTheChip)
+TEST(Calculator, RecoversTheStepoverFromTheChip)
 {
     for (const double percent : {1e-6, 0.01, 0.5, 5.0, 25.0, 49.999})
     {
@@ -216,7 +216,7 @@ TEST(Calculator, recoversTheStepoverFromTheChip)
     }
 }
 
-TEST(Calculator, keepsToItsLimitsOnDegenerateInput)
+TEST(Calculator, KeepsToItsLimitsOnDegenerateInput)
 {
     const struct
     {
@@ -285,7 +285,7 @@ TEST(Calculator, keepsToItsLimitsOnDegenerateInput)
         EXPECT_DOUBLE_EQ(solved(one.given).*one.result, one.expected) << one.what;
 }
 
-TEST(Calculator, neverGivesAnythingButFiniteNumbers)
+TEST(Calculator, NeverGivesAnythingButFiniteNumbers)
 {
     const double reals[] = {0, 1, -1, 5e-324, huge, nan};
     const int integers[] = {0, 1, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};
@@ -308,7 +308,7 @@ TEST(Calculator, neverGivesAnythingButFiniteNumbers)
                                 }
 }
 
-TEST(Calculator, keepsWhatIsGiven)
+TEST(Calculator, KeepsWhatIsGiven)
 {
     const Cut given{millimetres, 10, 2, 3, 150, 4000, 0.1, 999, 3, 0.7};
     const Cut cut = solved(given);

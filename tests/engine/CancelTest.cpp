@@ -14,7 +14,7 @@
 
 namespace keys = util::keys;
 using exchange::JobState;
-using tests::RunningJob;
+using testing_support::RunningJob;
 
 namespace
 {
@@ -52,11 +52,11 @@ std::string stageName(const testing::TestParamInfo<const char*>& stage)
 
 } // namespace
 
-TEST_P(CancelStages, endsSoon)
+TEST_P(CancelStages, EndsSoon)
 {
     const RunningJob job(bigJob(2));
     JobState state = JobState::running;
-    ASSERT_TRUE(tests::becomesTrue(
+    ASSERT_TRUE(testing_support::becomesTrue(
         [&]
         {
             const exchange::JobInfo info = job.info();
@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(Stages, CancelStages,
                                          "Generating boundaries: ", "Creating toolpath: "),
                          stageName);
 
-TEST(Cancel, ofAFinishedJobLeavesItFinished)
+TEST(Cancel, OfAFinishedJobLeavesItFinished)
 {
     const RunningJob job(shapes::squarePocket());
     EXPECT_EQ(job.wait(), JobState::finished);
@@ -89,7 +89,7 @@ TEST(Cancel, ofAFinishedJobLeavesItFinished)
     EXPECT_TRUE(exchange::jobToolpath(job.id()));
 }
 
-TEST(Cancel, manyJobsStartedWatchedAndCancelledFromManyThreads)
+TEST(Cancel, ManyJobsStartedWatchedAndCancelledFromManyThreads)
 {
     constexpr int manyUsers = 4;
     std::vector<std::thread> users;

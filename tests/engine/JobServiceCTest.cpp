@@ -17,7 +17,7 @@
 // The plain C interface, driven by a client that is written in C.
 
 using testing::HasSubstr;
-using tests::TemporaryFile;
+using testing_support::TemporaryFile;
 
 namespace
 {
@@ -55,7 +55,7 @@ void expectFinished(const CClientResult& result, const std::string& savePath)
 
 } // namespace
 
-TEST(JobServiceC, runsAJobFromFileAndFromMemory)
+TEST(JobServiceC, RunsAJobFromFileAndFromMemory)
 {
     exchange::Tessaron2dInput input = shapes::islandPocket();
     input.parameters.set(util::keys::numberOfConcurrentThreads, 2);
@@ -73,7 +73,7 @@ TEST(JobServiceC, runsAJobFromFileAndFromMemory)
     EXPECT_EQ(result.records, records);
 }
 
-TEST(JobServiceC, badFileHasATextThatFitsTheBuffer)
+TEST(JobServiceC, BadFileHasATextThatFitsTheBuffer)
 {
     CClientResult result;
     runCClient("/no/such/part.xml", nullptr, 0, "", &result);
@@ -89,7 +89,7 @@ TEST(JobServiceC, badFileHasATextThatFitsTheBuffer)
     EXPECT_LT(tessaronJobStartFile("/no/such/part.xml", nullptr, 0), 0);
 }
 
-TEST(JobServiceC, textIsCutAtAWholeCharacter)
+TEST(JobServiceC, TextIsCutAtAWholeCharacter)
 {
     // "é" has two bytes, of which only one would fit.
     char text[5];
@@ -97,14 +97,14 @@ TEST(JobServiceC, textIsCutAtAWholeCharacter)
     EXPECT_STREQ(text, "abc");
 }
 
-TEST(JobServiceC, failedJobTellsWhy)
+TEST(JobServiceC, FailedJobTellsWhy)
 {
     exchange::Tessaron2dInput input = shapes::squarePocket();
     input.boundaries.partBoundaries.clear();
     const std::string bytes = archive(input);
     const int job = tessaronJobStartMemory(bytes.data(), bytes.size(), nullptr, nullptr, 0);
     ASSERT_GT(job, 0);
-    EXPECT_EQ(tessaronJobWait(job, tests::longEnough), TESSARON_JOB_FAILED);
+    EXPECT_EQ(tessaronJobWait(job, testing_support::longEnough), TESSARON_JOB_FAILED);
     EXPECT_EQ(tessaronJobStatus(job), -1023);
     char text[100];
     const std::size_t length = tessaronJobText(job, text, sizeof text);
@@ -115,7 +115,7 @@ TEST(JobServiceC, failedJobTellsWhy)
     EXPECT_EQ(tessaronJobRelease(job), 0);
 }
 
-TEST(JobServiceC, cancelStops)
+TEST(JobServiceC, CancelStops)
 {
     exchange::Tessaron2dInput input = shapes::manyIslands(6);
     input.parameters.set(util::keys::stepover, 0.1);
@@ -124,12 +124,12 @@ TEST(JobServiceC, cancelStops)
     ASSERT_GT(job, 0);
     EXPECT_EQ(tessaronJobWait(job, 0), TESSARON_JOB_RUNNING);
     EXPECT_EQ(tessaronJobCancel(job), 0);
-    EXPECT_EQ(tessaronJobWait(job, tests::longEnough), TESSARON_JOB_CANCELLED);
+    EXPECT_EQ(tessaronJobWait(job, testing_support::longEnough), TESSARON_JOB_CANCELLED);
     EXPECT_EQ(tessaronJobStatus(job), -1008);
     EXPECT_EQ(tessaronJobRelease(job), 0);
 }
 
-TEST(JobServiceC, unknownIds)
+TEST(JobServiceC, UnknownIds)
 {
     char text[10] = "x";
     int ids[1];

@@ -27,8 +27,8 @@ using exchange::JobInfo;
 using exchange::JobState;
 using exchange::Tessaron2dInput;
 using testing::HasSubstr;
-using tests::RunningJob;
-using tests::TemporaryFile;
+using testing_support::RunningJob;
+using testing_support::TemporaryFile;
 
 namespace
 {
@@ -73,7 +73,7 @@ std::string toolpathText(const Tessaron2dInput& input)
 
 } // namespace
 
-TEST(JobService, finishedJobHasAToolpathAndFullProgress)
+TEST(JobService, FinishedJobHasAToolpathAndFullProgress)
 {
     const RunningJob job(shapes::squarePocket());
     EXPECT_GT(job.id(), 0);
@@ -87,7 +87,7 @@ TEST(JobService, finishedJobHasAToolpathAndFullProgress)
     EXPECT_GT(exchange::jobToolpath(job.id())->records.size(), 10U);
 }
 
-TEST(JobService, unknownIds)
+TEST(JobService, UnknownIds)
 {
     int released = 0;
     {
@@ -106,7 +106,7 @@ TEST(JobService, unknownIds)
     }
 }
 
-TEST(JobService, workersHaveIdsOfTheirOwn)
+TEST(JobService, WorkersHaveIdsOfTheirOwn)
 {
     Tessaron2dInput input = shapes::manyIslands(3);
     input.parameters.set(keys::numberOfConcurrentThreads, 3);
@@ -128,7 +128,7 @@ TEST(JobService, workersHaveIdsOfTheirOwn)
     EXPECT_EQ(exchange::jobInfo(workers.front()).state, JobState::unknown);
 }
 
-TEST(JobService, toolpathOutlivesItsJob)
+TEST(JobService, ToolpathOutlivesItsJob)
 {
     boost::shared_ptr<const exchange::ToolpathRecords> toolpath;
     {
@@ -140,16 +140,16 @@ TEST(JobService, toolpathOutlivesItsJob)
     EXPECT_TRUE(boost::get<exchange::SpindleSpeed>(&toolpath->records.front()));
 }
 
-TEST(JobService, keepsTheLastEndedJobsOnly)
+TEST(JobService, KeepsTheLastEndedJobsOnly)
 {
     Tessaron2dInput input = without(keys::toolDiameter);
     const int first = exchange::startJob(input).jobId;
-    EXPECT_EQ(exchange::waitForJob(first, tests::longEnough), JobState::failed);
+    EXPECT_EQ(exchange::waitForJob(first, testing_support::longEnough), JobState::failed);
     std::vector<int> ids;
     for (int i = 0; i < 32; ++i)
     {
         ids.push_back(exchange::startJob(input).jobId);
-        exchange::waitForJob(ids.back(), tests::longEnough);
+        exchange::waitForJob(ids.back(), testing_support::longEnough);
     }
     EXPECT_EQ(exchange::jobInfo(first).state, JobState::unknown);
     EXPECT_EQ(exchange::jobInfo(ids.front()).state, JobState::failed);
@@ -158,7 +158,7 @@ TEST(JobService, keepsTheLastEndedJobsOnly)
         exchange::releaseJob(id);
 }
 
-TEST(JobService, releaseOfARunningJobStopsIt)
+TEST(JobService, ReleaseOfARunningJobStopsIt)
 {
     const exchange::JobStart start = exchange::startJob(shapes::manyIslands(5));
     EXPECT_EQ(exchange::waitForJob(start.jobId, 0), JobState::running);
@@ -166,7 +166,7 @@ TEST(JobService, releaseOfARunningJobStopsIt)
     EXPECT_EQ(exchange::jobInfo(start.jobId).state, JobState::unknown);
 }
 
-TEST(JobService, resultDoesNotDependOnTheNumberOfThreads)
+TEST(JobService, ResultDoesNotDependOnTheNumberOfThreads)
 {
     std::string one;
     for (const int threads : {1, 2, 5})
@@ -180,7 +180,7 @@ TEST(JobService, resultDoesNotDependOnTheNumberOfThreads)
     }
 }
 
-TEST(JobService, stagesAndPercentOnTheWay)
+TEST(JobService, StagesAndPercentOnTheWay)
 {
     const std::map<std::string, double> greatest = {{"Processing part boundaries: ", 1},
                                                     {"Creating offset surfaces: ", 1},
@@ -244,7 +244,7 @@ class JobFailures : public testing::TestWithParam<Failure>
 {
 };
 
-TEST_P(JobFailures, endWithTheCodeAndATextThatSaysWhatIsWrong)
+TEST_P(JobFailures, EndWithTheCodeAndATextThatSaysWhatIsWrong)
 {
     const RunningJob job(GetParam().input);
     EXPECT_EQ(job.wait(), JobState::failed);
@@ -348,7 +348,7 @@ std::string failureName(const testing::TestParamInfo<Failure>& failure)
 INSTANTIATE_TEST_SUITE_P(Geometry, JobFailures, testing::ValuesIn(geometryFailures()), failureName);
 INSTANTIATE_TEST_SUITE_P(Parameters, JobFailures, testing::ValuesIn(parameterFailures()), failureName);
 
-TEST(JobInputCheck, tellsTheParameterAtFaultWithoutAJob)
+TEST(JobInputCheck, TellsTheParameterAtFaultWithoutAJob)
 {
     EXPECT_EQ(exchange::checkJobInput(shapes::squarePocket()).status, status::ok);
     const exchange::JobInputProblem problem = exchange::checkJobInput(without(keys::toolDiameter));
@@ -362,7 +362,7 @@ TEST(JobInputCheck, tellsTheParameterAtFaultWithoutAJob)
     EXPECT_EQ(job.info().text, problem.text);
 }
 
-TEST(JobLimits, aToolpathOfTooManyRecordsFailsSoon)
+TEST(JobLimits, AToolpathOfTooManyRecordsFailsSoon)
 {
     Tessaron2dInput input = shapes::manyIslands(6);
     input.parameters.set(keys::stepover, 0.02);
@@ -373,7 +373,7 @@ TEST(JobLimits, aToolpathOfTooManyRecordsFailsSoon)
     EXPECT_THAT(job.info().text, HasSubstr("too many records"));
 }
 
-TEST(JobLimits, aThousandThreadsAreNotStarted)
+TEST(JobLimits, AThousandThreadsAreNotStarted)
 {
     Tessaron2dInput input = shapes::squarePocket();
     input.parameters.set(keys::numberOfConcurrentThreads, std::numeric_limits<int>::max());
@@ -382,7 +382,7 @@ TEST(JobLimits, aThousandThreadsAreNotStarted)
     EXPECT_EQ(job.info().workerIds.size(), 64U);
 }
 
-TEST(JobArchives, fileAndMemoryGiveTheSameJob)
+TEST(JobArchives, FileAndMemoryGiveTheSameJob)
 {
     const Tessaron2dInput input = shapes::islandPocket();
     const std::string expected = toolpathText(input);
@@ -395,7 +395,7 @@ TEST(JobArchives, fileAndMemoryGiveTheSameJob)
              {exchange::startJobFromFile(file.path()), exchange::startJobFromArchive(archive, "memory")})
         {
             ASSERT_GT(start.jobId, 0) << start.text;
-            EXPECT_EQ(exchange::waitForJob(start.jobId, tests::longEnough), JobState::finished);
+            EXPECT_EQ(exchange::waitForJob(start.jobId, testing_support::longEnough), JobState::finished);
             std::ostringstream stream;
             exchange::writeArchive(stream, *exchange::jobToolpath(start.jobId));
             EXPECT_TRUE(stream.str() == expected);
@@ -404,7 +404,7 @@ TEST(JobArchives, fileAndMemoryGiveTheSameJob)
     }
 }
 
-TEST(JobArchives, aBadFileIsNamedWithWhatIsWrong)
+TEST(JobArchives, ABadFileIsNamedWithWhatIsWrong)
 {
     const std::string archive = archiveOf(shapes::squarePocket(), exchange::ArchiveFormat::xml);
     const std::string contents[] = {"", "no archive at all", archive.substr(0, archive.size() / 2),
@@ -425,13 +425,13 @@ TEST(JobArchives, aBadFileIsNamedWithWhatIsWrong)
     EXPECT_THAT(exchange::startJobFromArchive("junk", "the clipboard").text, HasSubstr("the clipboard"));
 }
 
-TEST(JobArchives, aFailedJobNamesItsFile)
+TEST(JobArchives, AFailedJobNamesItsFile)
 {
     const TemporaryFile file("tessaron-no-diameter");
     file.write(archiveOf(without(keys::toolDiameter), exchange::ArchiveFormat::xml));
     const exchange::JobStart start = exchange::startJobFromFile(file.path());
     ASSERT_GT(start.jobId, 0);
-    exchange::waitForJob(start.jobId, tests::longEnough);
+    exchange::waitForJob(start.jobId, testing_support::longEnough);
     EXPECT_EQ(exchange::jobInfo(start.jobId).text, file.path() + ": \"Tool Diameter\" is missing.");
     exchange::releaseJob(start.jobId);
 }

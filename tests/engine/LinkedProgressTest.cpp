@@ -9,7 +9,7 @@
 // The record through which progress windows watch a job.
 
 using exchange::JobState;
-using tests::RunningJob;
+using testing_support::RunningJob;
 
 namespace
 {
@@ -45,7 +45,7 @@ TEST(LinkedProgress, followsAJobToItsEnd)
     const RunningJob job(shapes::manyIslands(2));
     const Record record = linkedTo(job.id());
     double percent = 0;
-    EXPECT_TRUE(tests::becomesTrue(
+    EXPECT_TRUE(testing_support::becomesTrue(
         [&]
         {
             record->refresh();
@@ -114,13 +114,13 @@ TEST(LinkedProgress, workersAreFollowedLikeJobs)
     const RunningJob job(longJob());
     const Record record = linkedTo(job.id());
     std::vector<int> ids;
-    ASSERT_TRUE(tests::becomesTrue(
+    ASSERT_TRUE(testing_support::becomesTrue(
         [&]
         {
             record->getSubJobIds(ids);
             return ids.size() == 2;
         }));
-    EXPECT_TRUE(tests::becomesTrue(
+    EXPECT_TRUE(testing_support::becomesTrue(
         [&]
         {
             const Record worker = linkedTo(ids.front());

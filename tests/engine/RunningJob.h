@@ -9,7 +9,7 @@
 #include <chrono>
 #include <thread>
 
-namespace tests
+namespace testing_support
 {
 
 /// Far more than any job here takes, sanitizers included; in milliseconds.
@@ -49,6 +49,6 @@ bool becomesTrue(const Condition& condition)
     return true;
 }
 
-} // namespace tests
+} // namespace testing_support
 
 #endif

@@ -45,7 +45,7 @@ TEST_P(Samples, neverGougeAndClearAllReachable)
     const std::string path = std::string(TESSARON_SAMPLES) + "/" + GetParam().name + ".xml";
     exchange::Tessaron2dInput input;
     ASSERT_NO_THROW(exchange::readArchiveFile(path, input)) << path;
-    const tests::RunningJob job(input);
+    const testing_support::RunningJob job(input);
     ASSERT_EQ(job.wait(), exchange::JobState::finished) << job.info().text;
     const cuts::Cuts cuts = cuts::cutsOf(*exchange::jobToolpath(job.id()), input);
     EXPECT_EQ(cuts.levels.size(), GetParam().levels);

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <string>
 
-namespace tests
+namespace testing_support
 {
 
 /// A path for a file that is removed at the end of the scope.
@@ -29,6 +29,6 @@ private:
     std::string m_path;
 };
 
-} // namespace tests
+} // namespace testing_support
 
 #endif

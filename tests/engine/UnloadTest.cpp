@@ -8,7 +8,7 @@
 
 // What becomes of running jobs when the process ends.
 
-TEST(UnloadDeathTest, exitWithRunningJobsEndsCleanly)
+TEST(UnloadDeathTest, ExitWithRunningJobsEndsCleanly)
 {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_EXIT(

@@ -19,13 +19,13 @@ class WorkerPools : public testing::Test
 protected:
     ~WorkerPools() override { m_threads.joinAll(); }
 
-    ThreadKeeper m_threads;
+    ThreadGroup m_threads;
     std::shared_ptr<CancelFlag> m_cancel = std::make_shared<CancelFlag>();
 };
 
 } // namespace
 
-TEST_F(WorkerPools, runsAllTasksAndThoseThatTasksSubmit)
+TEST_F(WorkerPools, RunsAllTasksAndThoseThatTasksSubmit)
 {
     std::atomic<int> count{0};
     {
@@ -45,7 +45,7 @@ TEST_F(WorkerPools, runsAllTasksAndThoseThatTasksSubmit)
     }
 }
 
-TEST_F(WorkerPools, firstFailureEndsTheWait)
+TEST_F(WorkerPools, FirstFailureEndsTheWait)
 {
     WorkerPool pool(m_threads, 1, m_cancel);
     std::atomic<int> later{0};
@@ -64,7 +64,7 @@ TEST_F(WorkerPools, firstFailureEndsTheWait)
     EXPECT_EQ(later, 0);
 }
 
-TEST_F(WorkerPools, cancelDoesNotWaitForATaskThatDoesNotEnd)
+TEST_F(WorkerPools, CancelDoesNotWaitForATaskThatDoesNotEnd)
 {
     std::atomic<bool> started{false};
     const auto mayEnd = std::make_shared<std::atomic<bool>>(false);
@@ -79,7 +79,7 @@ TEST_F(WorkerPools, cancelDoesNotWaitForATaskThatDoesNotEnd)
                     std::this_thread::sleep_for(std::chrono::milliseconds(1));
             });
         pool.submit([&](int) { ++later; });
-        ASSERT_TRUE(tests::becomesTrue([&] { return started.load(); }));
+        ASSERT_TRUE(testing_support::becomesTrue([&] { return started.load(); }));
         m_cancel->set();
         pool.wake();
         EXPECT_THROW(pool.wait(), Cancelled);
@@ -90,7 +90,7 @@ TEST_F(WorkerPools, cancelDoesNotWaitForATaskThatDoesNotEnd)
     EXPECT_EQ(later, 0);
 }
 
-TEST_F(WorkerPools, tasksMayOwnThePool)
+TEST_F(WorkerPools, TasksMayOwnThePool)
 {
     // The last owner of the pool is a task on one of its workers.
     auto pool = std::make_shared<WorkerPool>(m_threads, 2, m_cancel);
@@ -107,9 +107,9 @@ TEST_F(WorkerPools, tasksMayOwnThePool)
     EXPECT_TRUE(ran);
 }
 
-TEST(ThreadKeeper, refusesThreadsAfterItsEnd)
+TEST(ThreadGroup, RefusesThreadsAfterItsEnd)
 {
-    ThreadKeeper threads;
+    ThreadGroup threads;
     std::atomic<int> count{0};
     for (int i = 0; i < 20; ++i)
         threads.run([&] { ++count; });

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
 
+using namespace testing_support;
+
 namespace
 {
 

@@ -8,12 +8,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace testing_support;
+
 namespace
 {
 
 typedef boost::shared_ptr<exchange::ProgressData> Record;
 
-class ToolkitHostTest : public testing_support::ToolkitHost
+class ToolkitHostTest : public ToolkitHost
 {
 protected:
     int show(bool multi) const

@@ -1,5 +1,5 @@
 #include "frame/looks/VisualThemes.h"
-#include "frame/looks/PaletteColour.h"
+#include "frame/PaletteColour.h"
 #include "frame/looks/QdrVisualManager.h"
 #include "tests/support/WindowDriver.h"
 #include <tessaron/frame/DialogBase.h>
@@ -90,7 +90,21 @@ TEST_P(VisualThemeTest, InstallsItsManagerWithItsStyle)
 TEST_P(VisualThemeTest, TextIsReadableOnEverySurface)
 {
     ASSERT_TRUE(installVisualTheme(number()));
-    for (const auto& [text, background] : VisualManager::current().palette().textPairs())
+    const VisualPalette& p = VisualManager::current().palette();
+    const std::pair<Rgb, Rgb> pairs[] = {{p.text, p.dialog},
+                                         {p.fieldText, p.field},
+                                         {p.fieldText, p.alternateField},
+                                         {p.chromeText, p.chrome},
+                                         {p.ribbonText, p.ribbon},
+                                         {p.ribbonText, p.hover},
+                                         {p.ribbonText, p.pressed},
+                                         {p.accentText, p.accent},
+                                         {p.buttonText, p.button},
+                                         {p.buttonText, p.buttonHover},
+                                         {p.headingText, p.heading},
+                                         {p.mark, p.field},
+                                         {p.mark, p.alternateField}};
+    for (const auto& [text, background] : pairs)
         EXPECT_GE(contrastRatio(text, background), 4.5)
             << visualThemeName(number()) << ": " << std::hex << text << " on " << background;
 }

@@ -54,7 +54,7 @@ template <class AnyRecord>
 std::string written(const AnyRecord& record, bool asXml)
 {
     std::ostringstream stream;
-    if constexpr (exchange::archive::isXmlOnly(exchange::archive::RecordKindOf<AnyRecord>::value))
+    if constexpr (!exchange::archive::hasBinary<AnyRecord>)
         exchange::writeArchive(stream, record);
     else
         exchange::writeArchive(stream, record, asXml ? exchange::ArchiveFormat::xml : exchange::ArchiveFormat::binary);

@@ -3,9 +3,10 @@
 #include <tessaron/exchange/geom/Curves.h>
 
 #include <boost/make_shared.hpp>
-#include <boost/math/constants/constants.hpp>
 
 #include <gtest/gtest.h>
+
+#include <numbers>
 
 namespace host
 {
@@ -13,7 +14,7 @@ namespace host
 namespace
 {
 
-constexpr double pi = boost::math::constants::pi<double>();
+constexpr double pi = std::numbers::pi;
 
 void addLine(exchange::CurveList& curves, Point2 from, Point2 to)
 {

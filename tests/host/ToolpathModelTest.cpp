@@ -1,10 +1,9 @@
 #include "host/ToolpathModel.h"
 
-#include <boost/math/constants/constants.hpp>
-
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 
 namespace host
 {
@@ -16,7 +15,7 @@ using exchange::FeedRate;
 using exchange::LinearMove;
 using exchange::RapidMove;
 
-constexpr double pi = boost::math::constants::pi<double>();
+constexpr double pi = std::numbers::pi;
 
 template <class Move>
 Move to(double x, double y, double z)

@@ -45,7 +45,7 @@ double speedAt(int revolutions)
     return std::numbers::pi * 10 * revolutions / 1000;
 }
 
-TEST(ChipControlRules, choosesTemplateAndTexts)
+TEST(ChipControlRules, ChoosesTemplateAndTexts)
 {
     const struct
     {
@@ -84,7 +84,7 @@ TEST(ChipControlRules, choosesTemplateAndTexts)
     EXPECT_STREQ(ChipControlRules(0, &set, inch).helpFileName(), "Chip Thickness Control in Tessaron Inch.chm");
 }
 
-TEST(ChipControlRules, disablesTheFieldsOfTheDerivedQuantityOnly)
+TEST(ChipControlRules, DisablesTheFieldsOfTheDerivedQuantityOnly)
 {
     const int fields[] = {4000, 4001, 4002, 4003, 4004, 1040, 4005, 4057};
     const std::vector<int> disabled[] = {{4000, 4001}, {4002, 4003}, {4004, 1040}, {4005}};
@@ -95,7 +95,7 @@ TEST(ChipControlRules, disablesTheFieldsOfTheDerivedQuantityOnly)
                 << field << " while " << index << " is derived";
 }
 
-TEST(ChipControlRules, startsFromTheHostsParameters)
+TEST(ChipControlRules, StartsFromTheHostsParameters)
 {
     util::Parameterized set = operation();
     const util::Parameterized before = set;
@@ -122,7 +122,7 @@ struct Fields
     double chipThickness;
 };
 
-TEST(ChipControlRules, derivesTheChosenQuantityAfterEachField)
+TEST(ChipControlRules, DerivesTheChosenQuantityAfterEachField)
 {
     using enum DerivedQuantity;
     const double chip = 0.08;
@@ -188,7 +188,7 @@ TEST(ChipControlRules, derivesTheChosenQuantityAfterEachField)
     }
 }
 
-TEST(ChipControlRules, handsTheWorkingSetBackOnApplyOnly)
+TEST(ChipControlRules, HandsTheWorkingSetBackOnApplyOnly)
 {
     util::Parameterized set = operation();
     set.set("Color", 7);
@@ -207,7 +207,7 @@ TEST(ChipControlRules, handsTheWorkingSetBackOnApplyOnly)
     EXPECT_EQ(set.size(), before.size());
 }
 
-TEST(ChipControlRules, showsTheRemovalRateWithTwoDecimals)
+TEST(ChipControlRules, ShowsTheRemovalRateWithTwoDecimals)
 {
     const struct
     {
@@ -222,7 +222,7 @@ TEST(ChipControlRules, showsTheRemovalRateWithTwoDecimals)
     }
 }
 
-TEST(ChipControlRules, takesWhateverTheHostGives)
+TEST(ChipControlRules, TakesWhateverTheHostGives)
 {
     util::Parameterized set = operation();
     set.set(keys::toolDiameter, 0.0);
@@ -240,7 +240,7 @@ TEST(ChipControlRules, takesWhateverTheHostGives)
     }
 }
 
-TEST(ChipControlRules, namesUnitsInTheTooltipOfEveryField)
+TEST(ChipControlRules, NamesUnitsInTheTooltipOfEveryField)
 {
     util::Parameterized set = operation();
     const ChipControlRules inches(0, &set, inch);

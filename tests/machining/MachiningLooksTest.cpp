@@ -1,4 +1,4 @@
-#include "frame/looks/PaletteColour.h"
+#include "frame/PaletteColour.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/looks/VisualThemes.h"
 #include "tests/support/WindowDriver.h"

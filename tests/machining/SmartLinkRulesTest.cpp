@@ -9,7 +9,7 @@ namespace
 
 using namespace TessaronResources;
 
-TEST(SmartLinkRules, standsAtTheTruncatedPreference)
+TEST(SmartLinkRules, StandsAtTheTruncatedPreference)
 {
     const double inf = std::numeric_limits<double>::infinity();
     const struct
@@ -25,7 +25,7 @@ TEST(SmartLinkRules, standsAtTheTruncatedPreference)
     }
 }
 
-TEST(SmartLinkRules, writesThePreferenceAtOnceAndTheRestOnApply)
+TEST(SmartLinkRules, WritesThePreferenceAtOnceAndTheRestOnApply)
 {
     SmartLinkData data{5, -1, 0.35};
     SmartLinkRules rules(data);
@@ -48,7 +48,7 @@ TEST(SmartLinkRules, writesThePreferenceAtOnceAndTheRestOnApply)
     EXPECT_EQ(data.rapidPlaneOnly, 1);
 }
 
-TEST(SmartLinkRules, sortsByDepthForPositiveValuesOnly)
+TEST(SmartLinkRules, SortsByDepthForPositiveValuesOnly)
 {
     for (const int value : {-1, 0, 1, 7})
     {

@@ -7,6 +7,7 @@
 #include <optional>
 
 using namespace TessaronResources;
+using namespace testing_support;
 
 namespace
 {

@@ -8,6 +8,7 @@
 #include <limits>
 
 using namespace TessaronResources;
+using namespace testing_support;
 
 namespace
 {

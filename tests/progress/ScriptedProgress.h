@@ -9,6 +9,9 @@
 #include <utility>
 #include <vector>
 
+namespace testing_support
+{
+
 /// A progress record that a test plays the engine for.
 class ScriptedProgress : public exchange::ProgressData
 {
@@ -50,5 +53,7 @@ inline util::Parameterized stageSet(std::initializer_list<std::pair<const char*,
         stages.set(name, value);
     return stages;
 }
+
+} // namespace testing_support
 
 #endif

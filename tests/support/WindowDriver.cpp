@@ -7,13 +7,14 @@
 #include <wx/init.h>
 #include <wx/textentry.h>
 #include <wx/toplevel.h>
-#include <wx/uiaction.h>
 
 #include <gtest/gtest.h>
 
 #include <gtk/gtk.h>
 
+#include <cctype>
 #include <cstdlib>
+#include <map>
 
 namespace testing_support
 {
@@ -137,23 +138,38 @@ wxWindow* child(wxWindow* window, int id)
     return found;
 }
 
+Person& person()
+{
+    static Person one;
+    return one;
+}
+
 void click(wxWindow* window)
 {
     ASSERT_NE(window, nullptr);
-    wxUIActionSimulator user;
-    const wxSize size = window->GetSize();
-    user.MouseMove(window->ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
-    user.MouseClick();
+    person().click(Person::middleOf(window));
 }
 
 void type(const char* text)
 {
-    wxUIActionSimulator().Text(text);
+    person().text(text);
 }
 
 void pressKey(int key, int modifiers)
 {
-    wxUIActionSimulator().Char(key, modifiers);
+    static const std::map<int, const char*> names = {
+        {WXK_TAB, "Tab"},       {WXK_RETURN, "Return"},  {WXK_ESCAPE, "Escape"}, {WXK_SPACE, "space"},
+        {WXK_DELETE, "Delete"}, {WXK_BACK, "BackSpace"}, {WXK_UP, "Up"},         {WXK_DOWN, "Down"},
+        {WXK_LEFT, "Left"},     {WXK_RIGHT, "Right"},    {WXK_HOME, "Home"},     {WXK_END, "End"},
+        {WXK_PAGEUP, "Prior"},  {WXK_PAGEDOWN, "Next"},  {WXK_F2, "F2"},         {WXK_F3, "F3"},
+        {WXK_F4, "F4"},         {WXK_F6, "F6"},          {WXK_F10, "F10"},       {WXK_WINDOWS_MENU, "Menu"},
+    };
+    const auto named = names.find(key);
+    const std::string letter(1, static_cast<char>(std::tolower(key)));
+    const unsigned held = (modifiers & wxMOD_SHIFT ? Person::shift : 0u) |
+                          (modifiers & wxMOD_CONTROL ? Person::control : 0u) |
+                          (modifiers & wxMOD_ALT ? Person::alt : 0u);
+    person().key(named == names.end() ? letter.c_str() : named->second, held);
 }
 
 bool menuIsUp()
@@ -224,9 +240,7 @@ void chooseFont(wxWindow* fontDialog, const char* font)
     wxPoint middle;
     gtk_widget_translate_coordinates(accept, dialog, gtk_widget_get_allocated_width(accept) / 2,
                                      gtk_widget_get_allocated_height(accept) / 2, &middle.x, &middle.y);
-    wxUIActionSimulator user;
-    user.MouseMove(origin + middle);
-    user.MouseClick();
+    person().click(origin + middle);
 }
 
 void savePicture(wxWindow* window, const std::string& name)

@@ -1,6 +1,8 @@
 #ifndef TESTS_SUPPORT_WINDOWDRIVER_H
 #define TESTS_SUPPORT_WINDOWDRIVER_H
 
+#include "tests/support/Person.h"
+
 #include <wx/image.h>
 #include <wx/string.h>
 #include <wx/timer.h>
@@ -59,10 +61,13 @@ wxTopLevelWindow* windowTitled(const wxString& title);
 /// A control of a window by its id; fails the test when it is missing.
 wxWindow* child(wxWindow* window, int id);
 
+/// The person who uses the windows.
+Person& person();
 /// Clicks the middle of a window with the pointer.
 void click(wxWindow* window);
 /// Types on the keyboard, to the window that has the focus.
 void type(const char* text);
+/// Presses a key by the toolkit's code.
 void pressKey(int key, int modifiers = 0);
 
 /// Whether a popup menu is open, which takes the keys.

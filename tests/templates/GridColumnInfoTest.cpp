@@ -1,4 +1,5 @@
-#include "templates/columns/GridColumnInfo.h"
+#include "templates/columns/ColumnKinds.h"
+#include "templates/columns/RatingColumn.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -177,6 +178,90 @@ TEST(GridColumnInfo, SetsUpCellsAndHeadings)
     column.shown = listColumn.shown = false;
     info->setupCell(grid, 1, set, -1);
     list->setupCell(grid, 1, set, -1);
+}
+
+TEST(GridColumnInfo, ChoicesOfDirectionFollowTheKind)
+{
+    for (const int columnType : {type::integer, type::real, type::text, type::date, type::list, type::rating, 0})
+    {
+        const util::TemplateColumn column = definition(columnType, "%s");
+        const bool isNumber = columnType == type::integer || columnType == type::real;
+        EXPECT_THAT(makeGridColumn(column, true)->sortOrderTexts(),
+                    isNumber ? ElementsAre("Smallest to Largest", "Largest to Smallest")
+                             : ElementsAre("A to Z", "Z to A"))
+            << columnType;
+    }
+}
+
+/// Notes what is drawn into a cell: a text, or a letter for each mark.
+class NotedCell : public CellPainter
+{
+public:
+    explicit NotedCell(bool selected) : m_selected(selected) {}
+    const CellArea& area() const override { return m_area; }
+    bool isSelected() const override { return m_selected; }
+    void drawText(const std::string& text, double smallestScale) override
+    {
+        drawn += text + (smallestScale < 1.0 ? " fitted" : "");
+    }
+    void drawMark(const std::vector<CellPoint>& corners, bool filled) override
+    {
+        drawn += filled ? 'x' : 'o';
+        for (const CellPoint& corner : corners)
+            EXPECT_TRUE(corner.x >= m_area.left && corner.x <= m_area.left + m_area.width && corner.y >= m_area.top &&
+                        corner.y <= m_area.top + m_area.height);
+    }
+    std::string drawn;
+
+private:
+    CellArea m_area{100, 10, 96, 25};
+    bool m_selected;
+};
+
+TEST(GridColumnInfo, DrawsWhatTheKindShows)
+{
+    const struct
+    {
+        int type;
+        const char* text;
+        bool selected;
+        const char* drawn;
+    } cases[] = {{type::real, "2.5", false, "2.5"},   {type::date, "1972", false, "1972 fitted"},
+                 {type::text, "", true, ""},          {type::rating, "3.5", false, "xxxxo"},
+                 {type::rating, "0", false, "ooooo"}, {type::rating, "", false, ""},
+                 {type::rating, "", true, "ooooo"},   {type::rating, "7", true, "xxxxx"}};
+    for (const auto& c : cases)
+    {
+        const util::TemplateColumn column = definition(c.type, "%s");
+        NotedCell cell(c.selected);
+        makeGridColumn(column, true)->draw(cell, c.text);
+        EXPECT_EQ(cell.drawn, c.drawn) << c.type << " '" << c.text << "'";
+    }
+}
+
+TEST(RatingColumn, ClicksAndDigitsRate)
+{
+    const util::TemplateColumn column = definition(type::rating, "%g");
+    const GridColumnPtr rating = makeGridColumn(column, true);
+    const CellArea cell{100, 10, 96, 25};
+    const StarRow stars = starRow(cell);
+    EXPECT_EQ(stars.edge, 18);
+    const auto click = [&](int x, const char* text) {
+        return rating->textAfterClick(cell, {stars.left + x, 20}, text).value_or("-");
+    };
+    EXPECT_EQ(click(-1, ""), "-");
+    EXPECT_EQ(click(0, ""), "1");
+    EXPECT_EQ(click(0, "1"), "0") << "the only star is taken away";
+    EXPECT_EQ(click(17, "2"), "1");
+    EXPECT_EQ(click(18, "2"), "2");
+    EXPECT_EQ(click(5 * 18 - 1, ""), "5");
+    EXPECT_EQ(click(5 * 18, ""), "-");
+    EXPECT_FALSE(rating->textAfterClick({0, 0, 3, 3}, {1, 1}, "")) << "no room for stars";
+
+    EXPECT_EQ(rating->textAfterKey(U'0'), "0");
+    EXPECT_EQ(rating->textAfterKey(U'5'), "5");
+    EXPECT_FALSE(rating->textAfterKey(U'6'));
+    EXPECT_FALSE(rating->textAfterKey(U'x'));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "templates/columns/RatingStars.h"
+#include "templates/columns/RatingColumn.h"
 #include "tests/templates/ManagerRun.h"
 
 #include <wx/textctrl.h>
@@ -175,7 +175,7 @@ TEST_F(GridFlowTest, AClickOnAStarRates)
         []
         {
             const wxRect rect = grid()->CellToRect(2, 25);
-            const auto stars = TessaronResources::starRow(0, 0, rect.width, rect.height, 18);
+            const auto stars = TessaronResources::starRow({0, 0, rect.width, rect.height});
             clickCell(2, "Rating", (stars.left + 3.5 * stars.edge) / rect.width);
         });
     user.when(

@@ -1,6 +1,5 @@
 #include "templates/columns/PrintFormat.h"
 #include "templates/columns/LocalTime.h"
-#include "util/text/FoldCase.h"
 
 #include <gtest/gtest.h>
 
@@ -118,21 +117,6 @@ TEST(LocalTime, PrintsInTheZoneOfTheUser)
     EXPECT_EQ(printLocalTime(0, std::string(5000, 'x')), "");
     ::unsetenv("TZ");
     ::tzset();
-}
-
-TEST(FoldCase, MakesCapitalsSmallInEveryAlphabetItKnows)
-{
-    using TessaronResources::foldCase;
-    EXPECT_EQ(foldCase("Abc Z09_"), "abc z09_");
-    EXPECT_EQ(foldCase("\xC3\x84\xC3\x96\xC3\x9C \xC3\x97 \xC3\x9F"), "\xC3\xA4\xC3\xB6\xC3\xBC \xC3\x97 \xC3\x9F");
-    EXPECT_EQ(foldCase("\xC5\x81\xC3\x93\xC4\x84 \xC5\xBD"), "\xC5\x82\xC3\xB3\xC4\x85 \xC5\xBE");
-    EXPECT_EQ(foldCase("\xCE\x94 \xD0\x96 \xD0\x81"), "\xCE\xB4 \xD0\xB6 \xD1\x91");
-    const std::string broken = "\xC3";
-    EXPECT_EQ(foldCase(broken), broken);
-    EXPECT_EQ(foldCase("\xC3"
-                       "A\x80\xFF"),
-              "\xC3"
-              "a\x80\xFF");
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "templates/columns/RatingStars.h"
 #include "tests/templates/ManagerRun.h"
 
 #include <wx/filedlg.h>
@@ -7,8 +6,6 @@
 #include <fstream>
 
 using namespace testing_support;
-using TessaronResources::ratingAt;
-using TessaronResources::starRow;
 
 namespace
 {
@@ -151,20 +148,6 @@ TEST_F(SharingFlowTest, AQuitMessageEndsTheCallOverAFileDialog)
         EXPECT_EQ(fileDialog(), nullptr);
         EXPECT_TRUE(m_owner->IsEnabled());
     }
-}
-
-TEST(RatingStarsTest, AClickStandsForTheStarThatItHits)
-{
-    const auto stars = starRow(100, 10, 96, 25, 18);
-    EXPECT_EQ(stars.edge, 18);
-    EXPECT_EQ(ratingAt(stars, stars.left - 1, 0.0), -1);
-    EXPECT_EQ(ratingAt(stars, stars.left, 0.0), 1);
-    EXPECT_EQ(ratingAt(stars, stars.left, 1.0), 0);
-    EXPECT_EQ(ratingAt(stars, stars.left + 17, 2.0), 1);
-    EXPECT_EQ(ratingAt(stars, stars.left + 18, 2.0), 2);
-    EXPECT_EQ(ratingAt(stars, stars.left + 5 * 18 - 1, 0.0), 5);
-    EXPECT_EQ(ratingAt(stars, stars.left + 5 * 18, 0.0), -1);
-    EXPECT_EQ(ratingAt(starRow(0, 0, 3, 3, 18), 1, 0.0), -1);
 }
 
 } // namespace

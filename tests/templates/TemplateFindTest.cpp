@@ -1,5 +1,6 @@
 #include "templates/TemplateFind.h"
 
+#include "templates/columns/ColumnKinds.h"
 #include "util/text/FoldCase.h"
 
 #include <gtest/gtest.h>
@@ -157,8 +158,8 @@ TEST(FindCell, FindsExactlyTheCellsThatShowTheText)
         for (int row = 0; row < static_cast<int>(rows.size()); ++row)
             for (const GridColumnPtr& column : columns)
             {
-                const std::string shown = foldCase(column->format(rows.at(static_cast<std::size_t>(row))));
-                if (shown.find(foldCase(text)) == std::string::npos)
+                const std::string shown = util::foldCase(column->format(rows.at(static_cast<std::size_t>(row))));
+                if (shown.find(util::foldCase(text)) == std::string::npos)
                     continue;
                 hit = findCell(rows, columns, text, hit);
                 ASSERT_EQ(hit, (TemplateCell{column->index, row})) << "'" << text << "', shown: " << shown;

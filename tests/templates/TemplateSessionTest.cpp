@@ -1,6 +1,7 @@
 #include "templates/TemplateSession.h"
 
 #include "templates/TemplateMatch.h"
+#include "templates/columns/ColumnKinds.h"
 #include "tests/support/TemporaryFolder.h"
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
@@ -97,12 +98,18 @@ protected:
     {
         for (const GridColumnPtr& column : columns)
             if (column->definition().key == std::string(key))
-                session.rows().edit(row, *column, text);
+                session.editCell(row, *column, text);
     }
     std::vector<std::string> names()
     {
         session.fill();
         return session.existingNames();
+    }
+    std::vector<std::string> storedFolders() const
+    {
+        std::vector<std::string> folders;
+        EXPECT_EQ(util::loadTemplateFolders(home.path(), &folders), status::ok);
+        return folders;
     }
     /// Makes every write into the kind's folder fail: a file stands where the folder would.
     void blockFolder()
@@ -220,13 +227,13 @@ TEST_F(TemplateSessionTest, PreferencesAndFolderSurviveARestart)
     EXPECT_EQ(again.open(true), DefinitionsState::loaded);
     EXPECT_EQ(again.folder(), other);
     EXPECT_EQ(again.info().preferences, preferences);
-    EXPECT_THAT(again.knownFolders(), ElementsAre(other, home.path()));
+    EXPECT_THAT(storedFolders(), ElementsAre(other, home.path()));
     EXPECT_TRUE(again.acceptPreferences(preferences, "")) << "an empty folder is the host's";
     again.fill();
     ASSERT_EQ(again.rows().size(), 1U) << "of the current diameter";
     EXPECT_EQ(again.rows().at(0).stringOr(keys::templateName, ""), "b");
     EXPECT_THAT(again.existingNames(), ElementsAre("a", "b"));
-    EXPECT_THAT(again.knownFolders(), ElementsAre(home.path(), other));
+    EXPECT_THAT(storedFolders(), ElementsAre(home.path(), other));
 
     // A folder that is gone does not leave the user with nothing.
     session.acceptPreferences(preferences, other);
@@ -370,10 +377,54 @@ TEST_F(TemplateSessionTest, FailedStoreKeepsTheEdits)
     EXPECT_TRUE(session.rows().hasEdits());
     user.nextAnswer = false;
     EXPECT_TRUE(session.settleEdits()) << "given up";
-    session.rows().revert(0);
+    edit(0, keys::templateName, "a");
     user.take();
     EXPECT_TRUE(session.settleEdits());
     EXPECT_THAT(user.said, IsEmpty());
+}
+
+TEST_F(TemplateSessionTest, ObserversHearOfEveryChangeOfTheRows)
+{
+    class Noted : public TemplateSessionObserver
+    {
+    public:
+        explicit Noted(const TemplateSession& observed) : m_session(observed) {}
+        void rowsReplaced() override { note("replaced"); }
+        void rowsReordered(const std::vector<std::size_t>& order) override
+        {
+            note("reordered " + std::to_string(order.front()));
+        }
+        void rowsEdited() override { note("edited"); }
+        std::string take() { return std::exchange(m_heard, {}); }
+
+    private:
+        // With what the session tells at that time: changes are told when they are there.
+        void note(const std::string& what)
+        {
+            m_heard +=
+                what + " " + std::to_string(m_session.rows().size()) + (m_session.rows().hasEdits() ? "* " : " ");
+        }
+        const TemplateSession& m_session;
+        std::string m_heard;
+    } observer(session);
+    session.addObserver(observer);
+
+    store({"a", "b"});
+    EXPECT_EQ(observer.take(), "replaced 2 ");
+    session.sort({{keys::templateName, true}});
+    EXPECT_EQ(observer.take(), "reordered 1 2 ");
+    edit(0, keys::templateName, "b");
+    EXPECT_EQ(observer.take(), "") << "nothing has changed";
+    edit(0, keys::toolDiameter, "7");
+    EXPECT_EQ(observer.take(), "edited 2* ");
+    session.refresh();
+    EXPECT_EQ(observer.take(), "") << "edits are not dropped";
+    user.nextAnswer = true;
+    EXPECT_TRUE(session.settleEdits());
+    EXPECT_EQ(observer.take(), "edited 2 ");
+    session.deleteTemplates({0});
+    session.refresh();
+    EXPECT_EQ(observer.take(), "replaced 1 ");
 }
 
 TEST_F(TemplateSessionTest, AppliedTemplateLeavesTheToolAlone)

@@ -78,15 +78,6 @@ TEST_F(TemplateSortTest, LaterLevelsDecideWhereEarlierFindNoDifference)
     EXPECT_EQ(order({}), places({0, 1, 2, 3, 4}));
 }
 
-TEST_F(TemplateSortTest, ChoicesOfDirectionFollowTheColumnType)
-{
-    for (const int columnType : {type::integer, type::real})
-        EXPECT_EQ(sortOrderTexts(columnType),
-                  (std::array<std::string, 2>{"Smallest to Largest", "Largest to Smallest"}));
-    for (const int columnType : {type::text, type::date, type::list, type::rating, 0})
-        EXPECT_EQ(sortOrderTexts(columnType), (std::array<std::string, 2>{"A to Z", "Z to A"}));
-}
-
 TEST_F(TemplateSortTest, LevelsAreBuiltAndMoved)
 {
     TemplateSortLevels levels(columns, {{"Size", true}, {"gone", false}});

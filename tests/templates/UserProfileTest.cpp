@@ -13,29 +13,29 @@ using namespace TessaronResources;
 namespace
 {
 
-/// Another home for the profiles of this process, for a while.
-class ConfigHome
+/// Another value of an environment variable, for a while.
+class Environment
 {
 public:
-    explicit ConfigHome(const std::string& path)
+    Environment(const char* name, const std::string& value) : variable(name)
     {
         if (const char* const before = std::getenv(variable))
             m_before = before;
-        ::setenv(variable, path.c_str(), 1);
+        ::setenv(variable, value.c_str(), 1);
     }
-    ~ConfigHome() { m_before ? ::setenv(variable, m_before->c_str(), 1) : ::unsetenv(variable); }
-    ConfigHome(const ConfigHome&) = delete;
-    ConfigHome& operator=(const ConfigHome&) = delete;
+    ~Environment() { m_before ? ::setenv(variable, m_before->c_str(), 1) : ::unsetenv(variable); }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
 
 private:
-    static constexpr const char* variable = "XDG_CONFIG_HOME";
+    const char* variable;
     std::optional<std::string> m_before;
 };
 
 TEST(UserProfile, KeepsEveryPathAsItIs)
 {
     const TemporaryFolder home;
-    const ConfigHome config(home / "not/yet");
+    const Environment config("XDG_CONFIG_HOME", home / "not/yet");
     EXPECT_EQ(profileText(profileSection, lastFolderEntry), "");
     for (const char* const path :
          {"/parts", "/cost $HOME 50%", "/a\\b \"c\" =#;[d]", " blanks ", "/F\xC3\xA4 \xE6\xBC\xA2", "/"})
@@ -49,9 +49,21 @@ TEST(UserProfile, KeepsEveryPathAsItIs)
 
     // Where nothing can be kept, the user is not bothered with it.
     writeBytes(home / "file", "");
-    const ConfigHome refused(home / "file");
+    const Environment refused("XDG_CONFIG_HOME", home / "file");
     keepProfileText(profileSection, lastFolderEntry, "/parts");
     EXPECT_EQ(profileText(profileSection, lastFolderEntry), "");
+}
+
+TEST(UserProfile, StandsWithTheConfigurationFilesOfTheUser)
+{
+    // Only an absolute path names a folder for configuration files.
+    const TemporaryFolder home;
+    const Environment user("HOME", home.path());
+    const Environment config("XDG_CONFIG_HOME", "relative");
+    keepProfileText(profileSection, lastFolderEntry, "/parts");
+    EXPECT_EQ(profileText(profileSection, lastFolderEntry), "/parts");
+    EXPECT_TRUE(std::filesystem::exists(home / ".config/Halvorsund Technologies/TessaronResources.ini"));
+    EXPECT_FALSE(std::filesystem::exists("relative"));
 }
 
 } // namespace

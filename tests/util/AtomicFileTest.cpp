@@ -13,7 +13,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -164,4 +164,4 @@ TEST_F(AtomicFile, FullDiskLeavesTheOldFile)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support

@@ -1,8 +1,6 @@
 #ifndef UTIL_PLATFORM_ATOMICFILE_H
 #define UTIL_PLATFORM_ATOMICFILE_H
 
-#include <tessaron/util/Export.h>
-
 #include <iosfwd>
 #include <memory>
 #include <stdexcept>
@@ -12,7 +10,7 @@ namespace util
 {
 
 /// Thrown when a file cannot be written. The text names the file, the step that failed and the system's reason.
-class TESSARON_EXCHANGE_API AtomicFileError : public std::runtime_error
+class AtomicFileError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
@@ -21,14 +19,15 @@ public:
 
 /// Writes a file so that it is there whole or not at all.
 ///
-/// The bytes go to a temporary file in the target's folder (its name starts with a dot and ends in ".tmp"). commit()
+/// The bytes go to a temporary file in the target's folder (see TemporaryFile.h for its name). commit()
 /// brings them to the disk, renames the file over the target and brings the folder's entry to the disk. At every
 /// moment, power failures included, the target is either the old file or the complete new one. Without a commit(), or
-/// when it fails, the target stays as it was and the temporary file is removed.
+/// when it fails, the target stays as it was and the temporary file is removed; only when the very last step fails, the
+/// new file is in place and may still be lost in a power failure.
 ///
 /// A target that exists keeps its access rights; a target that is a symbolic link stays one, and what it leads to is
 /// replaced. Two writers of one target do not disturb each other: the last to commit wins.
-class TESSARON_EXCHANGE_API AtomicFile
+class AtomicFile
 {
 public:
     /// Creates the temporary file.

@@ -1,9 +1,9 @@
 #include "util/platform/AtomicFile.h"
 
-#include "util/platform/Descriptor_posix.h"
+#include "util/platform/TemporaryFile.h"
+#include "util/platform/UniqueFd_posix.h"
 
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <filesystem>
 #include <ostream>
@@ -12,7 +12,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace util
 {
@@ -21,10 +20,10 @@ namespace
 {
 
 /// A buffered output to a file descriptor that remembers the first error.
-class DescriptorBuffer : public std::streambuf
+class FdBuffer : public std::streambuf
 {
 public:
-    explicit DescriptorBuffer(int descriptor) : m_descriptor(descriptor) { empty(); }
+    explicit FdBuffer(int fd) : m_fd(fd) { empty(); }
 
     int error() const { return m_error; }
 
@@ -64,7 +63,7 @@ private:
     {
         while (size != 0 && m_error == 0)
         {
-            const ssize_t written = uninterrupted([&] { return ::write(m_descriptor, bytes, size); });
+            const ssize_t written = system::write(m_fd, bytes, size);
             if (written < 0)
                 m_error = errno;
             else
@@ -76,7 +75,7 @@ private:
         return m_error == 0;
     }
 
-    int m_descriptor;
+    int m_fd;
     int m_error = 0;
     std::array<char, std::size_t{64} * 1024> m_buffer;
 };
@@ -98,19 +97,8 @@ std::string resolved(const std::string& path)
 
 std::string folderOf(const std::string& path)
 {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
-}
-
-std::string temporaryName(const std::string& path)
-{
-    static std::atomic<unsigned> counter{0};
-    const std::size_t slash = path.rfind('/');
-    const std::size_t name = slash == std::string::npos ? 0 : slash + 1;
-    // A name of the full length that the system takes has no room for more.
-    constexpr std::size_t longestPart = 200;
-    return path.substr(0, name) + '.' + path.substr(name, longestPart) + '.' + std::to_string(::getpid()) + '-' +
-           std::to_string(++counter) + ".tmp";
+    const std::string folder = std::filesystem::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
 }
 
 } // namespace
@@ -121,14 +109,14 @@ class AtomicFile::Impl
 {
 public:
     explicit Impl(const std::string& path)
-        : m_path(path), m_target(resolved(path)), m_file(create()), m_buffer(m_file.number()), m_stream(&m_buffer)
+        : m_path(path), m_target(resolved(path)), m_file(create()), m_buffer(m_file.get()), m_stream(&m_buffer)
     {
         keepRights();
     }
     ~Impl()
     {
         if (!m_committed)
-            ::unlink(m_temporary.c_str());
+            system::unlinkat(AT_FDCWD, m_temporary.c_str(), 0);
     }
     Impl(const Impl&) = delete;
     Impl& operator=(const Impl&) = delete;
@@ -141,16 +129,14 @@ public:
         m_stream.flush();
         if (m_buffer.error() != 0)
             failStep(m_path, "writing the temporary file", m_buffer.error());
-        check(uninterrupted([&] { return ::fsync(m_file.number()); }) == 0, "bringing it to the disk");
+        check(system::fsync(m_file.get()) == 0, "bringing it to the disk");
         check(m_file.close(), "closing the temporary file");
-        check(::rename(m_temporary.c_str(), m_target.c_str()) == 0, "renaming the temporary file");
+        const UniqueFd folder(system::open(folderOf(m_target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        check(folder.isOpen(), "opening the folder");
+        check(system::rename(m_temporary.c_str(), m_target.c_str()) == 0, "renaming the temporary file");
         m_committed = true;
-        const std::string folder = folderOf(m_target);
-        const Descriptor entry(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        check(entry.number() >= 0, "opening the folder");
         // Some file systems cannot do this for folders and say so; the rename is all they offer.
-        check(uninterrupted([&] { return ::fsync(entry.number()); }) == 0 || errno == EINVAL,
-              "bringing the folder to the disk");
+        check(system::fsync(folder.get()) == 0 || errno == EINVAL, "bringing the folder to the disk");
     }
 
 private:
@@ -164,27 +150,26 @@ private:
     {
         for (;;)
         {
-            m_temporary = temporaryName(m_target);
-            const int descriptor = uninterrupted(
-                [&] { return ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); });
-            if (descriptor >= 0)
-                return descriptor;
+            m_temporary = temporaryPath(m_target);
+            const int fd = system::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            if (fd >= 0)
+                return fd;
             check(errno == EEXIST, "creating a temporary file beside it");
         }
     }
     void keepRights()
     {
         struct stat old = {};
-        if (::stat(m_target.c_str(), &old) == 0)
+        if (system::fstatat(AT_FDCWD, m_target.c_str(), &old, 0) == 0)
             // The new file is ours in any case; where the rights cannot be copied, it has the usual ones.
-            static_cast<void>(::fchmod(m_file.number(), old.st_mode & 07777));
+            static_cast<void>(system::fchmod(m_file.get(), old.st_mode & 07777));
     }
 
     std::string m_path;
     std::string m_target;
     std::string m_temporary;
-    Descriptor m_file;
-    DescriptorBuffer m_buffer;
+    UniqueFd m_file;
+    FdBuffer m_buffer;
     std::ostream m_stream;
     bool m_committed = false;
 };

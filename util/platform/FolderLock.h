@@ -1,41 +1,39 @@
 #ifndef UTIL_PLATFORM_FOLDERLOCK_H
 #define UTIL_PLATFORM_FOLDERLOCK_H
 
-#include <tessaron/util/Export.h>
-
 #include <memory>
 #include <string>
 
 namespace util
 {
 
-class Descriptor;
+class UniqueFd;
 
-/// A claim on a folder that holds between processes as well as between threads, for the lifetime of the object. It
+/// An advisory lock on a folder that holds between processes as well as between threads, for the lifetime of the object. It
 /// leaves nothing in the folder, needs no right to write there, and ends with the process however that ends.
-class TESSARON_EXCHANGE_API FolderLock
+class FolderLock
 {
 public:
     enum class Kind
     {
-        shared,   ///< excludes exclusive claims
-        exclusive ///< excludes all other claims
+        shared,   ///< excludes exclusive locks
+        exclusive ///< excludes all other locks
     };
 
-    /// Waits for the claim for `patience` milliseconds at most.
+    /// Waits for the lock for `patience` milliseconds at most.
     FolderLock(const std::string& folder, Kind kind, int patience = 10000);
     ~FolderLock();
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;
 
-    /// The claim holds.
+    /// The lock holds.
     bool isHeld() const { return m_held; }
-    /// Somebody else holds on to the folder. Neither held nor busy: there is no such folder, or its file system has no
-    /// such claims.
+    /// Somebody else holds the folder. Neither held nor busy: there is no such folder, or its file system has no
+    /// such locks.
     bool isBusy() const { return m_busy; }
 
 private:
-    std::unique_ptr<Descriptor> m_folder;
+    std::unique_ptr<UniqueFd> m_folder;
     bool m_held = false;
     bool m_busy = false;
 };

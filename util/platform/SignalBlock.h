@@ -3,7 +3,7 @@
 
 #include <memory>
 
-namespace exchange::jobs
+namespace util
 {
 
 /// While it lives, the calling thread takes no signals from outside; a thread started meanwhile never does. A host's
@@ -21,6 +21,6 @@ private:
     std::unique_ptr<Saved> m_saved;
 };
 
-} // namespace exchange::jobs
+} // namespace util
 
 #endif

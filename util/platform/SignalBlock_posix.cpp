@@ -2,7 +2,7 @@
 
 #include <signal.h>
 
-namespace exchange::jobs
+namespace util
 {
 
 struct SignalBlock::Saved
@@ -25,4 +25,4 @@ SignalBlock::~SignalBlock()
     pthread_sigmask(SIG_SETMASK, &m_saved->mask, nullptr);
 }
 
-} // namespace exchange::jobs
+} // namespace util

@@ -4,13 +4,14 @@
 #include <string>
 #include <string_view>
 
-namespace TessaronResources
+namespace util
 {
 
-/// A text with its capital letters made small, in the Latin, Greek and Cyrillic alphabets, whatever the process's
-/// locale. Bytes that are no UTF-8 stay as they are.
+/// A UTF-8 text with the differences between capital and small letters taken out, in every alphabet that Unicode knows
+/// and whatever the process's locale: two texts are equal but for case exactly when their folded forms are equal. "ß"
+/// becomes "ss". Bytes that are no UTF-8 stay as they are.
 std::string foldCase(std::string_view text);
 
-} // namespace TessaronResources
+} // namespace util
 
 #endif

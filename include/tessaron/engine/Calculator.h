@@ -1,6 +1,8 @@
 #ifndef TESSARON_ENGINE_CALCULATOR_H
 #define TESSARON_ENGINE_CALCULATOR_H
 
+// Stability: stable.
+
 #include <tessaron/util/Export.h>
 
 namespace exchange

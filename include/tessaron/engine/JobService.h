@@ -1,6 +1,8 @@
 #ifndef TESSARON_ENGINE_JOBSERVICE_H
 #define TESSARON_ENGINE_JOBSERVICE_H
 
+// Stability: experimental.
+
 #include <tessaron/util/Export.h>
 #include <tessaron/util/Parameterized.h>
 

@@ -1,6 +1,8 @@
 #ifndef TESSARON_ENGINE_JOBSERVICEC_H
 #define TESSARON_ENGINE_JOBSERVICEC_H
 
+// Stability: experimental.
+
 /* The job service of <tessaron/engine/JobService.h> for hosts written in C. The same rules hold for ids, threads and
  * lifetime.
  *

@@ -1,6 +1,8 @@
 #ifndef TESSARON_ENGINE_PROGRESSDATA_H
 #define TESSARON_ENGINE_PROGRESSDATA_H
 
+// Stability: stable.
+
 #include <tessaron/util/Export.h>
 #include <tessaron/util/Parameterized.h>
 

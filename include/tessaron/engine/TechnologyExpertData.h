@@ -1,6 +1,8 @@
 #ifndef TESSARON_ENGINE_TECHNOLOGYEXPERTDATA_H
 #define TESSARON_ENGINE_TECHNOLOGYEXPERTDATA_H
 
+// Stability: stable.
+
 #include <tessaron/engine/TemplateInfo.h>
 
 #include <string>

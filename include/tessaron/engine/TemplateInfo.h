@@ -1,6 +1,8 @@
 #ifndef TESSARON_ENGINE_TEMPLATEINFO_H
 #define TESSARON_ENGINE_TEMPLATEINFO_H
 
+// Stability: stable.
+
 #include <cstdint>
 #include <string>
 #include <utility>

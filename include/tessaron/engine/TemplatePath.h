@@ -1,6 +1,8 @@
 #ifndef TESSARON_ENGINE_TEMPLATEPATH_H
 #define TESSARON_ENGINE_TEMPLATEPATH_H
 
+// Stability: experimental.
+
 #include <cstddef>
 #include <filesystem>
 #include <string>

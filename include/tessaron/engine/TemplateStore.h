@@ -1,6 +1,8 @@
 #ifndef TESSARON_ENGINE_TEMPLATESTORE_H
 #define TESSARON_ENGINE_TEMPLATESTORE_H
 
+// Stability: stable.
+
 #include <tessaron/engine/TechnologyExpertData.h>
 #include <tessaron/engine/TemplateInfo.h>
 #include <tessaron/engine/TemplatePath.h>
@@ -77,8 +79,13 @@ struct FaultyTemplateFile
     int code = 0; ///< templateReadError, templateFormatError or templateWithoutGuid
 };
 
-/// Names the files that loadTemplateFiles() passes over for a fault, in name order: none when its result is 0, and none
-/// when the folder itself cannot be read. Costs little after loadTemplateFiles(), which remembers them.
+/// As above, and names the files that it passes over for a fault, in name order: none when the result is 0, and none when
+/// the folder itself cannot be read.
+TESSARON_ENGINES_API int loadTemplateFiles(const std::string& folder, int selector,
+                                           std::vector<Parameterized>* templates,
+                                           std::vector<FaultyTemplateFile>* faulty);
+
+/// Names the files that loadTemplateFiles() passes over, without the templates.
 /// \returns as loadTemplateFiles().
 TESSARON_ENGINES_API int findFaultyTemplateFiles(const std::string& folder, std::vector<FaultyTemplateFile>* faulty);
 

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_ARCHIVES_H
 #define TESSARON_EXCHANGE_ARCHIVES_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/archive/Records.h>
 #include <tessaron/util/Export.h>
 
@@ -8,6 +10,7 @@
 
 #include <iosfwd>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 /// Writing and reading exchange records as archives: one call for one record.
@@ -55,14 +58,11 @@ TESSARON_EXCHANGE_API void write(std::ostream& stream, RecordKind kind, const vo
 TESSARON_EXCHANGE_API void writeFile(const std::string& path, RecordKind kind, const void* record,
                                      ArchiveFormat format);
 TESSARON_EXCHANGE_API void read(std::istream& stream, RecordKind kind, void* record);
+TESSARON_EXCHANGE_API void read(std::string_view bytes, RecordKind kind, void* record);
 TESSARON_EXCHANGE_API void readFile(const std::string& path, RecordKind kind, void* record);
 
-/// The format of the archive that a stream holds, by its first byte: archives of text start with "<", or with blanks or
-/// a byte order mark before it; binary ones with the low byte of a length.
-ArchiveFormat detectFormat(std::istream& stream);
-
 template <class Record>
-using IfBinary = std::enable_if_t<!isXmlOnly(RecordKindOf<Record>::value)>;
+using IfBinary = std::enable_if_t<isRecordIn(inBinary, RecordKindOf<Record>::value)>;
 
 } // namespace archive
 
@@ -105,6 +105,14 @@ template <class Record, archive::RecordKind kind = archive::RecordKindOf<Record>
 void readArchive(std::istream& stream, Record& record)
 {
     archive::read(stream, kind, &record);
+}
+
+/// Reads one record from an archive in memory, which is not copied. When the read fails, the record is as it was.
+/// \throws boost::archive::archive_exception for everything that does not start with an archive of such a record.
+template <class Record, archive::RecordKind kind = archive::RecordKindOf<Record>::value>
+void readArchive(std::string_view bytes, Record& record)
+{
+    archive::read(bytes, kind, &record);
 }
 
 /// Reads one record from an archive file, as readArchive() does.

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_ORRIMANTINPUT_H
 #define TESSARON_EXCHANGE_ORRIMANTINPUT_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/Tessaron2dInput.h>
 
 namespace exchange

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_POLYMORPHICARCHIVES_H
 #define TESSARON_EXCHANGE_POLYMORPHICARCHIVES_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/Archives.h>
 #include <tessaron/exchange/archive/PolymorphicPointer.h>
 #include <tessaron/exchange/archive/PolymorphicVector.h>
@@ -72,13 +74,8 @@ TESSARON_EXCHANGE_API void writePolymorphic(std::ostream& stream, RecordKind kin
                                             ArchiveFormat format);
 TESSARON_EXCHANGE_API void readPolymorphic(std::istream& stream, RecordKind kind, void* record);
 
-constexpr bool isPolymorphic(RecordKind kind)
-{
-    return kind == RecordKind::pointNd2 || kind == RecordKind::pointNd3 || kind == RecordKind::transform ||
-           kind == RecordKind::parameterized || kind == RecordKind::planeCurve || kind == RecordKind::spaceCurve;
-}
 template <class Record>
-using IfPolymorphic = std::enable_if_t<isPolymorphic(RecordKindOf<Record>::value)>;
+using IfPolymorphic = std::enable_if_t<isRecordIn(inPolymorphic, RecordKindOf<Record>::value)>;
 
 } // namespace archive
 

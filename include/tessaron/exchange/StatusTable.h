@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_STATUSTABLE_H
 #define TESSARON_EXCHANGE_STATUSTABLE_H
 
+// Stability: stable.
+
 #include <tessaron/util/Export.h>
 
 #include <string>

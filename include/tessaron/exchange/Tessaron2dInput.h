@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_TESSARON2DINPUT_H
 #define TESSARON_EXCHANGE_TESSARON2DINPUT_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/TessaronDrillHoles.h>
 #include <tessaron/exchange/geom/ParametricCurve.h>
 #include <tessaron/util/Parameterized.h>
@@ -13,7 +15,7 @@ namespace exchange
 {
 
 // Lengths are in the host's unit, which is passed on unchanged. The serialize functions of this header's records are
-// defined in exchange/Tessaron2dInputSerialization.h.
+// the library's own; hosts use <tessaron/exchange/Archives.h>.
 
 /// Curves of the plane. A pointer may be empty, and one curve may occur several times: archives keep it shared.
 typedef std::vector<boost::shared_ptr<geom::ParametricCurve<2>>> CurveList;

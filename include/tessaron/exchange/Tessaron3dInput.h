@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_TESSARON3DINPUT_H
 #define TESSARON_EXCHANGE_TESSARON3DINPUT_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/Tessaron2dInput.h>
 #include <tessaron/exchange/mesh/TriMeshFacets.h>
 

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_TESSARON5XINPUT_H
 #define TESSARON_EXCHANGE_TESSARON5XINPUT_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/Tessaron2dInput.h>
 #include <tessaron/exchange/geom/VecNd.h>
 #include <tessaron/exchange/mesh/TriMeshFacets.h>
@@ -11,7 +13,7 @@ namespace exchange
 {
 
 // Lengths are in the host's unit, which is passed on unchanged. All records here have class version 0. The serialize
-// functions are defined in exchange/Tessaron5xInputSerialization.h.
+// functions are the library's own; hosts use <tessaron/exchange/Archives.h>.
 
 /// A segment along which the flank of the tool touches the part.
 struct Tessaron5xFlankConstraint

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_TESSARONDRILLHOLES_H
 #define TESSARON_EXCHANGE_TESSARONDRILLHOLES_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/PointNd.h>
 
 #include <deque>
@@ -8,7 +10,7 @@
 namespace exchange
 {
 
-// The serialize functions are defined in exchange/TessaronDrillHolesSerialization.h.
+// The serialize functions are the library's own; hosts use <tessaron/exchange/Archives.h>.
 
 /// A hole that the tool may enter by. Class version 1.
 struct TessaronDrillHole

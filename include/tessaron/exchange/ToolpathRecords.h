@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_TOOLPATHRECORDS_H
 #define TESSARON_EXCHANGE_TOOLPATHRECORDS_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/PointNd.h>
 #include <tessaron/exchange/geom/VecNd.h>
 
@@ -16,7 +18,7 @@ namespace exchange
 // move carries its end point only: it starts where the move before it ended, and the first one wherever the host's tool
 // stands. Feed rate, spindle speed and tool axis are modal: they hold until the next record of their kind.
 //
-// The serialize functions are defined in exchange/ToolpathRecordsSerialization.h.
+// The serialize functions are the library's own; hosts use <tessaron/exchange/Archives.h>.
 
 /// A move at rapid traverse.
 struct RapidMove

@@ -1,6 +1,10 @@
 #ifndef TESSARON_FRAME_DATAEXCHANGE_H
 #define TESSARON_FRAME_DATAEXCHANGE_H
 
+// Stability: experimental.
+
+#include <tessaron/util/Export.h>
+
 #include <wx/string.h>
 
 #include <optional>
@@ -26,7 +30,7 @@ struct ReadFailure
 /// Reading stops at the first field whose text is no number: the dialog tells the user which one and puts the focus
 /// there (see DialogBase::report), and the fields after it keep their values. A control that the template lacks is
 /// passed over.
-class CDataExchange
+class TESSARON_RESOURCES_API CDataExchange
 {
 public:
     CDataExchange(DialogBase& dialog, bool saveAndValidate);

@@ -1,6 +1,10 @@
 #ifndef TESSARON_FRAME_DIALOGBASE_H
 #define TESSARON_FRAME_DIALOGBASE_H
 
+// Stability: experimental.
+
+#include <tessaron/util/Export.h>
+
 #include <wx/dialog.h>
 
 namespace TessaronResources
@@ -13,7 +17,7 @@ struct ReadFailure;
 /// filled and read by data exchange, run modally on a loop that works in any host.
 ///
 /// OK is control 1 and Cancel control 2; Escape and the close box cancel whether or not there is a button for it.
-class DialogBase : public wxDialog
+class TESSARON_RESOURCES_API DialogBase : public wxDialog
 {
 public:
     ~DialogBase() override;

@@ -1,6 +1,8 @@
 #ifndef TESSARON_FRAME_ENTRYPOINTS_H
 #define TESSARON_FRAME_ENTRYPOINTS_H
 
+// Stability: stable.
+
 #include <tessaron/frame/ModuleState.h>
 #include <tessaron/frame/PlainEntryPoints.h>
 #include <tessaron/frame/Platform.h>

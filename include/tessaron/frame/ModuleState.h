@@ -1,6 +1,8 @@
 #ifndef TESSARON_FRAME_MODULESTATE_H
 #define TESSARON_FRAME_MODULESTATE_H
 
+// Stability: stable.
+
 #include <tessaron/frame/Platform.h>
 #include <tessaron/util/Export.h>
 
@@ -37,19 +39,6 @@ public:
 private:
     AFX_MODULE_STATE* m_previous;
 };
-
-/// What the module state slot holds: the module's own state from the load of the library on, or what setModuleState
-/// stored there. In force in ProgressDialog and its entry points.
-AFX_MODULE_STATE* storedModuleState();
-
-/// The module's own state, whatever the slot holds. In force in every other entry point.
-AFX_MODULE_STATE* staticModuleState();
-
-/// The resources of the current module state.
-const ResourceSet& currentResources();
-
-/// The application object of the current module state.
-CWinApp& currentApp();
 
 } // namespace TessaronResources
 

@@ -1,6 +1,8 @@
 #ifndef TESSARON_FRAME_PLAINENTRYPOINTS_H
 #define TESSARON_FRAME_PLAINENTRYPOINTS_H
 
+// Stability: stable.
+
 /*
  * The entry points of the module that are exported under their bare names, for callers that cannot use the namespaced
  * ones: C, and everything that calls C. Call them from the user-interface thread.

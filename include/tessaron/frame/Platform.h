@@ -1,6 +1,8 @@
 #ifndef TESSARON_FRAME_PLATFORM_H
 #define TESSARON_FRAME_PLATFORM_H
 
+// Stability: stable.
+
 class wxWindow;
 
 /// The user-interface module: its entry points, its exported windows and what a host needs to drive them.

@@ -1,6 +1,8 @@
 #ifndef TESSARON_FRAME_RESOURCESET_H
 #define TESSARON_FRAME_RESOURCESET_H
 
+// Stability: stable.
+
 #include <wx/bmpbndl.h>
 #include <wx/iconbndl.h>
 #include <wx/string.h>

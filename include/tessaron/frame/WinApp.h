@@ -1,6 +1,8 @@
 #ifndef TESSARON_FRAME_WINAPP_H
 #define TESSARON_FRAME_WINAPP_H
 
+// Stability: stable.
+
 #include <tessaron/frame/Platform.h>
 
 namespace TessaronResources

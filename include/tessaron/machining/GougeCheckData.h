@@ -1,6 +1,8 @@
 #ifndef TESSARON_MACHINING_GOUGECHECKDATA_H
 #define TESSARON_MACHINING_GOUGECHECKDATA_H
 
+// Stability: stable.
+
 #include <cstddef>
 
 namespace TessaronResources

@@ -1,6 +1,8 @@
 #ifndef TESSARON_MACHINING_SMARTLINKDATA_H
 #define TESSARON_MACHINING_SMARTLINKDATA_H
 
+// Stability: stable.
+
 #include <cstddef>
 
 namespace TessaronResources

@@ -1,6 +1,8 @@
 #ifndef TESSARON_PROGRESS_MULTIPROGRESSDIALOG_H
 #define TESSARON_PROGRESS_MULTIPROGRESSDIALOG_H
 
+// Stability: stable.
+
 #include <tessaron/frame/DialogBase.h>
 #include <tessaron/frame/Platform.h>
 #include <tessaron/util/Export.h>
@@ -33,7 +35,7 @@ public:
     /// \param templateId 1029 for the milling look, 1040 for the turning look
     /// \param progress   the whole job's record; kept for the life of the dialog
     /// \param cancelled  ends the loop when the host sets it to true; the dialog itself never does
-    /// \param parent     kept for the platform's sake; the window is made without a parent
+    /// \param parent     not used: the window is made without a parent
     MultiProgressDialog(int templateId, const boost::shared_ptr<exchange::ProgressData>& progress,
                         const boost::shared_ptr<bool>& cancelled, CWnd* parent);
     ~MultiProgressDialog() override;
@@ -67,7 +69,6 @@ private:
     bool m_detailsShown = false;
     mfcutil::CTransparentImage* m_picture = nullptr;
     int m_templateId;
-    CWnd* m_parent;
 
     wxDECLARE_ABSTRACT_CLASS(MultiProgressDialog);
     wxDECLARE_EVENT_TABLE();

@@ -1,6 +1,8 @@
 #ifndef TESSARON_PROGRESS_PROGRESSDIALOG_H
 #define TESSARON_PROGRESS_PROGRESSDIALOG_H
 
+// Stability: stable.
+
 #include <tessaron/frame/DialogBase.h>
 #include <tessaron/frame/Platform.h>
 #include <tessaron/util/Export.h>
@@ -39,7 +41,7 @@ public:
     /// \param caption    the window title, UTF-8; null for none
     /// \param progress   the job's record; kept for the life of the dialog
     /// \param cancelled  set to true when the user cancels; shared with the caller
-    /// \param parent     kept for the platform's sake; the window is made without a parent
+    /// \param parent     not used: the window is made without a parent
     ProgressDialog(int templateId, const char* caption, const boost::shared_ptr<exchange::ProgressData>& progress,
                    const boost::shared_ptr<bool>& cancelled, CWnd* parent);
     ~ProgressDialog() override;
@@ -62,7 +64,6 @@ private:
     std::string m_caption;
     boost::shared_ptr<exchange::ProgressData> m_progress;
     boost::shared_ptr<bool> m_cancelled;
-    CWnd* m_parent;
     mfcutil::CTransparentImage* m_picture = nullptr;
 
     wxDECLARE_ABSTRACT_CLASS(ProgressDialog);

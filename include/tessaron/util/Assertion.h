@@ -1,6 +1,8 @@
 #ifndef TESSARON_UTIL_ASSERTION_H
 #define TESSARON_UTIL_ASSERTION_H
 
+// Stability: stable.
+
 #include <tessaron/util/Export.h>
 
 #include <stdexcept>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_UTIL_CLASSVERSION_H
 #define TESSARON_UTIL_CLASSVERSION_H
 
+// Stability: internal.
+
 #include <boost/archive/archive_exception.hpp>
 #include <boost/serialization/throw_exception.hpp>
 #include <boost/serialization/version.hpp>

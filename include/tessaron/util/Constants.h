@@ -1,6 +1,8 @@
 #ifndef TESSARON_UTIL_CONSTANTS_H
 #define TESSARON_UTIL_CONSTANTS_H
 
+// Stability: stable.
+
 namespace util
 {
 

@@ -1,6 +1,8 @@
 #ifndef TESSARON_UTIL_EXPORT_H
 #define TESSARON_UTIL_EXPORT_H
 
+// Stability: stable.
+
 // Marks what each shared library offers to others. Everything else stays hidden inside its library.
 #if defined(_WIN32)
 #define TESSARON_EXPORT __declspec(dllexport)

@@ -1,6 +1,8 @@
 #ifndef TESSARON_UTIL_KEYS_H
 #define TESSARON_UTIL_KEYS_H
 
+// Stability: stable.
+
 #include <string>
 #include <string_view>
 

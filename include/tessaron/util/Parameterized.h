@@ -1,6 +1,8 @@
 #ifndef TESSARON_UTIL_PARAMETERIZED_H
 #define TESSARON_UTIL_PARAMETERIZED_H
 
+// Stability: stable.
+
 #include <tessaron/util/Export.h>
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>

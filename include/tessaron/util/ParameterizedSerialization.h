@@ -1,6 +1,8 @@
 #ifndef TESSARON_UTIL_PARAMETERIZEDSERIALIZATION_H
 #define TESSARON_UTIL_PARAMETERIZEDSERIALIZATION_H
 
+// Stability: stable.
+
 #include <tessaron/util/ClassVersion.h>
 #include <tessaron/util/Parameterized.h>
 #include <tessaron/util/VariantSerialization.h>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_UTIL_VARIANTSERIALIZATION_H
 #define TESSARON_UTIL_VARIANTSERIALIZATION_H
 
+// Stability: internal.
+
 #include <tessaron/util/ClassVersion.h>
 
 #include <boost/archive/archive_exception.hpp>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_UTIL_VISUALTHEME_H
 #define TESSARON_UTIL_VISUALTHEME_H
 
+// Stability: stable.
+
 namespace util
 {
 

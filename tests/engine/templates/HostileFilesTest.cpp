@@ -141,9 +141,9 @@ TEST_F(HostileFiles, FirstBadFileInNameOrderGivesTheCodeAndAllAreNamed)
     withoutGuid.erase(withoutGuid.find(guid), guid.size());
     writeBytes(folder / "b.vtmpl", withoutGuid);
     std::vector<Parameterized> listed;
-    EXPECT_EQ(util::loadTemplateFiles(folder.path(), 0, &listed), status::templateFormatError);
     std::vector<util::FaultyTemplateFile> faulty;
-    EXPECT_EQ(util::findFaultyTemplateFiles(folder.path(), &faulty), status::templateFormatError);
+    EXPECT_EQ(util::loadTemplateFiles(folder.path(), 0, &listed, &faulty), status::templateFormatError);
+    EXPECT_EQ(listed.size(), 1U);
     ASSERT_EQ(faulty.size(), 2U);
     EXPECT_EQ(faulty[0].path, folder / "a.vtmpl");
     EXPECT_EQ(faulty[0].code, status::templateFormatError);
@@ -153,7 +153,9 @@ TEST_F(HostileFiles, FirstBadFileInNameOrderGivesTheCodeAndAllAreNamed)
     std::filesystem::remove(folder / "a.vtmpl");
     EXPECT_EQ(util::loadTemplateFiles(folder.path(), 0, &listed), status::templateWithoutGuid);
     EXPECT_EQ(listed.size(), 1U);
-    EXPECT_EQ(util::findFaultyTemplateFiles(folder.path() + "/missing", &faulty), status::ok);
+    EXPECT_EQ(util::findFaultyTemplateFiles(folder.path(), &faulty), status::templateWithoutGuid);
+    EXPECT_EQ(faulty.size(), 1U);
+    EXPECT_EQ(util::loadTemplateFiles(folder.path() + "/missing", 0, &listed, &faulty), status::ok);
     EXPECT_TRUE(faulty.empty());
 }
 

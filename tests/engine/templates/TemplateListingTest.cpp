@@ -1,7 +1,7 @@
 #include "engine/templates/TemplateListing.h"
-#include "engine/templates/Folder.h"
-#include "engine/templates/Parallel.h"
+#include "engine/templates/ParallelFor.h"
 #include "tests/support/TemporaryFolder.h"
+#include "util/platform/Folder.h"
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
@@ -24,8 +24,6 @@ namespace
 class TemplateListing : public testing::Test
 {
 protected:
-    void SetUp() override { store::forgetListings(); }
-
     void save(const std::string& name, double diameter)
     {
         Parameterized set;
@@ -36,9 +34,10 @@ protected:
     /// Lists the folder; the result is how many files were read for it.
     std::size_t list()
     {
-        std::size_t reads = 0;
-        code = store::listTemplates(store::Folder(folder.path()), templates, &reads);
-        return reads;
+        store::TemplateListing listing = store::listTemplates(util::Folder(folder.path()));
+        code = listing.code;
+        templates = std::move(listing.templates);
+        return listing.filesRead;
     }
     double diameter(std::size_t i) const { return templates[i].numberOr(keys::toolDiameter, -1); }
     /// Lists until all files have been the same for so long that the listing trusts their time stamps.
@@ -73,8 +72,6 @@ TEST_F(TemplateListing, ReadsAFileAgainOnlyWhenItHasChanged)
     std::filesystem::remove(folder / "t1000.vtmpl");
     EXPECT_LE(list(), 1U);
     EXPECT_EQ(templates.size(), 199U);
-    store::forgetListings();
-    EXPECT_EQ(list(), 199U);
 }
 
 TEST_F(TemplateListing, SeesEveryChangeHoweverQuick)
@@ -166,22 +163,22 @@ TEST_F(TemplateListing, ListingsAndSavesOfManyThreadsAgree)
     EXPECT_EQ(wrong, 0);
 }
 
-TEST(Parallel, CoversEveryPlaceOnceAndPassesFailuresOn)
+TEST(ParallelFor, CoversEveryPlaceOnceAndPassesFailuresOn)
 {
     for (const std::size_t count : {0U, 1U, 31U, 64U, 1000U})
     {
         std::vector<std::atomic<int>> visits(count);
-        store::inParallel(count,
-                          [&](std::size_t begin, std::size_t end)
-                          {
-                              for (std::size_t i = begin; i < end; ++i)
-                                  ++visits[i];
-                          });
+        store::parallelFor(count,
+                           [&](std::size_t begin, std::size_t end)
+                           {
+                               for (std::size_t i = begin; i < end; ++i)
+                                   ++visits[i];
+                           });
         for (const auto& visit : visits)
             ASSERT_EQ(visit, 1);
     }
-    EXPECT_THROW(store::inParallel(1000, [](std::size_t begin, std::size_t)
-                                   { begin < 500 ? void() : throw std::runtime_error("x"); }),
+    EXPECT_THROW(store::parallelFor(1000, [](std::size_t begin, std::size_t)
+                                    { begin < 500 ? void() : throw std::runtime_error("x"); }),
                  std::runtime_error);
 }
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace tests
+namespace testing_support
 {
 
 inline std::string fileBytes(const std::filesystem::path& path)
@@ -36,7 +36,7 @@ std::string rewritten(const std::string& archive, exchange::ArchiveFormat format
     Record record{};
     exchange::readArchive(in, record);
     std::ostringstream out;
-    if constexpr (exchange::archive::isXmlOnly(exchange::archive::RecordKindOf<Record>::value))
+    if constexpr (!exchange::archive::hasBinary<Record>)
         exchange::writeArchive(out, record);
     else
         exchange::writeArchive(out, record, format);
@@ -109,6 +109,6 @@ inline exchange::ArchiveFormat formatOf(const std::filesystem::path& path)
     return path.extension() == ".xml" ? exchange::ArchiveFormat::xml : exchange::ArchiveFormat::binary;
 }
 
-} // namespace tests
+} // namespace testing_support
 
 #endif

@@ -13,10 +13,11 @@
 #include <cstdlib>
 #include <iomanip>
 #include <limits>
+#include <string_view>
 
 #include <unistd.h>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -104,6 +105,23 @@ TEST(ArchiveApi, ReadReplacesEverythingThatTheRecordHeld)
     std::istringstream stream(golden("t2dinput_oneline.xml"));
     exchange::readArchive(stream, record);
     EXPECT_EQ(written(record, ArchiveFormat::xml), golden("t2dinput_oneline.xml"));
+}
+
+TEST(ArchiveApi, MemoryIsReadToItsEndAndNotBeyond)
+{
+    for (const char* file : {"t3dinput.xml", "t3dinput.bin"})
+    {
+        const std::string whole = golden(file);
+        exchange::Tessaron3dInput record;
+        exchange::readArchive(std::string_view(whole), record);
+        const ArchiveFormat format =
+            std::string_view(file).ends_with(".xml") ? ArchiveFormat::xml : ArchiveFormat::binary;
+        EXPECT_EQ(written(record, format), whole);
+        EXPECT_THROW(exchange::readArchive(std::string_view(whole).substr(0, whole.size() / 2), record),
+                     archive_exception);
+    }
+    exchange::Tessaron3dInput record;
+    EXPECT_THROW(exchange::readArchive(std::string_view(), record), archive_exception);
 }
 
 TEST(ArchiveApi, SharedObjectsComeBackShared)
@@ -371,4 +389,4 @@ TEST(ArchiveFile, FailedWriteLeavesTheOldFileAndNothingElse)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace tests
+namespace testing_support
 {
 
 inline std::string golden(const std::string& file)
@@ -56,6 +56,6 @@ inline std::string readError(const AnyRecord& record, const std::string& archive
     return "";
 }
 
-} // namespace tests
+} // namespace testing_support
 
 #endif

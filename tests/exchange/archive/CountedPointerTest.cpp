@@ -11,7 +11,7 @@
 
 #include <random>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -270,4 +270,4 @@ TEST(CountedPointer, RandomChangesNeverDoMoreThanThrow)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support

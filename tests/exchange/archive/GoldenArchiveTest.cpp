@@ -4,7 +4,7 @@
 
 #include <set>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -39,4 +39,4 @@ TEST(GoldenArchive, BothFormatsOfARecordHoldTheSame)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support

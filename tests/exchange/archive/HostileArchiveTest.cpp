@@ -7,7 +7,7 @@
 
 #include <random>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -281,4 +281,4 @@ TEST(HostileArchive, WhatFuzzingFoundStaysHarmless)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support

@@ -10,7 +10,7 @@
 #include <random>
 #include <string>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -87,4 +87,4 @@ TEST(NumberText, EqualsPrintfForNumbersOfEveryMagnitude)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support

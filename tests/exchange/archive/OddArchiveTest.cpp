@@ -8,7 +8,7 @@
 #include <cmath>
 #include <functional>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -261,4 +261,4 @@ TEST(OddArchive, TrackedValuesOfOtherProgramsRead)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support

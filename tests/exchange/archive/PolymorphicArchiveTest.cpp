@@ -7,7 +7,7 @@
 
 #include <random>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -170,4 +170,4 @@ TEST(PolymorphicArchive, TruncationAndRandomChangesNeverDoMoreThanThrow)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support

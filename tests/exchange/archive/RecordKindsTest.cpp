@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace tests
+namespace testing_support
 {
 namespace
 {
@@ -176,4 +176,4 @@ TEST(RecordKinds, EveryCurveComesBackFromEveryArchive)
 }
 
 } // namespace
-} // namespace tests
+} // namespace testing_support

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_ARCHIVE_COUNTEDREFERENCE_H
 #define TESSARON_EXCHANGE_ARCHIVE_COUNTEDREFERENCE_H
 
+// Stability: internal.
+
 #include <boost/shared_ptr.hpp>
 
 namespace exchange::archive

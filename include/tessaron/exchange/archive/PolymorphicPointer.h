@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_ARCHIVE_POLYMORPHICPOINTER_H
 #define TESSARON_EXCHANGE_ARCHIVE_POLYMORPHICPOINTER_H
 
+// Stability: internal.
+
 #include <tessaron/exchange/archive/CountedReference.h>
 
 #include <boost/archive/polymorphic_iarchive.hpp>

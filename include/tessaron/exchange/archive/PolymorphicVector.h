@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_ARCHIVE_POLYMORPHICVECTOR_H
 #define TESSARON_EXCHANGE_ARCHIVE_POLYMORPHICVECTOR_H
 
+// Stability: internal.
+
 #include <boost/archive/polymorphic_iarchive.hpp>
 #include <boost/serialization/collection_size_type.hpp>
 #include <boost/serialization/item_version_type.hpp>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_ARCHIVE_RECORDS_H
 #define TESSARON_EXCHANGE_ARCHIVE_RECORDS_H
 
+// Stability: internal.
+
 #include <tessaron/exchange/OrrimantInput.h>
 #include <tessaron/exchange/Tessaron2dInput.h>
 #include <tessaron/exchange/Tessaron3dInput.h>
@@ -9,6 +11,9 @@
 #include <tessaron/exchange/ToolpathRecords.h>
 #include <tessaron/exchange/geom/Transform.h>
 
+#include <cstddef>
+#include <tuple>
+#include <type_traits>
 #include <vector>
 
 namespace exchange
@@ -20,91 +25,87 @@ typedef std::vector<util::Parameterized> ParameterizedList;
 namespace archive
 {
 
-/// What an archive can hold as its outermost object.
-enum class RecordKind
+// The formats of archives, as flags.
+inline constexpr unsigned inXml = 1;
+inline constexpr unsigned inBinary = 2;
+inline constexpr unsigned inPolymorphic =
+    4; ///< through the serialization library's polymorphic archives, XML and binary
+
+/// One kind of record: a class that archives hold as their outermost object.
+template <class Record>
+struct RecordEntry
 {
-    pointNd2,
-    pointNd3,
-    vecNd3,
-    transform,
-    parameterized,
-    parameterizedList,
-    planeCurve,
-    spaceCurve,
-    curveList,
-    triMeshFacet,
-    triMesh,
-    triMeshPtr,
-    drillHole,
-    drillHoles,
-    boundaries2d,
-    input2d,
-    boundaries3d,
-    input3d,
-    flankConstraint5x,
-    boundaries5x,
-    input5x,
-    // From here on: in XML archives only.
-    orrimantInput,
-    toolpathRecords,
-    rapidMove,
-    linearMove,
-    arc1,
-    arc0,
-    feedRate,
-    spindleSpeed,
-    customRecord,
-    toolAxis
+    const char* name; ///< of the outermost element
+    unsigned formats; ///< of the archives that hold it
 };
 
-template <RecordKind kind>
-struct RecordOf
+/// All kinds of records. A kind is its place in this list, which hosts have compiled in: new ones go to the end.
+inline constexpr auto records = std::make_tuple(
+    RecordEntry<geom::PointNd<2>>{"PointNd", inXml | inBinary | inPolymorphic},
+    RecordEntry<geom::PointNd<3>>{"PointNd", inXml | inBinary | inPolymorphic},
+    RecordEntry<geom::VecNd<3>>{"VecNd", inXml | inBinary},
+    RecordEntry<geom::Transform>{"Transform", inXml | inBinary | inPolymorphic},
+    RecordEntry<util::Parameterized>{"Parameterized", inXml | inBinary | inPolymorphic},
+    RecordEntry<ParameterizedList>{"ParameterizedList", inXml | inBinary},
+    RecordEntry<boost::shared_ptr<geom::ParametricCurve<2>>>{"curve", inXml | inBinary | inPolymorphic},
+    RecordEntry<boost::shared_ptr<geom::ParametricCurve<3>>>{"curve", inXml | inBinary | inPolymorphic},
+    RecordEntry<CurveList>{"curves", inXml | inBinary},
+    RecordEntry<topo::mesh::TriMeshFacet>{"TriMeshFacet", inXml | inBinary},
+    RecordEntry<topo::mesh::TriMesh>{"TriMeshFacets", inXml | inBinary},
+    RecordEntry<topo::mesh::TriMeshPtr>{"TriMeshFacets", inXml | inBinary},
+    RecordEntry<TessaronDrillHole>{"TessaronDrillHole", inXml | inBinary},
+    RecordEntry<TessaronDrillHoles>{"TessaronDrillHoles", inXml | inBinary},
+    RecordEntry<Tessaron2dBoundaries>{"Tessaron2dBoundaries", inXml | inBinary},
+    RecordEntry<Tessaron2dInput>{"Tessaron2dInput", inXml | inBinary},
+    RecordEntry<Tessaron3dBoundaries>{"Tessaron3dBoundaries", inXml | inBinary},
+    RecordEntry<Tessaron3dInput>{"Tessaron3dInput", inXml | inBinary},
+    RecordEntry<Tessaron5xFlankConstraint>{"Tessaron5xFlankConstraint", inXml | inBinary},
+    RecordEntry<Tessaron5xBoundaries>{"Tessaron5xBoundaries", inXml | inBinary},
+    RecordEntry<Tessaron5xInput>{"Tessaron5xInput", inXml | inBinary},
+    RecordEntry<OrrimantInput>{"OrrimantInput", inXml}, RecordEntry<ToolpathRecords>{"ToolpathRecords", inXml},
+    RecordEntry<RapidMove>{"RapidMove", inXml}, RecordEntry<LinearMove>{"LinearMove", inXml},
+    RecordEntry<Arc<1>>{"Arc", inXml}, RecordEntry<Arc<0>>{"Arc", inXml}, RecordEntry<FeedRate>{"FeedRate", inXml},
+    RecordEntry<SpindleSpeed>{"SpindleSpeed", inXml}, RecordEntry<CustomRecord>{"CustomRecord", inXml},
+    RecordEntry<ToolAxis>{"ToolAxis", inXml});
+
+/// A kind of record: its place in `records`.
+enum class RecordKind : int
 {
-    static constexpr RecordKind value = kind;
 };
+
+/// The place of a class in the list; as large as the list when it is not there.
+template <class Record, class... Listed>
+constexpr std::size_t recordPlace(const std::tuple<RecordEntry<Listed>...>&)
+{
+    std::size_t place = 0;
+    static_cast<void>(((std::is_same_v<Record, Listed> || (++place, false)) || ...));
+    return place;
+}
 
 /// The kind of a record; undefined for anything else, which therefore cannot be archived.
-template <class Record>
+template <class Record, class = void>
 struct RecordKindOf;
-
-// clang-format off
-template <> struct RecordKindOf<geom::PointNd<2>> : RecordOf<RecordKind::pointNd2> {};
-template <> struct RecordKindOf<geom::PointNd<3>> : RecordOf<RecordKind::pointNd3> {};
-template <> struct RecordKindOf<geom::VecNd<3>> : RecordOf<RecordKind::vecNd3> {};
-template <> struct RecordKindOf<geom::Transform> : RecordOf<RecordKind::transform> {};
-template <> struct RecordKindOf<util::Parameterized> : RecordOf<RecordKind::parameterized> {};
-template <> struct RecordKindOf<ParameterizedList> : RecordOf<RecordKind::parameterizedList> {};
-template <> struct RecordKindOf<boost::shared_ptr<geom::ParametricCurve<2>>> : RecordOf<RecordKind::planeCurve> {};
-template <> struct RecordKindOf<boost::shared_ptr<geom::ParametricCurve<3>>> : RecordOf<RecordKind::spaceCurve> {};
-template <> struct RecordKindOf<CurveList> : RecordOf<RecordKind::curveList> {};
-template <> struct RecordKindOf<topo::mesh::TriMeshFacet> : RecordOf<RecordKind::triMeshFacet> {};
-template <> struct RecordKindOf<topo::mesh::TriMesh> : RecordOf<RecordKind::triMesh> {};
-template <> struct RecordKindOf<topo::mesh::TriMeshPtr> : RecordOf<RecordKind::triMeshPtr> {};
-template <> struct RecordKindOf<TessaronDrillHole> : RecordOf<RecordKind::drillHole> {};
-template <> struct RecordKindOf<TessaronDrillHoles> : RecordOf<RecordKind::drillHoles> {};
-template <> struct RecordKindOf<Tessaron2dBoundaries> : RecordOf<RecordKind::boundaries2d> {};
-template <> struct RecordKindOf<Tessaron2dInput> : RecordOf<RecordKind::input2d> {};
-template <> struct RecordKindOf<Tessaron3dBoundaries> : RecordOf<RecordKind::boundaries3d> {};
-template <> struct RecordKindOf<Tessaron3dInput> : RecordOf<RecordKind::input3d> {};
-template <> struct RecordKindOf<Tessaron5xFlankConstraint> : RecordOf<RecordKind::flankConstraint5x> {};
-template <> struct RecordKindOf<Tessaron5xBoundaries> : RecordOf<RecordKind::boundaries5x> {};
-template <> struct RecordKindOf<Tessaron5xInput> : RecordOf<RecordKind::input5x> {};
-template <> struct RecordKindOf<OrrimantInput> : RecordOf<RecordKind::orrimantInput> {};
-template <> struct RecordKindOf<ToolpathRecords> : RecordOf<RecordKind::toolpathRecords> {};
-template <> struct RecordKindOf<RapidMove> : RecordOf<RecordKind::rapidMove> {};
-template <> struct RecordKindOf<LinearMove> : RecordOf<RecordKind::linearMove> {};
-template <> struct RecordKindOf<Arc<1>> : RecordOf<RecordKind::arc1> {};
-template <> struct RecordKindOf<Arc<0>> : RecordOf<RecordKind::arc0> {};
-template <> struct RecordKindOf<FeedRate> : RecordOf<RecordKind::feedRate> {};
-template <> struct RecordKindOf<SpindleSpeed> : RecordOf<RecordKind::spindleSpeed> {};
-template <> struct RecordKindOf<CustomRecord> : RecordOf<RecordKind::customRecord> {};
-template <> struct RecordKindOf<ToolAxis> : RecordOf<RecordKind::toolAxis> {};
-// clang-format on
-
-constexpr bool isXmlOnly(RecordKind kind)
+template <class Record>
+struct RecordKindOf<Record, std::enable_if_t<(recordPlace<Record>(records) < std::tuple_size_v<decltype(records)>)>>
 {
-    return kind >= RecordKind::orrimantInput;
+    static constexpr RecordKind value = static_cast<RecordKind>(recordPlace<Record>(records));
+};
+
+/// Whether archives of a format hold a kind of record.
+constexpr bool isRecordIn(unsigned format, RecordKind kind)
+{
+    return std::apply(
+        [format, kind](const auto&... entries)
+        {
+            const unsigned formats[] = {entries.formats...};
+            return (formats[static_cast<std::size_t>(kind)] & format) != 0;
+        },
+        records);
 }
+
+/// Whether a record has binary archives, as most have. For records only.
+template <class Record>
+inline constexpr bool hasBinary = isRecordIn(inBinary, RecordKindOf<Record>::value);
 
 } // namespace archive
 

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_ARC_H
 #define TESSARON_EXCHANGE_GEOM_ARC_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/ParametricCurve.h>
 
 namespace geom

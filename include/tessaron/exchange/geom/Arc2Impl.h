@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_ARC2IMPL_H
 #define TESSARON_EXCHANGE_GEOM_ARC2IMPL_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/Arc.h>
 
 #include <utility>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_BSPLINECURVE_H
 #define TESSARON_EXCHANGE_GEOM_BSPLINECURVE_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/ControlPointCurveBase.h>
 
 #include <vector>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_BSPLINECURVEIMPL_H
 #define TESSARON_EXCHANGE_GEOM_BSPLINECURVEIMPL_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/BSplineCurve.h>
 
 namespace geom

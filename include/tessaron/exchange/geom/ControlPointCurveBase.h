@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_CONTROLPOINTCURVEBASE_H
 #define TESSARON_EXCHANGE_GEOM_CONTROLPOINTCURVEBASE_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/ParametricCurve.h>
 
 #include <cstddef>

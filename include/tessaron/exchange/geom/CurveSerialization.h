@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_CURVESERIALIZATION_H
 #define TESSARON_EXCHANGE_GEOM_CURVESERIALIZATION_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/Curves.h>
 #include <tessaron/exchange/geom/GeomSerialization.h>
 #include <tessaron/util/ParameterizedSerialization.h>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_CURVES_H
 #define TESSARON_EXCHANGE_GEOM_CURVES_H
 
+// Stability: stable.
+
 // All kinds of curves.
 #include <tessaron/exchange/geom/Arc2Impl.h>
 #include <tessaron/exchange/geom/BSplineCurveImpl.h>

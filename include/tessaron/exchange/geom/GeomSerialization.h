@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_GEOMSERIALIZATION_H
 #define TESSARON_EXCHANGE_GEOM_GEOMSERIALIZATION_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/PointNd.h>
 #include <tessaron/exchange/geom/Transform.h>
 #include <tessaron/exchange/geom/VecNd.h>

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_LINE_H
 #define TESSARON_EXCHANGE_GEOM_LINE_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/ControlPointCurveBase.h>
 
 namespace geom

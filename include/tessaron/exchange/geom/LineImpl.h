@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_LINEIMPL_H
 #define TESSARON_EXCHANGE_GEOM_LINEIMPL_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/Line.h>
 
 namespace geom

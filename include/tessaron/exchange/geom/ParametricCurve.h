@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_PARAMETRICCURVE_H
 #define TESSARON_EXCHANGE_GEOM_PARAMETRICCURVE_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/PointNd.h>
 #include <tessaron/exchange/geom/VecNd.h>
 #include <tessaron/util/Export.h>

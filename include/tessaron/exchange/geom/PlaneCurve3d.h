@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_PLANECURVE3D_H
 #define TESSARON_EXCHANGE_GEOM_PLANECURVE3D_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/ParametricCurve.h>
 #include <tessaron/exchange/geom/Transform.h>
 

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_PLANECURVE3DIMPL_H
 #define TESSARON_EXCHANGE_GEOM_PLANECURVE3DIMPL_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/PlaneCurve3d.h>
 
 namespace geom

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_POINTND_H
 #define TESSARON_EXCHANGE_GEOM_POINTND_H
 
+// Stability: stable.
+
 #include <type_traits>
 
 namespace geom

@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_POLYLINEIMPL_H
 #define TESSARON_EXCHANGE_GEOM_POLYLINEIMPL_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/Polyline.h>
 
 namespace geom

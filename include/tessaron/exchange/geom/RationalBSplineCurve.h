@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_RATIONALBSPLINECURVE_H
 #define TESSARON_EXCHANGE_GEOM_RATIONALBSPLINECURVE_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/BSplineCurve.h>
 
 #include <vector>

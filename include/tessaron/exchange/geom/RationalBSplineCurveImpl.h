@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_RATIONALBSPLINECURVEIMPL_H
 #define TESSARON_EXCHANGE_GEOM_RATIONALBSPLINECURVEIMPL_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/RationalBSplineCurve.h>
 
 namespace geom

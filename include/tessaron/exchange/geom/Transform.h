@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_GEOM_TRANSFORM_H
 #define TESSARON_EXCHANGE_GEOM_TRANSFORM_H
 
+// Stability: stable.
+
 namespace geom
 {
 

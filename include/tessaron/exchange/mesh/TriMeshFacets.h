@@ -1,6 +1,8 @@
 #ifndef TESSARON_EXCHANGE_MESH_TRIMESHFACETS_H
 #define TESSARON_EXCHANGE_MESH_TRIMESHFACETS_H
 
+// Stability: stable.
+
 #include <tessaron/exchange/geom/PointNd.h>
 
 #include <boost/shared_ptr.hpp>
@@ -25,7 +27,7 @@ public:
     }
     friend constexpr bool operator!=(const TriMeshFacet& a, const TriMeshFacet& b) { return !(a == b); }
 
-    /// Reads or writes the element "idx"; defined in exchange/mesh/MeshSerialization.h.
+    /// Reads or writes the element "idx". The library's own; hosts use <tessaron/exchange/Archives.h>.
     template <class Archive>
     void serialize(Archive& archive, unsigned int version);
 
@@ -42,7 +44,7 @@ public:
     std::deque<Point> vertices;
     std::deque<TriMeshFacet> faces;
 
-    /// Reads or writes the mesh; defined in exchange/mesh/MeshSerialization.h.
+    /// Reads or writes the mesh. The library's own; hosts use <tessaron/exchange/Archives.h>.
     template <class Archive>
     void serialize(Archive& archive, unsigned int version);
 };

@@ -1,0 +1,3 @@
+#include "host/HostApp.h"
+
+wxIMPLEMENT_APP(host::HostApp);

@@ -1,0 +1,196 @@
+#include "templates/TemplateManagerCommands.h"
+
+#include "frame/Translation.h"
+#include "templates/TemplateManagerIds.h"
+#include "templates/dialogs/TemplateColumnsDialog.h"
+#include "templates/dialogs/TemplateManagerFindDialog.h"
+#include "templates/dialogs/TemplatePreferencesDialog.h"
+#include "templates/dialogs/TemplateSortDialog.h"
+
+#include <wx/frame.h>
+
+#include <utility>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+constexpr int acceptId = 1;
+
+} // namespace
+
+TemplateManagerCommands::TemplateManagerCommands(wxFrame& frame, TemplateSession& session, TemplateWindowUser& user,
+                                                 std::string homeFolder)
+    : m_frame(frame), m_session(session), m_user(user), m_homeFolder(std::move(homeFolder))
+{
+}
+
+bool TemplateManagerCommands::run(int command)
+{
+    switch (command)
+    {
+    case templateCommand::preferences:
+        preferences();
+        return true;
+    case templateCommand::sort:
+        sort();
+        return true;
+    case templateCommand::sortAscending:
+    case templateCommand::sortDescending:
+        m_grid->quickSort(command == templateCommand::sortDescending);
+        return true;
+    case templateCommand::find:
+        find();
+        return true;
+    case templateCommand::importTemplates:
+        importTemplates();
+        return true;
+    case templateCommand::exportTemplates:
+        exportTemplates();
+        return true;
+    case templateCommand::sortAZ:
+        m_user.showError(translated("Sorting A-Z is not implemented yet."));
+        return true;
+    case templateCommand::sortZA:
+        m_user.showError(translated("Sorting Z-A is not implemented yet."));
+        return true;
+    default:
+        return false;
+    }
+}
+
+void TemplateManagerCommands::storeLayout(bool byUser)
+{
+    m_session.info().headingHeight = m_grid->GetColLabelSize();
+    if (!m_frame.IsMaximized() && !m_frame.IsIconized())
+    {
+        m_session.info().windowWidth = m_frame.GetSize().x;
+        m_session.info().windowHeight = m_frame.GetSize().y;
+    }
+    m_session.storeDefinitions(byUser);
+}
+
+void TemplateManagerCommands::storeEdits()
+{
+    m_grid->finishEdit();
+    if (m_session.storeEdits())
+        m_changed = false;
+    m_session.refresh();
+}
+
+void TemplateManagerCommands::deleteSelected()
+{
+    m_grid->finishEdit();
+    const std::vector<std::size_t> selected = m_grid->selectedRows();
+    if (selected.empty() || !m_session.settleEdits())
+        return;
+    m_session.deleteTemplates(selected);
+    m_session.fill();
+}
+
+void TemplateManagerCommands::deleteByKey()
+{
+    const std::size_t count = m_grid->selectedRows().size();
+    if (count > 0 &&
+        m_user.askOkCancel(count == 1 ? translated("Delete the selected template?")
+                                      : translatedWith("Delete the %s selected templates?", std::to_string(count))))
+        deleteSelected();
+}
+
+void TemplateManagerCommands::configureColumns()
+{
+    m_grid->finishEdit();
+    TemplateColumnsDialog dialog(m_session.info().columns, &m_frame);
+    if (dialog.ShowModal() != acceptId)
+        return;
+    m_session.info().columns = dialog.result();
+    columnsChanged();
+}
+
+void TemplateManagerCommands::columnsChanged()
+{
+    m_changed = true;
+    storeLayout(true);
+    m_session.info().headingHeight = -1;
+    m_grid->rebuildColumns();
+    m_session.refresh();
+}
+
+void TemplateManagerCommands::sort()
+{
+    m_grid->finishEdit();
+    TemplateSortDialog dialog(m_session.info().columns, m_session.info().sortLevels, &m_frame);
+    if (dialog.ShowModal() != acceptId)
+        return;
+    m_session.info().sortLevels = dialog.result();
+    m_changed = true;
+    m_grid->sortBy(dialog.result());
+}
+
+void TemplateManagerCommands::preferences()
+{
+    m_grid->finishEdit();
+    m_session.reloadKnownFolders();
+    TemplatePreferencesDialog dialog(m_session.info().preferences, m_session.folder(), m_homeFolder, &m_frame);
+    if (dialog.ShowModal() != acceptId)
+        return;
+    const bool refillNeeded = m_session.changesRows(dialog.preferences(), dialog.folder());
+    if (refillNeeded && !m_session.settleEdits())
+        return;
+    if (dialog.preferences().font != m_session.info().preferences.font)
+        m_session.info().headingHeight = -1;
+    m_session.acceptPreferences(dialog.preferences(), dialog.folder());
+    m_grid->applyLook();
+    m_grid->rebuildColumns();
+    if (refillNeeded)
+        m_session.fill();
+}
+
+void TemplateManagerCommands::importTemplates()
+{
+    m_grid->finishEdit();
+    if (!m_session.settleEdits())
+        return;
+    if (m_session.importTemplates() > 0)
+        m_session.fill();
+}
+
+void TemplateManagerCommands::exportTemplates()
+{
+    m_grid->finishEdit();
+    std::vector<std::size_t> rows(m_session.rows().size());
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        rows[row] = row;
+    m_session.exportTemplates(rows);
+}
+
+void TemplateManagerCommands::find()
+{
+    m_grid->finishEdit();
+    m_grid->searchFromStart();
+    const auto findNext = [this](const std::string& text) -> const std::vector<std::string>&
+    {
+        searchNext(text);
+        return m_grid->searchedTexts();
+    };
+    TemplateManagerFindDialog(findNext, m_grid->searchedTexts(), &m_frame).ShowModal();
+}
+
+void TemplateManagerCommands::findAgain()
+{
+    if (m_searched.empty())
+        find();
+    else
+        searchNext(m_searched);
+}
+
+void TemplateManagerCommands::searchNext(const std::string& text)
+{
+    m_searched = text;
+    if (m_grid->findNext(text) == TemplateFind::Result::notFound)
+        m_user.showError(translated(templateNotFoundText));
+}
+
+} // namespace TessaronResources

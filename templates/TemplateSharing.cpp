@@ -1,0 +1,88 @@
+#include "templates/TemplateSharing.h"
+
+#include "frame/Translation.h"
+#include <tessaron/engine/TemplatePath.h>
+#include <tessaron/engine/TemplateStore.h>
+#include <tessaron/exchange/StatusTable.h>
+#include <tessaron/util/Keys.h>
+
+#include <filesystem>
+
+namespace TessaronResources
+{
+
+namespace
+{
+
+namespace status = exchange::status;
+
+std::string folderOf(const std::string& path)
+{
+    return std::filesystem::path(path).parent_path().string();
+}
+
+/// \returns whether the file could be read; if not, the user has been told.
+bool readFile(const std::string& path, std::vector<util::Parameterized>& templates, TemplateUser& user)
+{
+    const bool isSingle = path.ends_with(util::templateExtension);
+    int code = status::ok;
+    if (isSingle)
+    {
+        templates.resize(1);
+        code = util::loadTemplateFile(path, &templates.front());
+        // An export may carry this extension too.
+        if (code == status::templateFormatError && util::loadTemplateArrayFile(path, &templates) == status::ok)
+            code = status::ok;
+    }
+    else
+        code = util::loadTemplateArrayFile(path, &templates);
+    if (code != status::ok)
+        showStatus(user, code, (isSingle ? translated("\n Template: ") : translated("\n Template Array: ")) + path);
+    return code == status::ok;
+}
+
+} // namespace
+
+std::size_t importTemplates(const std::string& folder, TemplateUser& user)
+{
+    const std::vector<std::string> paths = user.chooseImportFiles(user.lastFolder());
+    if (paths.empty())
+        return 0;
+    user.keepLastFolder(folderOf(paths.front()));
+
+    std::size_t saved = 0;
+    for (const std::string& path : paths)
+    {
+        std::vector<util::Parameterized> templates;
+        if (!readFile(path, templates, user))
+            continue;
+        for (util::Parameterized& set : templates)
+        {
+            const std::string name = set.stringOr(util::keys::templateName, "");
+            const int code = util::saveTemplateFile(util::templatePath(folder, name), false, &set);
+            if (code != status::ok)
+                showStatus(user, code, translated("\n Template: ") + name);
+            else
+                ++saved;
+        }
+    }
+    return saved;
+}
+
+bool exportTemplates(const TemplateRows& rows, const std::vector<std::size_t>& numbers, TemplateUser& user)
+{
+    const std::string path = user.chooseExportFile(user.lastFolder());
+    if (path.empty())
+        return false;
+    user.keepLastFolder(folderOf(path));
+    std::vector<util::Parameterized> templates;
+    templates.reserve(numbers.size());
+    for (const std::size_t row : numbers)
+        templates.push_back(rows.at(row));
+    const int code = util::saveTemplateArrayFile(path, templates);
+    if (code != status::ok)
+        showStatus(user, code, translated("\n Template: ") + path);
+    return code == status::ok;
+}
+
+} // namespace TessaronResources

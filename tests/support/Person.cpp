@@ -1,0 +1,216 @@
+#include "tests/support/Person.h"
+
+#include <wx/window.h>
+
+#include <gtest/gtest.h>
+
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+#include <gdk/gdk.h>
+
+#include <cstdlib>
+#include <map>
+#include <utility>
+
+namespace testing_support
+{
+
+namespace
+{
+
+constexpr int stepsOfAMove = 4;
+
+// The pixels of the X server for one of the toolkit's.
+int pixelScale()
+{
+    GdkDisplay* const display = gdk_display_get_default();
+    return display ? gdk_monitor_get_scale_factor(gdk_display_get_monitor(display, 0)) : 1;
+}
+
+KeySym keySymOf(wchar_t character)
+{
+    switch (character)
+    {
+    case L'\n':
+        return XK_Return;
+    case L'\t':
+        return XK_Tab;
+    default:
+        // Latin-1 characters are their own symbols; the others carry a mark.
+        return character < 0x100 ? static_cast<KeySym>(character) : static_cast<KeySym>(character) | 0x01000000;
+    }
+}
+
+} // namespace
+
+class Person::Connection
+{
+public:
+    Connection() : m_display(XOpenDisplay(nullptr))
+    {
+        int ignored = 0;
+        if (!m_display || !XTestQueryExtension(m_display, &ignored, &ignored, &ignored, &ignored))
+            ADD_FAILURE() << "There is no X server that takes test input: run the test with tools/with-display";
+    }
+    ~Connection()
+    {
+        if (!m_display)
+            return;
+        for (const auto& [symbol, code] : m_spareKeys)
+            putOnKey(code, NoSymbol);
+        XCloseDisplay(m_display);
+    }
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    void motion(int x, int y)
+    {
+        if (m_display)
+            XTestFakeMotionEvent(m_display, -1, x, y, CurrentTime);
+        sync();
+    }
+    void button(unsigned number, bool down)
+    {
+        if (m_display)
+            XTestFakeButtonEvent(m_display, number, down, CurrentTime);
+        sync();
+    }
+    void modifiers(unsigned set, bool down)
+    {
+        for (const auto& [bit, symbol] : {std::pair(shift, XK_Shift_L), {control, XK_Control_L}, {alt, XK_Alt_L}})
+            if (m_display && (set & bit))
+                XTestFakeKeyEvent(m_display, XKeysymToKeycode(m_display, symbol), down, CurrentTime);
+        sync();
+    }
+    void key(KeySym symbol, unsigned held)
+    {
+        if (!m_display)
+            return;
+        KeyCode code = XKeysymToKeycode(m_display, symbol);
+        if (code == 0)
+        {
+            // One key each: the receiver reads the table of keys when it comes to the event, not when it was sent.
+            code = findSpareKey();
+            m_spareKeys[symbol] = code;
+            putOnKey(code, symbol);
+        }
+        else if (XkbKeycodeToKeysym(m_display, code, 0, 0) != symbol)
+            held |= shift;
+        modifiers(held, true);
+        XTestFakeKeyEvent(m_display, code, True, CurrentTime);
+        XTestFakeKeyEvent(m_display, code, False, CurrentTime);
+        modifiers(held, false);
+    }
+
+private:
+    // The server has taken everything when this returns.
+    void sync()
+    {
+        if (m_display)
+            XSync(m_display, False);
+    }
+
+    KeyCode findSpareKey()
+    {
+        int first = 0;
+        int last = 0;
+        XDisplayKeycodes(m_display, &first, &last);
+        for (int code = last; code >= first; --code)
+            if (XkbKeycodeToKeysym(m_display, static_cast<KeyCode>(code), 0, 0) == NoSymbol)
+                return static_cast<KeyCode>(code);
+        ADD_FAILURE() << "The keyboard has no spare key";
+        return static_cast<KeyCode>(last);
+    }
+
+    void putOnKey(KeyCode code, KeySym symbol)
+    {
+        KeySym symbols[] = {symbol, symbol};
+        XChangeKeyboardMapping(m_display, code, 2, symbols, 1);
+        sync();
+    }
+
+    Display* const m_display;
+    std::map<KeySym, KeyCode> m_spareKeys;
+};
+
+Person::Person() : m_connection(std::make_unique<Connection>()) {}
+
+Person::~Person() = default;
+
+void Person::moveTo(wxPoint place)
+{
+    const int scale = pixelScale();
+    for (int step = stepsOfAMove - 1; step >= 0; --step)
+        m_connection->motion((place.x - step) * scale, (place.y - step) * scale);
+}
+
+void Person::press(Button button)
+{
+    m_connection->button(button, true);
+}
+
+void Person::release(Button button)
+{
+    m_connection->button(button, false);
+}
+
+void Person::click(wxPoint place, Button button, unsigned modifiers)
+{
+    moveTo(place);
+    m_connection->modifiers(modifiers, true);
+    press(button);
+    release(button);
+    m_connection->modifiers(modifiers, false);
+}
+
+void Person::doubleClick(wxPoint place)
+{
+    click(place);
+    press();
+    release();
+}
+
+void Person::drag(wxPoint from, wxPoint to)
+{
+    moveTo(from);
+    press();
+    // Past the distance that tells a drag from a click, and then there.
+    constexpr int pieces = 8;
+    for (int piece = 1; piece < pieces; ++piece)
+        moveTo(from + wxPoint((to.x - from.x) * piece / pieces, (to.y - from.y) * piece / pieces));
+    moveTo(to);
+    release();
+}
+
+void Person::wheel(int notches)
+{
+    const auto button = static_cast<Button>(notches > 0 ? 5 : 4);
+    for (int notch = 0; notch < std::abs(notches); ++notch)
+    {
+        press(button);
+        release(button);
+    }
+}
+
+void Person::key(const char* name, unsigned modifiers)
+{
+    const KeySym symbol = XStringToKeysym(name);
+    ASSERT_NE(symbol, static_cast<KeySym>(NoSymbol)) << "There is no key named " << name;
+    m_connection->key(symbol, modifiers);
+}
+
+void Person::text(std::string_view utf8)
+{
+    for (const wchar_t character : wxString::FromUTF8(utf8.data(), utf8.size()).ToStdWstring())
+        m_connection->key(keySymOf(character), none);
+}
+
+wxPoint Person::middleOf(const wxWindow* window)
+{
+    const wxSize size = window->GetSize();
+    return window->ClientToScreen(wxPoint(size.x / 2, size.y / 2));
+}
+
+} // namespace testing_support

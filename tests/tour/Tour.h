@@ -1,0 +1,81 @@
+#ifndef TESTS_TOUR_TOUR_H
+#define TESTS_TOUR_TOUR_H
+
+#include "host/JobRunner.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class wxString;
+class wxTopLevelWindow;
+class wxWindow;
+
+namespace host
+{
+class HostFrame;
+}
+
+namespace tour
+{
+
+/// Shows what the host can do, without a person: opens parts, generates their toolpaths, cancels, saves, uses
+/// every dialog, meets bad files. Takes pictures of the windows and prints what happened. The last part should keep the
+/// engine busy for a second or more: it is the one whose progress is shown and cancelled.
+class Tour
+{
+public:
+    /// \param pictures the folder for the pictures; made when it is missing
+    Tour(host::HostFrame& frame, std::vector<std::string> parts, std::string pictures);
+
+    /// Runs inside the event loop.
+    /// \returns whether everything went as it should
+    bool run();
+
+private:
+    void showPart(const std::string& path);
+    void showOneLevel(const std::string& stem);
+    void cancelJob();
+    void watchThreads();
+    void saveAndReadBack();
+    void changeParameters();
+    void saveTemplate();
+    void loadTemplate();
+    void showLooks(wxTopLevelWindow& manager);
+    std::size_t recordCount() const;
+    void meetBadFiles();
+    void meetBadFile(const std::string& path, const std::string& expected);
+
+    host::JobOutcome generate(const std::string& caption);
+    /// Generates, and meanwhile calls `act` with the module's progress window when `ready` says so, once.
+    host::JobOutcome generateWatched(const std::function<bool()>& ready,
+                                     const std::function<void(wxTopLevelWindow&)>& act);
+    struct DialogStep
+    {
+        int control;
+        std::function<void(wxTopLevelWindow&)> act;
+    };
+    /// Chooses an entry of the Machining menu and takes the steps: each when the module's window with its control has
+    /// come up and takes input.
+    void useDialogs(const wxString& entry, const std::vector<DialogStep>& steps);
+    void useDialog(const wxString& entry, int control, const std::function<void(wxTopLevelWindow&)>& act);
+    wxTopLevelWindow* moduleWindow(int controlId) const;
+    void click(wxWindow* window);
+    /// Lets the windows show what they have to.
+    void settle(int milliseconds = 150);
+
+    void picture(const std::string& name);
+    void say(const std::string& text);
+    /// Notes a failure unless the condition holds.
+    void expect(bool condition, const std::string& failure);
+
+    host::HostFrame& m_frame;
+    std::vector<std::string> m_parts;
+    std::string m_pictures;
+    int m_pictureCount = 0;
+    bool m_good = true;
+};
+
+} // namespace tour
+
+#endif
