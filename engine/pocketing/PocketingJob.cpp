@@ -111,6 +111,7 @@ private:
     std::unique_ptr<jobs::WorkerPool> m_pool;
 
     RegionPlan m_plan;
+    ForEach m_forEach;
     std::optional<GougeCheck> m_gougeCheck;
     std::optional<RingStore> m_store;
     std::optional<RingBuilder> m_builder;
@@ -139,6 +140,8 @@ void PocketingWork::start(jobs::ThreadGroup& threads, const std::function<void(i
     m_levels = m_parameters.levels();
     m_pool = std::make_unique<jobs::WorkerPool>(threads, m_parameters.threads,
                                                 std::shared_ptr<const jobs::CancelFlag>(m_job, &m_job->cancelFlag()));
+    m_forEach = [this](std::size_t count, const std::function<void(std::size_t)>& call)
+    { m_pool->forEach(count, call); };
     m_job->setCancelHook([this] { m_pool->wake(); });
     addWorkers(m_parameters.threads);
 }
@@ -160,12 +163,14 @@ void PocketingWork::processBoundaries()
 
 void PocketingWork::findRegions(int worker)
 {
-    m_plan = buildRegions(*m_input, m_parameters, cancelFlag(),
-                          [this, worker](double fraction)
-                          {
-                              report(boundaryStage, fraction, fraction);
-                              m_job->setWorkerStage(worker, boundaryStage.key, fraction);
-                          });
+    m_plan = buildRegions(
+        *m_input, m_parameters, cancelFlag(),
+        [this, worker](double fraction)
+        {
+            report(boundaryStage, fraction, fraction);
+            m_job->setWorkerStage(worker, boundaryStage.key, fraction);
+        },
+        m_forEach);
     const Grid& grid = m_plan.grid;
     m_gougeCheck.emplace(m_plan.part, m_plan.stock, grid.toSteps(m_parameters.clearance()));
     m_settings = moveSettings(*m_input, m_parameters, grid, *m_gougeCheck);
@@ -175,7 +180,7 @@ void PocketingWork::findRegions(int worker)
     m_builder.emplace(*m_store,
                       RingSteps{m_settings.links.stepover, grid.toSteps(m_parameters.toolRadius()),
                                 grid.toSteps(m_parameters.cutTolerance), m_plan.tolerance},
-                      cancelFlag());
+                      cancelFlag(), m_forEach);
     for (Area& region : m_plan.regions)
     {
         m_regionSize += sizeOf(region);

@@ -196,23 +196,54 @@ Paths grown(const Paths& loops, double distance, const OffsetTolerance& toleranc
     return result;
 }
 
-std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel)
+std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel,
+                         const ForEach& forEach)
 {
     if (vanishes(area.front(), distance))
         return {};
-    const ContourClusters clusters = clusterContours(area, distance);
+    ContourClusters clusters = clusterContours(area, distance);
     cancel.check();
-    PolyTree tree;
-    offset(clusters.outer, -distance, tolerance, tree);
-    std::vector<Area> areas = areasOf(tree, tolerance);
+    // A task of its own for what takes about as long as to hand it over many times.
+    constexpr std::size_t pointsOfTask = 4000;
+    std::vector<std::size_t> begins;
+    std::size_t points = pointsOfTask;
+    for (std::size_t i = 0; i < clusters.holes.size(); ++i)
+    {
+        if (points >= pointsOfTask)
+        {
+            begins.push_back(i);
+            points = 0;
+        }
+        for (const Path& hole : clusters.holes[i])
+            points += hole.size();
+    }
+    begins.push_back(clusters.holes.size());
+
+    std::vector<Area> areas;
+    std::vector<GrownHoles> grown(clusters.holes.size());
+    forEach(begins.size(),
+            [&](std::size_t task)
+            {
+                cancel.check();
+                if (task == 0)
+                {
+                    PolyTree tree;
+                    offset(clusters.outer, -distance, tolerance, tree);
+                    areas = areasOf(tree, tolerance);
+                    return;
+                }
+                for (std::size_t i = begins[task - 1]; i < begins[task]; ++i)
+                {
+                    cancel.check();
+                    grown[i] = growHoles(std::move(clusters.holes[i]), distance, tolerance);
+                }
+            });
 
     Paths islands;
-    for (const Paths& holes : clusters.holes)
+    for (GrownHoles& part : grown)
     {
-        cancel.check();
-        GrownHoles grown = growHoles(holes, distance, tolerance);
-        std::move(grown.islands.begin(), grown.islands.end(), std::back_inserter(islands));
-        std::move(grown.enclosed.begin(), grown.enclosed.end(), std::back_inserter(areas));
+        std::move(part.islands.begin(), part.islands.end(), std::back_inserter(islands));
+        std::move(part.enclosed.begin(), part.enclosed.end(), std::back_inserter(areas));
     }
     placeIslands(std::move(islands), areas, cancel);
     return areas;

@@ -4,6 +4,8 @@
 #include "engine/jobs/CancelFlag.h"
 #include "engine/pocketing/Grid.h"
 
+#include <cstddef>
+#include <functional>
 #include <vector>
 
 namespace exchange::pocketing
@@ -21,6 +23,17 @@ struct OffsetTolerance
     double simplify = 0;
 };
 
+/// Calls a function for each number from 0 to below a count, in any order and maybe on several threads, and waits for
+/// all of them.
+using ForEach = std::function<void(std::size_t count, const std::function<void(std::size_t)>& call)>;
+
+/// One number after another, on this thread.
+inline void inTurn(std::size_t count, const std::function<void(std::size_t)>& call)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        call(i);
+}
+
 /// The connected areas of what is in one set of loops and not in another; loops within loops alternate between inside
 /// and outside.
 std::vector<Area> subtract(const Paths& from, const Paths& loops);
@@ -29,9 +42,10 @@ std::vector<Area> subtract(const Paths& from, const Paths& loops);
 Paths grown(const Paths& loops, double distance, const OffsetTolerance& tolerance);
 
 /// The connected areas that remain of an area when it shrinks by a distance, 0 or more.
+/// \param forEach does what contours that stay apart come to; the result does not depend on it
 /// \throws jobs::Cancelled when cancelled between two operations
 std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance,
-                         const jobs::CancelFlag& cancel);
+                         const jobs::CancelFlag& cancel, const ForEach& forEach = inTurn);
 
 /// What is in an area shrunk by a distance and not in any of some other areas grown by that distance.
 /// \throws jobs::Cancelled when cancelled between two operations

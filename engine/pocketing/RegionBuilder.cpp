@@ -206,7 +206,7 @@ std::vector<Point> unreachedPlaces(const std::vector<Area>& material, const Regi
 } // namespace
 
 RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters& parameters, const CancelFlag& cancel,
-                        const std::function<void(double)>& done)
+                        const std::function<void(double)>& done, const ForEach& forEach)
 {
     const double share = parameters.cutTolerance * toleranceShare;
     CurveFlattener flattener(share, maxBoundaryPoints, cancel);
@@ -245,7 +245,7 @@ RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters&
         for (const Area& area : subtract(grown(stockLoops, distance, exact), partLoops))
         {
             cancel.check();
-            for (Area& region : shrink(area, distance, plan.tolerance, cancel))
+            for (Area& region : shrink(area, distance, plan.tolerance, cancel, forEach))
                 plan.regions.push_back(std::move(region));
         }
     }

@@ -36,9 +36,11 @@ constexpr double leastToleranceFactor = 1e-6;
 /// made smaller by the tool radius and "XY Stock to Leave" where the part is. Never nearer to the part than that; farther
 /// by at most the cut tolerance. Edges of the stock that are no edges of the part are open: the axis may go up to them.
 /// \param done receives the part that is done, 0 to 1
+/// \param forEach see shrink
 /// \throws jobs::JobError, jobs::Cancelled
 RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters& parameters,
-                        const jobs::CancelFlag& cancel, const std::function<void(double)>& done);
+                        const jobs::CancelFlag& cancel, const std::function<void(double)>& done,
+                        const ForEach& forEach = inTurn);
 
 } // namespace exchange::pocketing
 

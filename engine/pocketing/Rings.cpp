@@ -37,8 +37,8 @@ void RingStore::count(const Area& area)
                                                     "\"Depth of Cut\" or \"Cut Tolerance\" makes it shorter.");
 }
 
-RingBuilder::RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel)
-    : m_store(store), m_steps(steps), m_cancel(cancel)
+RingBuilder::RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel, ForEach forEach)
+    : m_store(store), m_steps(steps), m_cancel(cancel), m_forEach(std::move(forEach))
 {
 }
 
@@ -80,7 +80,7 @@ std::vector<Ring*> RingBuilder::shrunk(const Ring& ring, double distance) const
 {
     m_cancel.check();
     std::vector<Ring*> rings;
-    for (Area& area : shrink(ring.contours, distance, m_steps.offset, m_cancel))
+    for (Area& area : shrink(ring.contours, distance, m_steps.offset, m_cancel, m_forEach))
         rings.push_back(m_store.add(std::move(area)));
     return rings;
 }

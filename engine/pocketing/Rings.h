@@ -69,7 +69,8 @@ public:
     /// Receives the size of the area, in square steps, that has been dealt with since the last call.
     using AreaSink = std::function<void(double)>;
 
-    RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel);
+    /// \param forEach see shrink
+    RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel, ForEach forEach = inTurn);
 
     /// Adds the rings at a distance inside a ring, as its children.
     std::vector<Ring*> addInside(Ring& ring, double distance) const;
@@ -87,6 +88,7 @@ private:
     RingStore& m_store;
     const RingSteps m_steps;
     const jobs::CancelFlag& m_cancel;
+    const ForEach m_forEach;
 };
 
 } // namespace exchange::pocketing

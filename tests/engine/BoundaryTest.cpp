@@ -71,7 +71,7 @@ std::vector<CurveCase> curveCases()
 
 } // namespace
 
-TEST(CurveFlattener, staysWithinTheToleranceWithoutWastingPoints)
+TEST(CurveFlattener, StaysWithinTheToleranceWithoutWastingPoints)
 {
     const CancelFlag cancel;
     for (const double tolerance : {0.1, 0.001})
@@ -92,7 +92,7 @@ TEST(CurveFlattener, staysWithinTheToleranceWithoutWastingPoints)
         }
 }
 
-TEST(CurveFlattener, refusesToFillTheMemory)
+TEST(CurveFlattener, RefusesToFillTheMemory)
 {
     const CancelFlag cancel;
     CurveFlattener flattener(1e-9, 1000, cancel);
@@ -100,7 +100,7 @@ TEST(CurveFlattener, refusesToFillTheMemory)
     EXPECT_THROW(flattener.flatten(*curveCases()[6].curve), std::runtime_error);
 }
 
-TEST(CurveFlattener, stopsOnACancel)
+TEST(CurveFlattener, StopsOnACancel)
 {
     CancelFlag cancel;
     cancel.set();
@@ -108,7 +108,7 @@ TEST(CurveFlattener, stopsOnACancel)
     EXPECT_THROW(flattener.flatten(*curveCases()[6].curve), exchange::jobs::Cancelled);
 }
 
-TEST(LoopChaining, joinsPiecesInAnyOrderAndDirection)
+TEST(LoopChaining, JoinsPiecesInAnyOrderAndDirection)
 {
     const std::vector<Polyline> pieces = {{{0, 0}, {10, 0}},
                                           {{0, 10}, {10, 10}},
@@ -123,7 +123,7 @@ TEST(LoopChaining, joinsPiecesInAnyOrderAndDirection)
     EXPECT_THROW(loopsOf(pieces, 0.01), JobError);
 }
 
-TEST(LoopChaining, piecesShorterThanTheToleranceAreNotLost)
+TEST(LoopChaining, PiecesShorterThanTheToleranceAreNotLost)
 {
     // A circle of 400 pieces, each much shorter than the tolerance.
     std::vector<Polyline> pieces;
@@ -138,7 +138,7 @@ TEST(LoopChaining, piecesShorterThanTheToleranceAreNotLost)
     EXPECT_EQ(loops[0].size(), 400U);
 }
 
-TEST(LoopCheck, loopsMayTouchAndLieWithinEachOther)
+TEST(LoopCheck, LoopsMayTouchAndLieWithinEachOther)
 {
     const Path outer = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
     const Path within = {{20, 20}, {60, 20}, {60, 60}, {20, 60}};
@@ -149,7 +149,7 @@ TEST(LoopCheck, loopsMayTouchAndLieWithinEachOther)
     EXPECT_NO_THROW(checkLoops(loops, SegmentIndex(loops), Grid(), cancel));
 }
 
-TEST(SegmentIndex, agreesWithLookingAtEverySegment)
+TEST(SegmentIndex, AgreesWithLookingAtEverySegment)
 {
     std::mt19937 random(7);
     std::uniform_int_distribution<int> coordinate(-1000, 1000);
@@ -180,7 +180,7 @@ TEST(SegmentIndex, agreesWithLookingAtEverySegment)
     EXPECT_FALSE(SegmentIndex().isCloser({0, 0}, {1, 1}, 100));
 }
 
-TEST(SegmentIndex, enclosesWhatLiesBetweenTheLoops)
+TEST(SegmentIndex, EnclosesWhatLiesBetweenTheLoops)
 {
     const Paths loops = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}}, {{40, 40}, {40, 60}, {60, 60}, {60, 40}}};
     const SegmentIndex index(loops);
@@ -197,7 +197,7 @@ TEST(SegmentIndex, enclosesWhatLiesBetweenTheLoops)
         EXPECT_EQ(index.encloses(test.point), test.inside) << test.point.X << ", " << test.point.Y;
 }
 
-TEST(RegionBuilder, aBoundaryOfManyPointsIsThinnedBeforeItIsOffset)
+TEST(RegionBuilder, ABoundaryOfManyPointsIsThinnedBeforeItIsOffset)
 {
     // A wall of steps far smaller than the tolerance, as one polyline and as many lines with an arc among them.
     exchange::Tessaron2dInput input = shapes::squarePocket();
@@ -223,7 +223,7 @@ TEST(RegionBuilder, aBoundaryOfManyPointsIsThinnedBeforeItIsOffset)
     EXPECT_EQ(pointsOf({shapes::polyline(steps)}), 4U);
 }
 
-TEST(RegionBuilder, boundariesInPiecesGiveTheRegionsOfWholeOnes)
+TEST(RegionBuilder, BoundariesInPiecesGiveTheRegionsOfWholeOnes)
 {
     const CancelFlag cancel;
     const auto regionsOf = [&cancel](const exchange::Tessaron2dInput& input)

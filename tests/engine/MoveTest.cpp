@@ -55,7 +55,7 @@ PlaneMove arcOf(const Vec& centre, double radius, double from, double to)
 
 } // namespace
 
-TEST(PlaneMove, distancesAgreeWithSamples)
+TEST(PlaneMove, DistancesAgreeWithSamples)
 {
     std::mt19937 random(3);
     std::uniform_real_distribution<double> coordinate(-1000, 1000);
@@ -87,7 +87,7 @@ TEST(PlaneMove, distancesAgreeWithSamples)
     }
 }
 
-TEST(Track, startsAnywhereAndRunsUpAsLongAsAsked)
+TEST(Track, StartsAnywhereAndRunsUpAsLongAsAsked)
 {
     const Track loop = trackOf(square(0, 0, 100));
     const TrackPlace start = nearestOn(loop, {30, -20});
@@ -107,7 +107,7 @@ TEST(Track, startsAnywhereAndRunsUpAsLongAsAsked)
     }
 }
 
-TEST(ArcFitter, arcsTakeThePlaceOfPointsWithinTheTolerance)
+TEST(ArcFitter, ArcsTakeThePlaceOfPointsWithinTheTolerance)
 {
     const auto anything = [](const PlaneMove&) { return true; };
     // A half disc: one bow and one chord.
@@ -148,7 +148,7 @@ TEST(ArcFitter, arcsTakeThePlaceOfPointsWithinTheTolerance)
     EXPECT_EQ(kept.size(), 180U);
 }
 
-TEST(GougeCheck, findsEveryKindOfGouge)
+TEST(GougeCheck, FindsEveryKindOfGouge)
 {
     const GougeCheck check({square(40000, 40000, 20000)}, {square(0, 0, 100000)}, 1000);
     EXPECT_NO_THROW(check.check(trackOf(square(10000, 10000, 20000))));
@@ -169,7 +169,7 @@ TEST(GougeCheck, findsEveryKindOfGouge)
     EXPECT_EQ(check.distanceToPart({10000, 50000}, 5000), 5000);
 }
 
-TEST(Tour, isNoLongerThanNearestNeighbourAndFarShorterThanTheGivenOrder)
+TEST(Tour, IsNoLongerThanNearestNeighbourAndFarShorterThanTheGivenOrder)
 {
     std::mt19937 random(11);
     std::uniform_real_distribution<double> coordinate(0, 1000);
@@ -211,7 +211,7 @@ TEST(Tour, isNoLongerThanNearestNeighbourAndFarShorterThanTheGivenOrder)
     }
 }
 
-TEST(RecordWriter, writesEveryKindOfMove)
+TEST(RecordWriter, WritesEveryKindOfMove)
 {
     const std::vector<Move> moves = {
         {Purpose::rapid, lineTo({0, 0}, {10, 0}), 5, 0},

@@ -51,7 +51,7 @@ std::vector<const Ring*> build(RingStore& store, const Area& area, const RingSte
 
 } // namespace
 
-TEST(Rings, squareHasOneRingForEachStepover)
+TEST(Rings, SquareHasOneRingForEachStepover)
 {
     RingStore store(1e6);
     double done = 0;
@@ -65,7 +65,7 @@ TEST(Rings, squareHasOneRingForEachStepover)
     EXPECT_NEAR(done, 1e10, 1e5);
 }
 
-TEST(Rings, wideStepoverLeavesLeftovers)
+TEST(Rings, WideStepoverLeavesLeftovers)
 {
     RingStore store(1e6);
     double done = 0;
@@ -74,7 +74,7 @@ TEST(Rings, wideStepoverLeavesLeftovers)
     EXPECT_EQ(rings.front()->leftovers.size(), 4U);
 }
 
-TEST(Rings, orderOfBlocksDoesNotMatter)
+TEST(Rings, OrderOfBlocksDoesNotMatter)
 {
     const Area area = {square(0, 0, 100000), hole(square(20000, 20000, 9000)), hole(square(60000, 50000, 20000))};
     const auto contours = [&area](bool takeLast)
@@ -91,7 +91,7 @@ TEST(Rings, orderOfBlocksDoesNotMatter)
     EXPECT_EQ(first, contours(true));
 }
 
-TEST(Rings, storeRefusesToFillTheMemory)
+TEST(Rings, StoreRefusesToFillTheMemory)
 {
     RingStore store(20);
     store.add({square(0, 0, 100)});
@@ -99,7 +99,7 @@ TEST(Rings, storeRefusesToFillTheMemory)
     EXPECT_THROW(store.add({square(0, 0, 100)}), JobError);
 }
 
-TEST(Shrink, contoursTakenApartGiveTheResultOfAllTogether)
+TEST(Shrink, ContoursTakenApartGiveTheResultOfAllTogether)
 {
     // A C that closes as it grows, with an island in the room it closes in; islands that merge with each other, with
     // the wall, and with nothing.
@@ -130,7 +130,7 @@ TEST(Shrink, contoursTakenApartGiveTheResultOfAllTogether)
     }
 }
 
-TEST(Shrink, farPastTheMiddleNothingRemains)
+TEST(Shrink, FarPastTheMiddleNothingRemains)
 {
     const CancelFlag cancel;
     const Path sliver = {{0, 0}, {100000, 99000}, {100000, 100000}, {0, 1000}};
@@ -153,7 +153,7 @@ TEST(Shrink, farPastTheMiddleNothingRemains)
         EXPECT_EQ(shrink({test.outer}, test.distance, {2, 0}, cancel).empty(), !test.remains) << test.distance;
 }
 
-TEST(Simplified, dropsOnlyWhatLiesWithinTheTolerance)
+TEST(Simplified, DropsOnlyWhatLiesWithinTheTolerance)
 {
     const Path path = {{0, 0}, {500, 3}, {1000, 0}, {1000, 1000}, {500, 1020}, {0, 1000}};
     EXPECT_EQ(simplified(path, 5).size(), 5U);
@@ -162,7 +162,7 @@ TEST(Simplified, dropsOnlyWhatLiesWithinTheTolerance)
     EXPECT_TRUE(simplified(Path{{0, 0}, {3, 0}, {3, 3}, {0, 3}}, 10).empty());
 }
 
-TEST(PocketingParameters, levels)
+TEST(PocketingParameters, Levels)
 {
     struct Case
     {

@@ -171,6 +171,8 @@ void checkMoves(const std::vector<Move>& moves, const GougeCheck& walls, double 
 {
     const auto refuse = [](const char* what)
     { throw jobs::JobError(status::internalError, std::string(what) + "; no toolpath was made."); };
+    // Pieces of moves that were checked as a whole end where rounding puts them.
+    const double clearance = walls.clearance() - 0.01;
     for (std::size_t i = 0; i < moves.size(); ++i)
     {
         const Move& move = moves[i];
@@ -182,7 +184,7 @@ void checkMoves(const std::vector<Move>& moves, const GougeCheck& walls, double 
                 refuse("A rapid would run across below the top of the material");
             continue;
         }
-        if (std::min(before, move.z) < top && !walls.keepsClear(move.track))
+        if (std::min(before, move.z) < top && !walls.keepsDistance(move.track, clearance))
             refuse("The computed path would cut into the part");
         if ((move.purpose == Purpose::ramp || move.purpose == Purpose::helix) &&
             before - move.z > move.track.length() * steepestSlope * (1 + 1e-6))

@@ -235,11 +235,11 @@ bool RoutePlanner::fly(const Step& last, const Pass& pass, const std::optional<D
         return false;
     const Vec from = last.end();
     const double rise = m_settings.liftHeight / m_settings.verticalRapid;
-    // Not even straight up and down would pay, and the search for a place to come down is saved.
-    const bool byTime = m_settings.highFeedPreference > 0;
-    if (down && byTime && down->minutes * (1 - m_settings.highFeedPreference) <= rise * m_settings.highFeedPreference)
-        return false;
-    if (down && !down->cleared && down->minutes <= rise)
+    const double hopRise = m_settings.hopHeight / m_settings.verticalRapid;
+    const double w = m_settings.highFeedPreference;
+    // No flight takes less than this; most links are shorter, and the search for a place to come down is saved.
+    const double least = liftOverhead + 2 * std::min(rise, hopRise);
+    if (down && (down->cleared ? w > 0 && down->minutes * (1 - w) <= least * w : down->minutes <= least))
         return false;
 
     const TrackPlace start = nearestOn(*pass.loop, from);
@@ -252,11 +252,9 @@ bool RoutePlanner::fly(const Step& last, const Pass& pass, const std::optional<D
     const double liftMinutes = 2 * rise + way / m_settings.rapid + onward + liftOverhead;
     double hopMinutes = std::numeric_limits<double>::infinity();
     if (m_walls.keepsClear(lineTo(from, *drop)))
-        hopMinutes =
-            2 * m_settings.hopHeight / m_settings.verticalRapid + way / m_settings.highFeed + onward + liftOverhead;
+        hopMinutes = 2 * hopRise + way / m_settings.highFeed + onward + liftOverhead;
 
     // A hop and a way through cleared room are links at the high feed rate; a way through material is a cut.
-    const double w = m_settings.highFeedPreference;
     const bool downIsHighFeed = down && down->cleared;
     const double highFeedMinutes =
         std::min(hopMinutes, downIsHighFeed ? down->minutes : std::numeric_limits<double>::infinity());
