@@ -58,8 +58,8 @@ public:
         {
             const IntPoint steps = m_grid.toGrid(hole.center);
             const Vec place = toVec(steps);
-            const double room =
-                m_grid.toLength(m_walls.distanceToPart(place, m_grid.toSteps(m_parameters.toolDiameter)));
+            const double limit = std::max(m_parameters.toolDiameter, m_parameters.drillDiameter);
+            const double room = m_grid.toLength(m_walls.distanceToPart(place, m_grid.toSteps(limit)));
             const bool inPart = !m_walls.mayStand(place) && room > m_parameters.clearance();
             // What was asked for and gouges ends the job; else the hole is left alone and named.
             if (asked && !inPart && room < m_parameters.drillDiameter / 2)
@@ -130,6 +130,7 @@ MoveSettings moveSettings(const Tessaron2dInput& input, const PocketingParameter
     entries.helix = (automatic && parameters.plungeHelix != 0) || type == PlungeType::helix;
     entries.ramp = (automatic && parameters.plungeCurve != 0) || type == PlungeType::ramp || type == PlungeType::helix;
     entries.straight = type == PlungeType::straight;
+    entries.side = type != PlungeType::preDrill;
     entries.toolRadius = steps(parameters.toolRadius());
     const bool radiusGiven = !std::isnan(parameters.plungeRadius);
     entries.helixRadius = steps(radiusGiven ? parameters.plungeRadius : helixRadius * parameters.toolDiameter);

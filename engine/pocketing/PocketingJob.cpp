@@ -22,6 +22,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cmath>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -305,7 +306,12 @@ void PocketingWork::planRegion(std::size_t region, int worker)
 {
     m_job->setWorkerStage(worker, toolpathStage.key, 0);
     RoutePlanner planner(*m_gougeCheck, *m_entries, m_settings.links, cancelFlag());
-    m_routes[region] = planner.plan(*m_regions[region], m_fromPlaces[region]);
+    const Route& route = m_routes[region] = planner.plan(*m_regions[region], m_fromPlaces[region]);
+    const bool inHole = !route.steps.empty() && route.steps.front().entry.kind == Entry::Kind::hole;
+    const bool holesAsked = m_parameters.plungeType == static_cast<int>(PlungeType::preDrill);
+    if (holesAsked && !inHole && !m_settings.entries.holes.empty() && !std::isnan(m_parameters.drillPointRange))
+        throw jobs::JobError(status::selectedPointOutOfRange, statusText(status::selectedPointOutOfRange),
+                             keys::drillPointRange);
 }
 
 void PocketingWork::writeOne(std::size_t region, std::size_t level, int worker)

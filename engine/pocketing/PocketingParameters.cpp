@@ -246,6 +246,9 @@ void checkTogether(const PocketingParameters& parameters)
     if (parameters.stepover > parameters.toolDiameter)
         refuse(keys::stepover, "is " + show(parameters.stepover) + "; it must not be greater than the tool diameter, " +
                                    show(parameters.toolDiameter));
+    if (parameters.partRadialStock > parameters.stepover)
+        refuse(keys::partRadialStock, "is " + show(parameters.partRadialStock) +
+                                          "; it must not be greater than the stepover, " + show(parameters.stepover));
     const double depth = parameters.topMaterialZ - parameters.zDepth;
     if (depth == 0 && parameters.plungeType == static_cast<int>(PlungeType::preDrill))
         throw JobError(status::preDrillAtZeroCutDepth, statusText(status::preDrillAtZeroCutDepth), keys::zDepth);

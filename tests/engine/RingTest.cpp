@@ -8,6 +8,10 @@
 
 #include <algorithm>
 #include <deque>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
 
 // Rings, their check, their order and the records made of them.
 
@@ -204,4 +208,31 @@ TEST(PocketingParameters, Levels)
             EXPECT_NEAR(levels[i], test.levels[i], 1e-12);
         EXPECT_EQ(levels.back(), test.bottom + test.stock);
     }
+}
+
+TEST(PocketingParameters, AreThoseOfTheDocumentation)
+{
+    std::ifstream file(TESSARON_SAMPLES "/../docs/engine-jobs.md");
+    ASSERT_TRUE(file);
+    // Rows of the table: | "key" | kind | unit | default | ...
+    std::vector<std::string> documented;
+    for (std::string line; std::getline(file, line);)
+    {
+        std::vector<std::string> cells;
+        std::istringstream stream(line);
+        for (std::string cell; std::getline(stream, cell, '|');)
+        {
+            const std::size_t first = cell.find_first_not_of(' ');
+            const std::size_t last = cell.find_last_not_of(' ');
+            cells.push_back(first == std::string::npos ? "" : cell.substr(first, last - first + 1));
+        }
+        if (cells.size() == 7 && cells[1].front() == '"')
+            documented.push_back(cells[1] + " " + cells[2] + (cells[4] == "required" ? " required" : ""));
+    }
+    std::vector<std::string> read;
+    for (const ParameterRow& row : parameterTable())
+        read.push_back('"' + row.key + "\" " + row.kind + (row.required ? " required" : ""));
+    std::sort(documented.begin(), documented.end());
+    std::sort(read.begin(), read.end());
+    EXPECT_EQ(documented, read);
 }
