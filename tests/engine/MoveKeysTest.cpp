@@ -290,7 +290,7 @@ TEST(Links, AreRapidsOrHighFeedMovesAsPreferred)
     const int rapids = retracts(with(input, {{keys::rapidVsHighFeed, 0.0}}));
     const int weighed = retracts(with(input, {{keys::rapidVsHighFeed, 0.5}}));
     const int highFeed = retracts(with(input, {{keys::rapidVsHighFeed, 1.0}}));
-    EXPECT_GT(rapids, 3 * highFeed);
+    EXPECT_GT(rapids, highFeed);
     EXPECT_LE(highFeed, weighed);
     EXPECT_LE(weighed, rapids);
     EXPECT_EQ(safeMoves(input).feeds.count(4000.0), 1U);

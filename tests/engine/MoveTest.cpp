@@ -1,5 +1,6 @@
 #include "engine/pocketing/GougeCheck.h"
 #include "engine/pocketing/moves/ArcFitter.h"
+#include "engine/pocketing/moves/LoopTree.h"
 #include "engine/pocketing/moves/PlaneMove.h"
 #include "engine/pocketing/moves/RecordWriter.h"
 #include "engine/pocketing/moves/Tour.h"
@@ -85,6 +86,17 @@ TEST(PlaneMove, DistancesAgreeWithSamples)
         EXPECT_GE(distance, nearest - move.length() / 400);
         EXPECT_NEAR(norm(move.at(move.nearestPart(a)) - move.nearestPlace(a)), 0, 1e-6);
     }
+}
+
+TEST(PlaneMove, ASpeckOfAnArcIsNoWholeTurn)
+{
+    const PlaneMove arc = arcOf({1.5e7, 9e5}, 1.5e7, 1.2, 2.9);
+    for (const double part : {0.0, 0.25, 0.5, 1 - 1e-16, 1.0})
+        for (const double width : {0.0, 1e-17, 1e-16, 1e-12, 1e-9})
+        {
+            const PlaneMove speck = arc.piece(std::max(0.0, part - width), part);
+            EXPECT_LT(speck.length(), 1) << part << " " << width;
+        }
 }
 
 TEST(Track, StartsAnywhereAndRunsUpAsLongAsAsked)
@@ -208,6 +220,54 @@ TEST(Tour, IsNoLongerThanNearestNeighbourAndFarShorterThanTheGivenOrder)
     {
         EXPECT_LE(norm(rows[i] - at), 10.01);
         at = rows[i];
+    }
+}
+
+TEST(LoopTree, CutsEveryLoopOnceAndComesBack)
+{
+    // Three rows of squares a gap apart, one far away, and one behind a wall.
+    std::vector<Track> squares;
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 5; ++column)
+            squares.push_back(trackOf(square(1200 * column, 1200 * row, 1000)));
+    squares.push_back(trackOf(square(20000, 0, 1000)));
+    squares.push_back(trackOf(square(0, 3600, 1000)));
+    std::vector<const Track*> loops;
+    for (const Track& loop : squares)
+        loops.push_back(&loop);
+    const GougeCheck walls({{{-5000, 3450}, {9000, 3450}, {9000, 3550}, {-5000, 3550}}},
+                           {square(-50000, -50000, 100000)}, 40);
+    const CancelFlag cancel;
+    const LoopTree tree(loops, walls, 300, cancel);
+    ASSERT_EQ(tree.groups().size(), 3U);
+    for (const std::vector<std::size_t>& group : tree.groups())
+    {
+        const TrackPlace start = nearestOn(*loops[group.front()], {300, -50});
+        double cut = 0;
+        int ways = 0;
+        Vec at = start.place;
+        const auto follow = [&at](const PlaneMove& move)
+        {
+            EXPECT_NEAR(norm(move.start - at), 0, 1e-6);
+            at = move.end;
+        };
+        tree.goRound(
+            group.front(), start,
+            [&](const Track& piece)
+            {
+                cut += lengthOf(piece);
+                for (const PlaneMove& move : piece)
+                    follow(move);
+            },
+            [&](const PlaneMove& way, bool outward)
+            {
+                ways += outward ? 1 : -1;
+                EXPECT_LE(way.length(), 300);
+                follow(way);
+            });
+        EXPECT_NEAR(cut, 4000.0 * static_cast<double>(group.size()), 1e-6);
+        EXPECT_EQ(ways, 0);
+        EXPECT_NEAR(norm(at - start.place), 0, 1e-6);
     }
 }
 

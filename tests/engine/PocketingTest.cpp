@@ -184,7 +184,7 @@ TEST_P(RandomParts, NeverGougeAndClearAllReachable)
     const exchange::JobInfo info = exchange::jobInfo(start.jobId);
     const auto toolpath = exchange::jobToolpath(start.jobId);
     exchange::releaseJob(start.jobId);
-    RecordProperty("status", info.status);
+    RecordProperty("jobStatus", info.status);
     // The tool may be too large for all of a part, or for a way into it.
     if (info.state == JobState::failed)
     {

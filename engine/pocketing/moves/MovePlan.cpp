@@ -150,8 +150,9 @@ void MovePlanner::enter(const Step& step, double z, double above, const std::opt
 
 void MovePlanner::addTrack(Purpose purpose, const Track& track, double z, std::vector<Move>& moves)
 {
+    // What is left of rounding is no move.
     for (const PlaneMove& move : track)
-        if (move.start != move.end)
+        if (move.turn != Turn::none || norm(move.end - move.start) > 0.01)
             moves.push_back({purpose, move, z, 0});
 }
 

@@ -96,6 +96,9 @@ PlaneMove PlaneMove::piece(double from, double to) const
     PlaneMove result = *this;
     result.start = at(from);
     result.end = at(to);
+    // Rounding may put the ends of a speck of an arc in the wrong order, which is nearly a whole turn.
+    if ((to - from) * length() < 1)
+        result.turn = Turn::none;
     return result;
 }
 

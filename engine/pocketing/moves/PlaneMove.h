@@ -78,7 +78,7 @@ struct PlaneMove
     Vec nearestPlace(const Vec& place) const;
     /// Whether a direction from the centre of an arc leads to the arc.
     bool spans(const Vec& arm) const;
-    /// The move between two parts of the way, `to` after `from`.
+    /// The move between two parts of the way, `to` after `from`. Less than a step of an arc is a line.
     PlaneMove piece(double from, double to) const;
     PlaneMove reversed() const;
     Box box() const;

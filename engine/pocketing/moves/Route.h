@@ -59,7 +59,7 @@ struct Leg
     Track track;
 };
 
-/// A closed cut and the way to it.
+/// A closed cut, or several that hang together, and the way to it.
 struct Step
 {
     Reach reach = Reach::down;
@@ -67,12 +67,17 @@ struct Step
     Vec drop;
     /// For Reach::entry.
     Entry entry;
-    /// At the depth of the cut: from the end of the step before, the drop or the end of the entry to the pass.
+    /// At the depth of the cut: from the end of the step before, the drop or the end of the entry to the pass, with
+    /// whatever is cut on the way.
     std::vector<Leg> approach;
     Track pass;
+    /// The closed cut that the pass is the last piece of; empty when the pass is all of it.
+    Track round;
     /// Off the pass; may be empty.
     Track leave;
 
+    /// The closed cut at the end, which the tool may follow once more.
+    const Track& loop() const { return round.empty() ? pass : round; }
     Vec end() const { return leave.empty() ? pass.back().end : leave.back().end; }
 };
 

@@ -1,5 +1,6 @@
 #include "engine/pocketing/moves/RoutePlanner.h"
 
+#include "engine/pocketing/moves/LoopTree.h"
 #include "engine/pocketing/moves/Tour.h"
 
 #include <algorithm>
@@ -44,53 +45,120 @@ struct Visit
 
 Route RoutePlanner::plan(const Ring& root, const Vec& from)
 {
+    m_groups = 0;
     order(root, from);
     Route route;
     m_cut.clear();
     Vec at = from;
-    for (std::size_t i = 0; i < m_passes.size(); ++i)
+    for (std::size_t i = 0; i < m_passes.size();)
     {
         m_cancel.check();
-        const Pass& pass = m_passes[i];
-        Step step;
-        bool reached = false;
-        if (!route.steps.empty())
+        std::size_t last = i + 1;
+        while (m_passes[i].group != 0 && last < m_passes.size() && m_passes[last].group == m_passes[i].group)
+            ++last;
+        if (last > i + 1)
+            planGroup(i, last, route, at);
+        else
         {
-            const std::optional<DownLink> down = downLink(route.steps.back(), pass);
-            reached = fly(route.steps.back(), pass, down, step);
-            if (reached)
-            {
-                const TrackPlace start = nearestOn(*pass.loop, step.drop);
-                setPass(pass, start, step.drop, step, route);
-            }
-            else if (down)
-            {
-                if (!down->afterLead)
-                    route.steps.back().leave.clear();
-                step.reach = Reach::down;
-                step.approach = down->legs;
-                const Leg last = step.approach.back();
-                step.approach.pop_back();
-                setPass(pass, down->start, last.track.front().start, step, route);
-                reached = true;
-            }
+            const Pass& pass = m_passes[i];
+            if (reach(i, route, at,
+                      [&](const TrackPlace& start, const Vec& comingFrom, Step& step)
+                      { setPass(pass, start, comingFrom, step, route); }))
+                noteCut(pass);
         }
-        if (!reached)
-        {
-            if (!enter(i, at, step))
-            {
-                route.dropped.push_back(pass.loop->front().start);
-                continue;
-            }
-            const TrackPlace start = nearestOn(*pass.loop, step.entry.place);
-            setPass(pass, start, EntryFinder::endOf(step.entry, start.place), step, route);
-        }
-        m_cut.push_back({pass.loop, boxOf(*pass.loop)});
-        m_lastDepth = pass.depth;
-        at = step.end();
-        route.steps.push_back(std::move(step));
+        i = last;
     }
     return route;
+}
+
+bool RoutePlanner::reach(std::size_t position, Route& route, Vec& at, const PassSetter& set)
+{
+    const Pass& pass = m_passes[position];
+    Step step;
+    bool reached = false;
+    if (!route.steps.empty())
+    {
+        Step& last = route.steps.back();
+        const std::optional<DownLink> down = downLink(last, pass);
+        reached = fly(last, pass, down, step);
+        if (reached)
+            set(nearestOn(*pass.loop, step.drop), step.drop, step);
+        else if (down)
+        {
+            if (!down->afterLead)
+                last.leave.clear();
+            step.approach = down->legs;
+            const Vec leaving = step.approach.back().track.front().start;
+            step.approach.pop_back();
+            set(down->start, leaving, step);
+            reached = true;
+        }
+    }
+    if (!reached)
+    {
+        if (!enter(position, at, step))
+        {
+            route.dropped.push_back(pass.loop->front().start);
+            return false;
+        }
+        const TrackPlace start = nearestOn(*pass.loop, step.entry.place);
+        set(start, EntryFinder::endOf(step.entry, start.place), step);
+    }
+    at = step.end();
+    route.steps.push_back(std::move(step));
+    return true;
+}
+
+void RoutePlanner::noteCut(const Pass& pass)
+{
+    m_cut.push_back({pass.loop, boxOf(*pass.loop)});
+}
+
+void RoutePlanner::planGroup(std::size_t first, std::size_t last, Route& route, Vec& at)
+{
+    std::vector<const Track*> loops;
+    for (std::size_t i = first; i < last; ++i)
+        loops.push_back(m_passes[i].loop);
+    const LoopTree tree(loops, m_walls, 2 * m_walls.clearance(), m_cancel);
+    for (const std::vector<std::size_t>& group : tree.groups())
+    {
+        m_cancel.check();
+        // From the loop of the group that is nearest.
+        std::size_t root = group.front();
+        double least = std::numeric_limits<double>::infinity();
+        for (const std::size_t i : group)
+        {
+            const double distance = nearestOn(*loops[i], at).distance;
+            if (distance < least)
+            {
+                least = distance;
+                root = i;
+            }
+        }
+        const Pass& pass = m_passes[first + root];
+        const auto set = [&](const TrackPlace& start, const Vec& comingFrom, Step& step)
+        {
+            if (comingFrom != start.place)
+                step.approach.push_back(straight(comingFrom, start.place, pass));
+            step.round = startingAt(*pass.loop, start);
+            tree.goRound(
+                root, start,
+                [&step](const Track& piece) {
+                    step.approach.push_back({Purpose::cut, piece});
+                },
+                [&](const PlaneMove& way, bool outward)
+                {
+                    if (way.start == way.end)
+                        return;
+                    step.approach.push_back(outward ? straight(way.start, way.end, pass) : Leg{Purpose::link, {way}});
+                });
+            step.pass = std::move(step.approach.back().track);
+            step.approach.pop_back();
+        };
+        if (reach(first + root, route, at, set))
+            for (const std::size_t i : group)
+                noteCut(m_passes[first + i]);
+    }
 }
 
 void RoutePlanner::order(const Ring& root, const Vec& from)
@@ -100,14 +168,26 @@ void RoutePlanner::order(const Ring& root, const Vec& from)
     std::vector<Visit> open;
     const auto visit = [&](const Ring& ring, int depth)
     {
+        // Children with nothing inside go together.
+        std::vector<const Track*> single;
+        std::vector<const Ring*> children;
         std::vector<Vec> places;
         for (const Ring* const child : ring.children)
-            places.push_back(middleOf(child->loops.front()));
+        {
+            if (child->children.empty() && child->leftoverLoops.empty() && child->loops.size() == 1)
+                single.push_back(&child->loops.front());
+            else
+            {
+                children.push_back(child);
+                places.push_back(middleOf(child->loops.front()));
+            }
+        }
+        addOrdered(single, depth + 1, at);
         Visit next{&ring, depth, {}};
         const std::vector<std::size_t> tour =
             places.size() > 1 ? shortTour(places, at, m_cancel) : std::vector<std::size_t>(places.size(), 0);
         for (auto i = tour.rbegin(); i != tour.rend(); ++i)
-            next.children.push_back(ring.children[*i]);
+            next.children.push_back(children[*i]);
         open.push_back(std::move(next));
     };
     visit(root, 0);
@@ -123,22 +203,33 @@ void RoutePlanner::order(const Ring& root, const Vec& from)
         }
         const Ring& ring = *open.back().ring;
         const int depth = open.back().depth;
+        const auto beginningAt = [](const std::vector<Track>& all, std::size_t first)
+        {
+            std::vector<const Track*> loops;
+            for (std::size_t i = first; i < all.size(); ++i)
+                loops.push_back(&all[i]);
+            return loops;
+        };
         // What is left over begins at the distance of the ring; no link near it is known to be clear.
-        addOrdered(ring.leftoverLoops, 0, std::numeric_limits<int>::max(), at);
-        addOrdered(ring.loops, 1, depth, at);
-        m_passes.push_back({&ring.loops.front(), depth, depth == 0});
+        addOrdered(beginningAt(ring.leftoverLoops, 0), std::numeric_limits<int>::max(), at);
+        addOrdered(beginningAt(ring.loops, 1), depth, at);
+        m_passes.push_back({&ring.loops.front(), depth, depth == 0, 0});
         open.pop_back();
     }
 }
 
-void RoutePlanner::addOrdered(const std::vector<Track>& loops, std::size_t first, int depth, Vec& from)
+void RoutePlanner::addOrdered(const std::vector<const Track*>& loops, int depth, Vec& from)
 {
+    // Along walls each pass is cut in one go: turning off would leave marks.
+    const bool wall = depth == 0;
+    if (loops.size() > 1 && !wall)
+        ++m_groups;
     std::vector<Vec> places;
-    for (std::size_t i = first; i < loops.size(); ++i)
-        places.push_back(middleOf(loops[i]));
+    for (const Track* const loop : loops)
+        places.push_back(middleOf(*loop));
     for (const std::size_t i : shortTour(places, from, m_cancel))
     {
-        m_passes.push_back({&loops[first + i], depth, depth == 0});
+        m_passes.push_back({loops[i], depth, wall, loops.size() > 1 && !wall ? m_groups : 0});
         from = places[i];
     }
 }
@@ -195,14 +286,14 @@ std::optional<RoutePlanner::DownLink> RoutePlanner::downLink(const Step& last, c
     // Along the pass just cut to where the next one is nearest.
     for (const Vec& seed : {direct.place, middleOf(*pass.loop)})
     {
-        TrackPlace leaving = nearestOn(last.pass, seed);
+        TrackPlace leaving = nearestOn(last.loop(), seed);
         TrackPlace start = nearestOn(*pass.loop, leaving.place);
         for (int i = 0; i < 3; ++i)
         {
-            leaving = nearestOn(last.pass, start.place);
+            leaving = nearestOn(last.loop(), start.place);
             start = nearestOn(*pass.loop, leaving.place);
         }
-        consider(last, alongTo(last.pass, leaving), leaving.place, false, pass, start, best);
+        consider(last, alongTo(last.loop(), leaving), leaving.place, false, pass, start, best);
     }
     return best;
 }

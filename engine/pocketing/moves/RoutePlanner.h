@@ -7,6 +7,7 @@
 #include "engine/pocketing/moves/EntryFinder.h"
 #include "engine/pocketing/moves/Route.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -62,6 +63,8 @@ private:
         /// How many stepovers inside the walls; what lies deeper is cut before.
         int depth = 0;
         bool wall = false;
+        /// Passes in a row with the same number lie beside each other, and no matter which is cut first; 0: none do.
+        int group = 0;
     };
     /// A way to a pass at the depth of the cut.
     struct DownLink
@@ -76,8 +79,12 @@ private:
     };
 
     void order(const Ring& root, const Vec& from);
-    void addOrdered(const std::vector<Track>& loops, std::size_t first, int depth, Vec& from);
-    void add(const Pass& pass, Route& route);
+    void addOrdered(const std::vector<const Track*>& loops, int depth, Vec& from);
+    /// Plans a step to a pass and lets `set` give it the cut; false when it cannot be reached.
+    using PassSetter = std::function<void(const TrackPlace& start, const Vec& comingFrom, Step& step)>;
+    bool reach(std::size_t position, Route& route, Vec& at, const PassSetter& set);
+    void planGroup(std::size_t first, std::size_t last, Route& route, Vec& at);
+    void noteCut(const Pass& pass);
     void consider(const Step& last, const Track& walk, const Vec& leaving, bool afterLead, const Pass& pass,
                   const TrackPlace& start, std::optional<DownLink>& best) const;
     std::optional<DownLink> downLink(const Step& last, const Pass& pass) const;
@@ -104,7 +111,7 @@ private:
         Box box;
     };
     std::vector<CutLoop> m_cut;
-    int m_lastDepth = 0;
+    int m_groups = 0;
 };
 
 } // namespace exchange::pocketing

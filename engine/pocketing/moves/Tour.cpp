@@ -217,19 +217,28 @@ private:
 
 } // namespace
 
-std::vector<std::size_t> shortTour(const std::vector<Vec>& places, const Vec& from, const jobs::CancelFlag& cancel)
+std::vector<std::vector<std::size_t>> nearNeighbours(const std::vector<Vec>& places, const jobs::CancelFlag& cancel)
 {
-    std::vector<std::size_t> order;
-    if (places.empty())
-        return order;
     std::vector<std::vector<std::size_t>> neighbours(places.size());
-    PlaceGrid grid(places);
+    if (places.empty())
+        return neighbours;
+    const PlaceGrid grid(places);
     for (std::size_t i = 0; i < places.size(); ++i)
     {
         cancel.check();
         neighbours[i] = grid.nearest(places[i], neighbourCount + 1);
         std::erase(neighbours[i], i);
     }
+    return neighbours;
+}
+
+std::vector<std::size_t> shortTour(const std::vector<Vec>& places, const Vec& from, const jobs::CancelFlag& cancel)
+{
+    std::vector<std::size_t> order;
+    if (places.empty())
+        return order;
+    const std::vector<std::vector<std::size_t>> neighbours = nearNeighbours(places, cancel);
+    PlaceGrid grid(places);
     Vec at = from;
     while (order.size() < places.size())
     {

@@ -17,6 +17,9 @@ namespace exchange::pocketing
 /// \returns the positions of the places, in the order of the way
 std::vector<std::size_t> shortTour(const std::vector<Vec>& places, const Vec& from, const jobs::CancelFlag& cancel);
 
+/// The places near each place, the nearest first.
+std::vector<std::vector<std::size_t>> nearNeighbours(const std::vector<Vec>& places, const jobs::CancelFlag& cancel);
+
 } // namespace exchange::pocketing
 
 #endif
