@@ -92,26 +92,128 @@ struct GrownHoles
     std::vector<Area> enclosed;
 };
 
-GrownHoles growHoles(Paths holes, double distance, const OffsetTolerance& tolerance)
+/// Contours of one set of points, however deep within each other.
+struct Shape
+{
+    Paths outers;
+    Paths holes;
+};
+
+void addContours(const PolyTree& tree, Shape& shape)
+{
+    for (const PolyNode* node = tree.GetFirst(); node; node = node->GetNext())
+        (node->IsHole() ? shape.holes : shape.outers).push_back(node->Contour);
+}
+
+/// Two shapes put together. Only contours that come near the other shape take part in an operation.
+Shape united(Shape a, Shape b)
+{
+    const auto boxesOf = [](const Paths& paths)
+    {
+        std::vector<Box> boxes;
+        for (const Path& path : paths)
+            boxes.push_back(boxOf(path));
+        return boxes;
+    };
+    const std::vector<Box> outersOfA = boxesOf(a.outers);
+    const std::vector<Box> outersOfB = boxesOf(b.outers);
+    Shape result;
+    Clipper clipper;
+    const auto sort = [&clipper](Paths& paths, const std::vector<Box>& others, Paths& untouched)
+    {
+        for (Path& path : paths)
+        {
+            const Box box = boxOf(path);
+            if (std::any_of(others.begin(), others.end(), [&box](const Box& other) { return other.overlaps(box); }))
+                clipper.AddPath(path, ClipperLib::ptSubject, true);
+            else
+                untouched.push_back(std::move(path));
+        }
+    };
+    sort(a.outers, outersOfB, result.outers);
+    sort(a.holes, outersOfB, result.holes);
+    sort(b.outers, outersOfA, result.outers);
+    sort(b.holes, outersOfA, result.holes);
+    PolyTree tree;
+    clipper.Execute(ClipperLib::ctUnion, tree, ClipperLib::pftNonZero, ClipperLib::pftNonZero);
+    addContours(tree, result);
+    return result;
+}
+
+/// Islands, counter-clockwise, grown by a distance. Many are halved by place, so that no operation is large: the halves
+/// meet along a line only.
+Shape grownShape(Paths islands, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel,
+                 const ForEach& forEach)
+{
+    cancel.check();
+    std::size_t points = 0;
+    Box whole;
+    for (const Path& island : islands)
+    {
+        points += island.size();
+        whole.include(boxOf(island));
+    }
+    if (points <= tolerance.largest || islands.size() < 2)
+    {
+        PolyTree tree;
+        offset(islands, distance, tolerance, tree);
+        Shape shape;
+        addContours(tree, shape);
+        return shape;
+    }
+    const bool byX = whole.right - whole.left > whole.top - whole.bottom;
+    const auto middle = [byX](const Path& island)
+    {
+        const Box box = boxOf(island);
+        return byX ? box.left + box.right : box.bottom + box.top;
+    };
+    std::stable_sort(islands.begin(), islands.end(),
+                     [&middle](const Path& a, const Path& b) { return middle(a) < middle(b); });
+    const auto half = static_cast<std::ptrdiff_t>(islands.size() / 2);
+    Paths parts[] = {{std::make_move_iterator(islands.begin()), std::make_move_iterator(islands.begin() + half)},
+                     {std::make_move_iterator(islands.begin() + half), std::make_move_iterator(islands.end())}};
+    Shape shapes[2];
+    forEach(2,
+            [&](std::size_t i) { shapes[i] = grownShape(std::move(parts[i]), distance, tolerance, cancel, forEach); });
+    cancel.check();
+    return united(std::move(shapes[0]), std::move(shapes[1]));
+}
+
+GrownHoles growHoles(Paths holes, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel,
+                     const ForEach& forEach)
 {
     ClipperLib::ReversePaths(holes);
-    PolyTree tree;
-    offset(holes, distance, tolerance, tree);
+    Shape shape = grownShape(std::move(holes), distance, tolerance, cancel, forEach);
     GrownHoles grown;
-    for (const PolyNode* node = tree.GetFirst(); node; node = node->GetNext())
+    for (const Path& hole : shape.holes)
     {
-        if (node->IsHole())
-        {
-            Area area;
-            addReversed(area, node->Contour, tolerance);
-            if (area.empty())
-                continue;
-            for (const PolyNode* island : node->Childs)
-                addReversed(area, island->Contour, tolerance);
+        Area area;
+        addReversed(area, hole, tolerance);
+        if (!area.empty())
             grown.enclosed.push_back(std::move(area));
-        }
-        else if (node->Parent == &tree)
-            addContour(grown.islands, node->Contour, tolerance);
+    }
+    // An island belongs to the smallest area that it lies in.
+    std::vector<std::pair<double, std::size_t>> bySize;
+    for (std::size_t i = 0; i < grown.enclosed.size(); ++i)
+        bySize.emplace_back(sizeOf(grown.enclosed[i]), i);
+    std::sort(bySize.begin(), bySize.end());
+    std::vector<Box> boxes;
+    for (const Area& area : grown.enclosed)
+        boxes.push_back(boxOf(area.front()));
+    for (const Path& outer : shape.outers)
+    {
+        cancel.check();
+        const Box box = boxOf(outer);
+        const auto holds = [&](const std::pair<double, std::size_t>& candidate)
+        {
+            const Area& area = grown.enclosed[candidate.second];
+            return boxes[candidate.second].overlaps(box) && SegmentIndex(Paths{area.front()}).encloses(outer.front());
+        };
+        const auto area = std::find_if(bySize.begin(), bySize.end(), holds);
+        if (area == bySize.end())
+            addContour(grown.islands, outer, tolerance);
+        else
+            addReversed(grown.enclosed[area->second], outer, tolerance);
     }
     return grown;
 }
@@ -235,7 +337,7 @@ std::vector<Area> shrink(const Area& area, double distance, const OffsetToleranc
                 for (std::size_t i = begins[task - 1]; i < begins[task]; ++i)
                 {
                     cancel.check();
-                    grown[i] = growHoles(std::move(clusters.holes[i]), distance, tolerance);
+                    grown[i] = growHoles(std::move(clusters.holes[i]), distance, tolerance, cancel, forEach);
                 }
             });
 
