@@ -2,6 +2,7 @@
 #include <tessaron/frame/DialogBase.h>
 
 #include "frame/CurrentModule.h"
+#include "frame/HostWindows.h"
 #include "frame/MessageDialog.h"
 #include "frame/ModalLoop.h"
 #include "frame/Toolkit.h"
@@ -54,6 +55,10 @@ bool DialogBase::create(int templateId, wxWindow* parent)
     SetBackgroundStyle(wxBG_STYLE_SYSTEM);
     native::makeCompact(*this);
     initialise();
+    // Without an owner the toolkit has found one among the host's windows.
+    CentreOnParent();
+    if (!parent)
+        detachFromOwner(*this);
     return true;
 }
 
@@ -119,6 +124,7 @@ void DialogBase::OnCancel()
 
 void DialogBase::DestroyWindow()
 {
+    const EntryScope scope(getCurrentModuleState());
     if (GetHandle())
         Hide();
     PostNcDestroy();
@@ -134,7 +140,8 @@ int DialogBase::ShowModal()
     m_modal = true;
     m_modalResult = idCancel;
     const wxWindowDisabler othersDisabled(this);
-    CentreOnParent();
+    if (GetParent())
+        CentreOnParent();
     native::setModal(*this, true);
     Show();
     Raise();
