@@ -234,7 +234,7 @@ Number XmlReader::number()
     {
         const char* at = m_source.cursor();
         const char* const end = m_source.end();
-        if (*at == '+')
+        if (at[0] == '+' && at[1] != '-')
             ++at;
         const char* const digits = *at == '-' ? at + 1 : at;
         const bool isNumber =
