@@ -24,7 +24,7 @@ public:
     template <class Dialog>
     static bool isUp()
     {
-        return dynamic_cast<Dialog*>(current) && current->IsShownOnScreen();
+        return dynamic_cast<Dialog*>(current) && takesKeys(current);
     }
 
 protected:
@@ -104,7 +104,7 @@ TEST_F(DialogFlowTest, SortsByTheLevelsOfTheDialog)
     WindowDriver user;
     user.when("the manager is up", atRest, [] { open(32801); });
     user.when(
-        "the sort dialog is up", [] { return isUp("Sort"); },
+        "the sort dialog is up", [] { return isReady("Sort"); },
         []
         {
             auto* const levels = control<wxGrid>("Sort", 1137);
@@ -190,7 +190,7 @@ TEST_F(DialogFlowTest, ColumnsAreChosenAndKept)
                   pressKey(WXK_RETURN);
               });
     user.when(
-        "the columns dialog is up", [] { return isUp("Columns"); },
+        "the columns dialog is up", [] { return isReady("Columns"); },
         []
         {
             auto* const list = control<wxCheckListBox>("Columns", 1138);
@@ -257,7 +257,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
     WindowDriver user;
     user.when("the manager is up", atRest, [] { open(32800); });
     user.when(
-        "the find dialog is up", [] { return isUp("Find"); },
+        "the find dialog is up", [] { return isReady("Find"); },
         []
         {
             control<wxComboBox>("Find", 1141)->SetValue("  GAMMA ");
@@ -279,7 +279,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
                       answer(1);
                   });
         user.when(
-            "back in the dialog", [] { return !messageIsUp() && isUp("Find"); },
+            "back in the dialog", [] { return isReady("Find"); },
             [time] { press("Find", time == 0 ? 1140 : 1); });
     }
     // Another dialog begins at the beginning.
@@ -291,7 +291,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
             open(32800);
         });
     user.when(
-        "the find dialog is up again", [] { return isUp("Find"); },
+        "the find dialog is up again", [] { return isReady("Find"); },
         []
         {
             EXPECT_EQ(control<wxComboBox>("Find", 1141)->GetValue(), "GAMMA");
@@ -310,7 +310,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
     user.when("nothing more", messageIsUp, [] { answer(1); });
     user.when("the manager is back", atRest, [] { open(32800); });
     user.when(
-        "the find dialog is up", [] { return isUp("Find"); },
+        "the find dialog is up", [] { return isReady("Find"); },
         []
         {
             control<wxComboBox>("Find", 1141)->SetValue("ta");
@@ -344,7 +344,7 @@ TEST_F(DialogFlowTest, PreferencesFilterAtOnceAndSurviveARestart)
     WindowDriver user;
     user.when("the manager is up", atRest, [] { open(32797); });
     user.when(
-        "the preferences are up", [] { return isUp("Template Preferences"); },
+        "the preferences are up", [] { return isReady("Template Preferences"); },
         [this]
         {
             EXPECT_EQ(control<wxTextCtrl>("Template Preferences", 1153)->GetValue(), folder());
@@ -370,7 +370,7 @@ TEST_F(DialogFlowTest, PreferencesFilterAtOnceAndSurviveARestart)
                   open(32797);
               });
     user.when(
-        "the preferences are up", [] { return isUp("Template Preferences"); },
+        "the preferences are up", [] { return isReady("Template Preferences"); },
         []
         {
             EXPECT_TRUE(control<wxCheckBox>("Template Preferences", 1042)->GetValue());
@@ -393,14 +393,16 @@ TEST_F(DialogFlowTest, FolderAndFontAreChosenAndResetToTheHostsAndTheSystems)
 {
     const ToolkitDialog hook;
     const std::filesystem::path other = m_folder / "other place";
-    std::filesystem::create_directories(other / "tessaron");
+    // Of a single folder in it the dialog would complete the name, and take that one.
+    for (const char* const kind : {"tessaron", "orrimant"})
+        std::filesystem::create_directories(other / kind);
     std::filesystem::copy_file(util::templatePath(kindFolder(), "Beta.vtmpl"), other / "tessaron" / "Beta.vtmpl");
     constexpr const char* title = "Template Preferences";
     wxString systemFont;
     WindowDriver user;
     user.when("the manager is up", atRest, [] { open(32797); });
     user.when(
-        "the preferences are up", [] { return isUp(title); },
+        "the preferences are up", [] { return isReady(title); },
         [&]
         {
             systemFont = text(title, 1157);
@@ -412,7 +414,7 @@ TEST_F(DialogFlowTest, FolderAndFontAreChosenAndResetToTheHostsAndTheSystems)
         "the folder is chosen",
         [&, ticks = 0]() mutable
         {
-            if (ToolkitDialog::current && ++ticks % 30 == 0)
+            if (ToolkitDialog::isUp<wxDirDialog>() && ++ticks % 30 == 0)
                 wxTheApp->CallAfter([] { pressKey(WXK_RETURN); });
             return !ToolkitDialog::current && text(title, 1153) == other.string();
         },
@@ -437,7 +439,7 @@ TEST_F(DialogFlowTest, FolderAndFontAreChosenAndResetToTheHostsAndTheSystems)
     user.when(
         "after a restart", [] { return atRest() && grid()->GetNumberRows() == 1; }, [] { open(32797); });
     user.when(
-        "the preferences are up", [] { return isUp(title); },
+        "the preferences are up", [] { return isReady(title); },
         [&]
         {
             EXPECT_TRUE(text(title, 1157).Contains("17"));
@@ -483,7 +485,8 @@ TEST_F(DialogFlowTest, EveryDialogIsPaintedInTheLookInForceAlsoAfterASwitch)
             user.when("the window is at rest", atRest, [id = dialog.command] { open(id); });
             user.when(
                 std::string(dialog.title) + " is painted",
-                [title = dialog.title] { return isUp(title) && cornerColour(windowTitled(title)) == darkBackground; },
+                [title = dialog.title]
+                { return isReady(title) && cornerColour(windowTitled(title)) == darkBackground; },
                 [dialog]
                 {
                     EXPECT_LT(lightShare(windowTitled(dialog.title)), 0.1) << dialog.title;

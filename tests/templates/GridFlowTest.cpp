@@ -92,7 +92,7 @@ TEST_F(GridFlowTest, EditsAreStoredByTheSaveButtonAndReplaceOnlyWithConsent)
                   answer(2);
               });
     user.when(
-        "the edit is still there", [] { return !messageIsUp() && manager()->IsEnabled(); },
+        "the edit is still there", [] { return atRest(); },
         [this]
         {
             EXPECT_EQ(stored("Beta").numberOr(util::keys::toolDiameter, 0), 10.0);
@@ -102,7 +102,7 @@ TEST_F(GridFlowTest, EditsAreStoredByTheSaveButtonAndReplaceOnlyWithConsent)
     user.when("the question again", messageIsUp, [] { answer(1); });
     user.when("it is stored", [this] { return stored("Beta").numberOr(util::keys::toolDiameter, 0) == 12.5; });
     user.when(
-        "the window is back", [] { return !messageIsUp() && manager()->IsEnabled(); }, [] { clickManager(1150); });
+        "the window is back", [] { return atRest(); }, [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
 }
 
@@ -339,7 +339,7 @@ TEST_F(GridFlowTest, TheTwoUnsentCommandsOnlyTell)
                                    std::pair(32788, "Sorting Z-A is not implemented yet.")})
     {
         user.when(
-            "the manager is at rest", [] { return managerIsUp() && !messageIsUp() && manager()->IsEnabled(); },
+            "the manager is at rest", [] { return atRest(); },
             [number = id] { manager()->CallAfter([number] { command(number); }); });
         user.when("the message", messageIsUp,
                   [expected = text]
@@ -349,7 +349,7 @@ TEST_F(GridFlowTest, TheTwoUnsentCommandsOnlyTell)
                   });
     }
     user.when(
-        "unsorted", [] { return !messageIsUp() && manager()->IsEnabled(); },
+        "unsorted", [] { return atRest(); },
         []
         {
             EXPECT_EQ(names(), (std::vector<wxString>{"Alpha", "Beta", "Gamma"}));

@@ -91,7 +91,7 @@ TEST_F(WindowFlowTest, RibbonButtonsDoWhatTheySay)
     {
         user.when("the manager is up", atRest, [number = command] { clickRibbon(number); });
         user.when(
-            "its dialog is up", [dialog = title] { return isUp(dialog); },
+            "its dialog is up", [dialog = title] { return isReady(dialog); },
             [dialog = title] { windowTitled(dialog)->Close(); });
     }
     user.when("the manager is back", atRest, [] { clickCell(0, "Tool Diameter"); });
@@ -111,7 +111,7 @@ TEST_F(WindowFlowTest, TheApplicationButtonHoldsPreferencesAndExit)
     user.when("the manager is up", atRest, [] { clickAt(ribbon(), {20, 12}); });
     pressInMenu(user, {WXK_DOWN, WXK_RETURN});
     user.when(
-        "the preferences are up", [] { return isUp("Template Preferences"); },
+        "the preferences are up", [] { return isReady("Template Preferences"); },
         [] { windowTitled("Template Preferences")->Close(); });
     user.when("the manager is back", atRest,
               []
