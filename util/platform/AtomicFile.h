@@ -26,7 +26,7 @@ public:
 /// new file is in place and may still be lost in a power failure.
 ///
 /// A target that exists keeps its access rights; a target that is a symbolic link stays one, and what it leads to is
-/// replaced. Two writers of one target do not disturb each other: the last to commit wins.
+/// replaced. A pipe or a device is written into, without a temporary file. Two writers of one target do not disturb each other: the last to commit wins.
 class AtomicFile
 {
 public:
