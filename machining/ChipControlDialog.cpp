@@ -114,6 +114,8 @@ void ChipControlDialog::fillQuantities()
     for (int index = 0; index < derivedQuantityCount; ++index)
         m_quantity->Append(currentResources().string(m_rules.quantityTextId(index)));
     m_quantity->SetSelection(static_cast<int>(DerivedQuantity::chipThickness));
+    // The wheel is not for a list that is closed: turned by accident, it would change what is computed.
+    m_quantity->Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
 }
 
 void ChipControlDialog::setUpTexts()
@@ -324,7 +326,10 @@ void ChipControlDialog::reportFailure()
 // Leaving the field that is being edited runs its rule.
 void ChipControlDialog::onCalculate()
 {
-    wxWindow* const focused = FindFocus();
+    wxWindow* focused = FindFocus();
+    // The toolkit loses track of the focus where Tab brings it to the list, which is a native widget within another.
+    if (!focused)
+        focused = m_quantity;
     if (wxWindow* const button = control(chipControl::calculate))
         button->SetFocus();
     if (focused)

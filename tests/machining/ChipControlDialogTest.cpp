@@ -13,6 +13,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace testing_support;
@@ -354,13 +355,15 @@ TEST(ChipControlDialog, HearsNothingOfAnEmptyField)
 TEST(ChipControlDialog, ReportsASpindleSpeedThatIsNoWholeNumber)
 {
     const util::Parameterized before = operation();
-    for (const bool byApply : {false, true})
+    for (const auto& [typed, byApply] : {std::pair("12.5", false), {"12.5", true}, {"+-5", false}, {"", true}})
     {
         util::Parameterized set = before;
         WindowDriver user;
         user.when("the dialog is up", dialogIsUp);
-        enter(user, 4001, "12.5");
-        user.then("leave", [byApply] { byApply ? click(child(dialog(), 1)) : pressKey(WXK_TAB); });
+        goTo(user, 4001);
+        user.then("type", [typed = typed] { *typed == '\0' ? pressKey(WXK_DELETE) : type(typed); });
+        user.when("typed", [typed = typed] { return text(4001) == typed; });
+        user.then("leave", [byApply = byApply] { byApply ? click(child(dialog(), 1)) : pressKey(WXK_TAB); });
         user.when("the message is up", messageIsUp,
                   []
                   {
@@ -591,6 +594,52 @@ TEST(ChipControlDialog, MarksAChipThatContradictsTheRest)
         "not any more", [] { return !isMarked(4005); },
         [] { EXPECT_TRUE(label(4008).StartsWith("From half the diameter up")) << label(4008); });
     press(user, WXK_ESCAPE);
+    EXPECT_EQ(displayChipControlDialog(0, &set, metric), 2);
+}
+
+TEST(ChipControlDialog, ServesTheKeysOfItsButtonsOnTheList)
+{
+    util::Parameterized set = operation();
+    WindowDriver user;
+    user.when("the dialog is up", dialogIsUp);
+    press(user, WXK_TAB, wxMOD_SHIFT);
+    user.when(
+        "on the help button", [] { return child(dialog(), 1065)->HasFocus(); }, [] { pressKey(WXK_TAB); });
+    user.when(
+        "on the list", [] { return !child(dialog(), 1065)->HasFocus(); },
+        []
+        {
+            child(dialog(), 3)
+                ->Bind(wxEVT_SET_FOCUS,
+                       [](wxFocusEvent& event)
+                       {
+                           event.Skip();
+                           dialog()->SetName("calculated");
+                       });
+            pressKey('C', wxMOD_ALT);
+        });
+    user.when(
+        "calculated", [] { return dialog()->GetName() == "calculated"; }, [] { pressKey(WXK_UP); });
+    user.when(
+        "the list has the focus again", [] { return list()->GetSelection() == 2; }, [] { pressKey('A', wxMOD_ALT); });
+    EXPECT_EQ(displayChipControlDialog(0, &set, metric), 1);
+}
+
+TEST(ChipControlDialog, KeepsTheDerivedQuantityUnderTheWheel)
+{
+    util::Parameterized set = operation();
+    WindowDriver user;
+    user.when("the dialog is up", dialogIsUp, [] { person().moveTo(Person::middleOf(list())); });
+    for (int turn = 0; turn < 3; ++turn)
+        user.then("wheel", [] { person().wheel(-1); });
+    press(user, WXK_TAB);
+    user.when(
+        "the wheel has been turned", [] { return edit(4001)->HasFocus() || list()->GetSelection() != 3; },
+        []
+        {
+            EXPECT_EQ(list()->GetSelection(), 3);
+            pressKey(WXK_ESCAPE);
+        });
     EXPECT_EQ(displayChipControlDialog(0, &set, metric), 2);
 }
 

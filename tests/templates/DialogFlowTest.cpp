@@ -279,8 +279,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
                       answer(1);
                   });
         user.when(
-            "back in the dialog", [] { return isReady("Find"); },
-            [time] { press("Find", time == 0 ? 1140 : 1); });
+            "back in the dialog", [] { return isReady("Find"); }, [time] { press("Find", time == 0 ? 1140 : 1); });
     }
     // Another dialog begins at the beginning.
     user.when(
