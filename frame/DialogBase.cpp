@@ -7,6 +7,7 @@
 #include "frame/ModalLoop.h"
 #include "frame/Toolkit.h"
 #include "frame/looks/VisualManager.h"
+#include "frame/native/FocusReturn.h"
 #include "frame/native/NativeToolkit.h"
 #include <tessaron/frame/DataExchange.h>
 #include <tessaron/frame/ResourceSet.h>
@@ -139,6 +140,7 @@ int DialogBase::ShowModal()
     WX_HOOK_MODAL_DIALOG();
     m_modal = true;
     m_modalResult = idCancel;
+    const native::FocusReturn focus;
     const wxWindowDisabler othersDisabled(this);
     if (GetParent())
         CentreOnParent();

@@ -130,13 +130,13 @@ std::vector<util::TemplateColumn> defaultTemplateColumns(int kind, bool titleVar
 }
 
 DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind, bool titleVariant,
-                                            util::TemplateInfo& info, TemplateUser& user)
+                                            util::TemplateInfo& info, TemplatePrompts& prompts)
 {
     util::TechnologyExpertData expertData;
     int code = util::getTechnologyExpertData(&expertData);
     if (code != status::ok)
     {
-        showStatus(user, code);
+        showStatus(prompts, code);
         return DefinitionsState::failed;
     }
     DefinitionsState state = DefinitionsState::loaded;
@@ -151,7 +151,7 @@ DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind,
     else if (code != status::ok)
         state = DefinitionsState::failed;
     if (code != status::ok)
-        showStatus(user, code);
+        showStatus(prompts, code);
     return state;
 }
 

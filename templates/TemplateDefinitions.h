@@ -1,7 +1,7 @@
 #ifndef TEMPLATES_TEMPLATEDEFINITIONS_H
 #define TEMPLATES_TEMPLATEDEFINITIONS_H
 
-#include "templates/TemplateUser.h"
+#include "templates/TemplatePrompts.h"
 #include <tessaron/engine/TechnologyExpertData.h>
 #include <tessaron/engine/TemplateInfo.h>
 
@@ -42,7 +42,7 @@ enum class DefinitionsState
 /// Loads the definitions from `folder` when the manager opens, and builds and stores the defaults at the first start.
 /// Every failure is shown to the user.
 DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind, bool titleVariant,
-                                            util::TemplateInfo& info, TemplateUser& user);
+                                            util::TemplateInfo& info, TemplatePrompts& prompts);
 
 } // namespace TessaronResources
 

@@ -1,5 +1,6 @@
 #include "frame/ModalLoop.h"
 #include "frame/Toolkit.h"
+#include "frame/native/FocusReturn.h"
 #include "templates/TemplateManagerFormView.h"
 #include "templates/TemplateManagerFrameWnd.h"
 #include <tessaron/frame/EntryPoints.h>
@@ -21,7 +22,7 @@ constexpr int notFinished = -1;
 constexpr int quit = 0;
 constexpr int noWindow = 2;
 
-// Keeps the user out of the host's windows while the manager is up, and lets him in again on every way out.
+// Disables the host's windows while the manager is up, and enables them again on every way out.
 class OwnerLock
 {
 public:
@@ -63,6 +64,7 @@ int runTemplateManager(wxWindow* parent, const TemplateManagerInputs& inputs)
         return noWindow;
     wxWindow* const owner = parent ? parent : wxTheApp->GetTopWindow();
     int slot = notFinished;
+    const native::FocusReturn focus;
     const std::unique_ptr<TemplateManagerFrameWnd, DestroyFrame> frame(new TemplateManagerFrameWnd(owner, inputs));
     OwnerLock lock(owner, frame.get());
     // Messages of the set-up appear while the host's windows are locked already.

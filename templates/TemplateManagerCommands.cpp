@@ -21,9 +21,9 @@ constexpr int acceptId = 1;
 
 } // namespace
 
-TemplateManagerCommands::TemplateManagerCommands(wxFrame& frame, TemplateSession& session, TemplateWindowUser& user,
-                                                 std::string homeFolder)
-    : m_frame(frame), m_session(session), m_user(user), m_homeFolder(std::move(homeFolder))
+TemplateManagerCommands::TemplateManagerCommands(wxFrame& frame, TemplateSession& session,
+                                                 TemplateWindowPrompts& prompts, std::string homeFolder)
+    : m_frame(frame), m_session(session), m_prompts(prompts), m_homeFolder(std::move(homeFolder))
 {
 }
 
@@ -51,10 +51,10 @@ bool TemplateManagerCommands::run(int command)
         exportTemplates();
         return true;
     case templateCommand::sortAZ:
-        m_user.showError(translated("Sorting A-Z is not implemented yet."));
+        m_prompts.showError(translated("Sorting A-Z is not implemented yet."));
         return true;
     case templateCommand::sortZA:
-        m_user.showError(translated("Sorting Z-A is not implemented yet."));
+        m_prompts.showError(translated("Sorting Z-A is not implemented yet."));
         return true;
     default:
         return false;
@@ -94,8 +94,8 @@ void TemplateManagerCommands::deleteByKey()
 {
     const std::size_t count = m_grid->selectedRows().size();
     if (count > 0 &&
-        m_user.askOkCancel(count == 1 ? translated("Delete the selected template?")
-                                      : translatedWith("Delete the %s selected templates?", std::to_string(count))))
+        m_prompts.askOkCancel(count == 1 ? translated("Delete the selected template?")
+                                         : translatedWith("Delete the %s selected templates?", std::to_string(count))))
         deleteSelected();
 }
 
@@ -190,7 +190,7 @@ void TemplateManagerCommands::searchNext(const std::string& text)
 {
     m_searched = text;
     if (m_grid->findNext(text) == TemplateFind::Result::notFound)
-        m_user.showError(translated(templateNotFoundText));
+        m_prompts.showError(translated(templateNotFoundText));
 }
 
 } // namespace TessaronResources

@@ -2,7 +2,7 @@
 #define TEMPLATES_TEMPLATEMANAGERCOMMANDS_H
 
 #include "templates/TemplateSession.h"
-#include "templates/TemplateWindowUser.h"
+#include "templates/TemplateWindowPrompts.h"
 #include "templates/grid/TemplateManagerGrid.h"
 
 #include <string>
@@ -18,7 +18,8 @@ class TemplateManagerCommands : public TemplateGridCommands
 {
 public:
     /// None is owned; all outlive the object. `homeFolder` is the template folder that the host names.
-    TemplateManagerCommands(wxFrame& frame, TemplateSession& session, TemplateWindowUser& user, std::string homeFolder);
+    TemplateManagerCommands(wxFrame& frame, TemplateSession& session, TemplateWindowPrompts& prompts,
+                            std::string homeFolder);
 
     /// To be given before the first command.
     void setGrid(TemplateManagerGrid& grid) { m_grid = &grid; }
@@ -33,11 +34,12 @@ public:
     /// Stores the definitions with the heading height and the window's size.
     void storeLayout() { storeLayout(m_changed); }
 
+    void find();
+    void findAgain();
+
     void deleteSelected() override;
     void deleteByKey() override;
     void configureColumns() override;
-    void find() override;
-    void findAgain() override;
     void columnsChanged() override;
 
 private:
@@ -50,7 +52,7 @@ private:
 
     wxFrame& m_frame;
     TemplateSession& m_session;
-    TemplateWindowUser& m_user;
+    TemplateWindowPrompts& m_prompts;
     std::string m_homeFolder;
     TemplateManagerGrid* m_grid = nullptr;
     bool m_changed = false;

@@ -8,13 +8,14 @@
 #include "templates/TemplateManagerFrameWnd.h"
 #include "templates/TemplateManagerIds.h"
 #include "templates/dialogs/SaveOperationTemplateDialog.h"
-#include "templates/grid/GridPlace.h"
+#include "templates/grid/GridSetup.h"
 #include <tessaron/frame/ResourceSet.h>
 
 #include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/textctrl.h>
 
+#include <optional>
 #include <utility>
 
 namespace TessaronResources
@@ -40,9 +41,9 @@ constexpr bool titleVariant = true;
 } // namespace
 
 TemplateManagerFormView::TemplateManagerFormView(wxFrame& frame, const TemplateManagerInputs& inputs)
-    : m_frame(frame), m_inputs(inputs), m_user(frame),
-      m_session(inputs.kind, inputs.selector, inputs.path, *inputs.current, m_user),
-      m_commands(frame, m_session, m_user, inputs.path)
+    : m_frame(frame), m_inputs(inputs), m_prompts(frame),
+      m_session(inputs.kind, inputs.selector, inputs.path, *inputs.current, m_prompts),
+      m_commands(frame, m_session, m_prompts, inputs.path)
 {
 }
 
@@ -75,7 +76,7 @@ bool TemplateManagerFormView::makeControls()
     m_commands.setGrid(*m_grid);
     // After the grid: the buttons follow its selection.
     m_session.addObserver(*this);
-    takeOverFrame(*m_grid, frameForGrid);
+    replacePlaceholder(*m_grid, frameForGrid);
     if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
     {
         for (int theme = 0; theme < visualThemeCount; ++theme)
@@ -190,12 +191,12 @@ bool TemplateManagerFormView::settleBeforeEnd()
 void TemplateManagerFormView::apply()
 {
     m_grid->finishEdit();
-    const std::vector<std::size_t> selected = m_grid->selectedRows();
-    if (selected.empty())
+    const std::optional<std::size_t> chosen = m_grid->chosenRow();
+    if (!chosen)
         finish(0);
     else
         finish(1,
-               [this, row = selected.front()]
+               [this, row = *chosen]
                {
                    if (m_inputs.result)
                        m_session.applyTemplate(row, *m_inputs.result);
@@ -241,6 +242,19 @@ bool TemplateManagerFormView::onCommand(int command)
     if (command != templateCommand::exit)
         return m_commands.run(command);
     finish(0);
+    return true;
+}
+
+bool TemplateManagerFormView::onKey(int key, int modifiers)
+{
+    if (!isRunning())
+        return false;
+    if (key == WXK_F3 && modifiers == wxMOD_NONE)
+        m_commands.findAgain();
+    else if (key == 'F' && modifiers == wxMOD_CONTROL)
+        m_commands.find();
+    else
+        return false;
     return true;
 }
 

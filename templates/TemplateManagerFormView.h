@@ -4,7 +4,7 @@
 #include "controls/ControlMover.h"
 #include "templates/TemplateManagerCommands.h"
 #include "templates/TemplateSession.h"
-#include "templates/TemplateWindowUser.h"
+#include "templates/TemplateWindowPrompts.h"
 
 #include <wx/panel.h>
 
@@ -56,6 +56,10 @@ public:
     /// \returns whether it is one.
     bool onCommand(int command);
 
+    /// Does what a key means anywhere in the window.
+    /// \returns whether it means something.
+    bool onKey(int key, int modifiers);
+
     const util::TemplateInfo& info() const { return m_session.info(); }
 
     /// The theme in force, a number of util::VisualTheme: the host's, or where the host leaves it open, the user's.
@@ -67,7 +71,7 @@ private:
     void rowsReordered(const std::vector<std::size_t>&) override {}
     void rowsEdited() override { updateButtons(); }
 
-    /// The user is not done yet. Events of his may still come when he is.
+    /// False once the window has a result; events may still arrive after that.
     bool isRunning() const { return m_slot && *m_slot == -1; }
     bool makeControls();
     void bindControls();
@@ -82,7 +86,7 @@ private:
 
     wxFrame& m_frame;
     TemplateManagerInputs m_inputs;
-    TemplateWindowUser m_user;
+    TemplateWindowPrompts m_prompts;
     TemplateSession m_session;
     TemplateManagerCommands m_commands;
     ControlMover m_mover;

@@ -81,9 +81,13 @@ void TemplateManagerFrameWnd::onClose(wxCloseEvent& event)
 
 void TemplateManagerFrameWnd::onCharHook(wxKeyEvent& event)
 {
-    if (event.GetKeyCode() == 'F' && event.GetModifiers() == wxMOD_ALT)
+    const int command =
+        event.GetModifiers() == wxMOD_ALT ? m_ribbon->commandOfAccessKey(event.GetKeyCode()) : wxID_NONE;
+    if (event.GetKeyCode() == WXK_F10 && event.GetModifiers() == wxMOD_NONE)
         m_ribbon->showApplicationMenu();
-    else
+    else if (command != wxID_NONE)
+        m_form->onCommand(command);
+    else if (!m_form->onKey(event.GetKeyCode(), event.GetModifiers()))
         event.Skip();
 }
 

@@ -53,9 +53,9 @@ std::string& lastSaveName()
 } // namespace
 
 TemplateSession::TemplateSession(int kind, int selector, std::string folder, util::Parameterized current,
-                                 TemplateUser& user)
+                                 TemplatePrompts& prompts)
     : m_kind(kind), m_selector(selector), m_homeFolder(std::move(folder)), m_folder(m_homeFolder),
-      m_current(std::move(current)), m_user(user)
+      m_current(std::move(current)), m_prompts(prompts)
 {
 }
 
@@ -68,7 +68,7 @@ void TemplateSession::notify(Notice notice)
 
 void TemplateSession::report(int code)
 {
-    showStatus(m_user, code);
+    showStatus(m_prompts, code);
 }
 
 DefinitionsState TemplateSession::open(bool titleVariant)
@@ -76,7 +76,7 @@ DefinitionsState TemplateSession::open(bool titleVariant)
     reloadKnownFolders();
     if (!m_knownFolders.empty() && isFolder(m_knownFolders.front()))
         m_folder = m_knownFolders.front();
-    m_definitionsState = prepareTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info, m_user);
+    m_definitionsState = prepareTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info, m_prompts);
     return m_definitionsState;
 }
 
@@ -127,7 +127,7 @@ void TemplateSession::reportListing(int code, const std::vector<util::FaultyTemp
             text += translatedWith("\n and %s more", std::to_string(paths.size() - named));
     }
     if (!text.empty())
-        m_user.showError(text);
+        m_prompts.showError(text);
 }
 
 bool TemplateSession::storeDefinitions(bool byUser)
@@ -209,12 +209,12 @@ std::string TemplateSession::proposeName()
 
 std::size_t TemplateSession::importTemplates()
 {
-    return TessaronResources::importTemplates(kindFolder(), m_user);
+    return TessaronResources::importTemplates(kindFolder(), m_prompts);
 }
 
 bool TemplateSession::exportTemplates(const std::vector<std::size_t>& rows)
 {
-    return TessaronResources::exportTemplates(m_rows, rows, m_user);
+    return TessaronResources::exportTemplates(m_rows, rows, m_prompts);
 }
 
 std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& rows)
@@ -247,7 +247,7 @@ bool TemplateSession::storeRow(std::size_t row)
     int code = util::saveTemplateFile(path, true, &set);
     if (code == status::templateNameDuplicated)
     {
-        if (!m_user.askOkCancelError(replaceQuestion(name)))
+        if (!m_prompts.askOkCancelError(replaceQuestion(name)))
             return false;
         code = util::saveTemplateFile(path, false, &set);
     }
@@ -273,7 +273,7 @@ bool TemplateSession::storeEdits()
 
 bool TemplateSession::settleEdits()
 {
-    return !m_rows.hasEdits() || !m_user.askOkCancel(translated(unsavedEditsText)) || storeEdits();
+    return !m_rows.hasEdits() || !m_prompts.askOkCancel(translated(unsavedEditsText)) || storeEdits();
 }
 
 void TemplateSession::applyTemplate(std::size_t row, util::Parameterized& result) const
@@ -305,7 +305,7 @@ bool TemplateSession::saveCurrent(const std::string& name, util::Parameterized* 
         report(code);
         return false;
     }
-    m_user.showMessage(translated("The template saved with name: ") + nameOf(set));
+    m_prompts.showMessage(translated("The template saved with name: ") + nameOf(set));
     if (result)
         *result = std::move(set);
     return true;
@@ -325,7 +325,7 @@ bool TemplateSession::saveCurrentAs(const std::function<bool(SaveAsAnswer& answe
         int code = util::saveTemplateFile(path, true, &set);
         if (code == status::templateNameDuplicated)
         {
-            if (!m_user.askOkCancel(replaceQuestion(answer.name)))
+            if (!m_prompts.askOkCancel(replaceQuestion(answer.name)))
                 continue;
             code = util::saveTemplateFile(path, false, &set);
         }

@@ -2,8 +2,8 @@
 #define TEMPLATES_TEMPLATESESSION_H
 
 #include "templates/TemplateDefinitions.h"
+#include "templates/TemplatePrompts.h"
 #include "templates/TemplateRows.h"
-#include "templates/TemplateUser.h"
 #include <tessaron/engine/TemplateInfo.h>
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/util/Parameterized.h>
@@ -39,8 +39,8 @@ class TemplateSession
 public:
     /// \param folder   the template folder that the host names; definitions and the list of known folders stay there
     /// \param current  the operation's parameters
-    /// \param user     outlives the session
-    TemplateSession(int kind, int selector, std::string folder, util::Parameterized current, TemplateUser& user);
+    /// \param prompts  outlives the session
+    TemplateSession(int kind, int selector, std::string folder, util::Parameterized current, TemplatePrompts& prompts);
 
     /// Observers are told in the order in which they were added. They are not owned, and no command is given after
     /// they are gone.
@@ -150,7 +150,7 @@ private:
     std::string m_homeFolder; ///< the host's
     std::string m_folder;
     util::Parameterized m_current;
-    TemplateUser& m_user;
+    TemplatePrompts& m_prompts;
 
     util::TemplateInfo m_info;
     DefinitionsState m_definitionsState = DefinitionsState::failed;

@@ -22,7 +22,7 @@ std::string folderOf(const std::string& path)
 }
 
 /// \returns whether the file could be read; if not, the user has been told.
-bool readFile(const std::string& path, std::vector<util::Parameterized>& templates, TemplateUser& user)
+bool readFile(const std::string& path, std::vector<util::Parameterized>& templates, TemplatePrompts& prompts)
 {
     const bool isSingle = path.ends_with(util::templateExtension);
     int code = status::ok;
@@ -37,31 +37,31 @@ bool readFile(const std::string& path, std::vector<util::Parameterized>& templat
     else
         code = util::loadTemplateArrayFile(path, &templates);
     if (code != status::ok)
-        showStatus(user, code, (isSingle ? translated("\n Template: ") : translated("\n Template Array: ")) + path);
+        showStatus(prompts, code, (isSingle ? translated("\n Template: ") : translated("\n Template Array: ")) + path);
     return code == status::ok;
 }
 
 } // namespace
 
-std::size_t importTemplates(const std::string& folder, TemplateUser& user)
+std::size_t importTemplates(const std::string& folder, TemplatePrompts& prompts)
 {
-    const std::vector<std::string> paths = user.chooseImportFiles(user.lastFolder());
+    const std::vector<std::string> paths = prompts.chooseImportFiles(prompts.lastFolder());
     if (paths.empty())
         return 0;
-    user.keepLastFolder(folderOf(paths.front()));
+    prompts.keepLastFolder(folderOf(paths.front()));
 
     std::size_t saved = 0;
     for (const std::string& path : paths)
     {
         std::vector<util::Parameterized> templates;
-        if (!readFile(path, templates, user))
+        if (!readFile(path, templates, prompts))
             continue;
         for (util::Parameterized& set : templates)
         {
             const std::string name = set.stringOr(util::keys::templateName, "");
             const int code = util::saveTemplateFile(util::templatePath(folder, name), false, &set);
             if (code != status::ok)
-                showStatus(user, code, translated("\n Template: ") + name);
+                showStatus(prompts, code, translated("\n Template: ") + name);
             else
                 ++saved;
         }
@@ -69,19 +69,19 @@ std::size_t importTemplates(const std::string& folder, TemplateUser& user)
     return saved;
 }
 
-bool exportTemplates(const TemplateRows& rows, const std::vector<std::size_t>& numbers, TemplateUser& user)
+bool exportTemplates(const TemplateRows& rows, const std::vector<std::size_t>& numbers, TemplatePrompts& prompts)
 {
-    const std::string path = user.chooseExportFile(user.lastFolder());
+    const std::string path = prompts.chooseExportFile(prompts.lastFolder());
     if (path.empty())
         return false;
-    user.keepLastFolder(folderOf(path));
+    prompts.keepLastFolder(folderOf(path));
     std::vector<util::Parameterized> templates;
     templates.reserve(numbers.size());
     for (const std::size_t row : numbers)
         templates.push_back(rows.at(row));
     const int code = util::saveTemplateArrayFile(path, templates);
     if (code != status::ok)
-        showStatus(user, code, translated("\n Template: ") + path);
+        showStatus(prompts, code, translated("\n Template: ") + path);
     return code == status::ok;
 }
 

@@ -4,8 +4,10 @@
 #include "templates/columns/CellNumber.h"
 #include "templates/columns/GridColumnInfo.h"
 #include "templates/columns/LocalTime.h"
+#include "util/text/Ascii.h"
 #include "util/text/FoldCase.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace TessaronResources
@@ -39,8 +41,8 @@ public:
         constexpr std::uint64_t anyTime = 1700000000;
         SearchHints hints;
         hints.isPossible =
-            !hasOneShape() ||
-            shape(util::foldCase(printLocalTime(anyTime, m_definition.format))).find(shape(wanted)) != std::string::npos;
+            !hasOneShape() || shape(util::foldCase(printLocalTime(anyTime, m_definition.format))).find(shape(wanted)) !=
+                                  std::string::npos;
         return hints;
     }
     /// A date is of no use without its end: where the column is too narrow, it is written smaller.
@@ -64,9 +66,7 @@ private:
     /// A text with each digit replaced by a zero.
     static std::string shape(std::string text)
     {
-        for (char& c : text)
-            if (c >= '0' && c <= '9')
-                c = '0';
+        std::replace_if(text.begin(), text.end(), util::isAsciiDigit, '0');
         return text;
     }
 };

@@ -2,7 +2,7 @@
 
 #include "frame/Translation.h"
 #include "templates/dialogs/TemplateSortGrid.h"
-#include "templates/grid/GridPlace.h"
+#include "templates/grid/GridSetup.h"
 
 #include <utility>
 
@@ -36,7 +36,7 @@ bool TemplateSortDialog::OnInitDialog()
 {
     DialogBase::OnInitDialog();
     m_grid = new TemplateSortGrid(this, gridId, m_levels);
-    takeOverFrame(*m_grid, control(gridId));
+    replacePlaceholder(*m_grid, control(gridId));
     setImage(upId, upBitmap, translatedLabel("Move level up"));
     setImage(downId, downBitmap, translatedLabel("Move level down"));
     Bind(

@@ -3,7 +3,7 @@
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/native/NativeToolkit.h"
-#include "templates/grid/GridPlace.h"
+#include "templates/grid/GridSetup.h"
 
 #include <algorithm>
 
@@ -48,7 +48,7 @@ TemplateSortGrid::TemplateSortGrid(wxWindow* parent, int id, TemplateSortLevels&
     SetDefaultCellAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
     SetLabelFont(GetFont());
     SetDefaultRenderer(new TemplateCellRenderer);
-    colourGrid(*this);
+    applyPalette(*this);
     Bind(wxEVT_GRID_CELL_CHANGED, &TemplateSortGrid::onChanged, this);
     Bind(wxEVT_GRID_CELL_LEFT_CLICK, &TemplateSortGrid::onClick, this);
     Bind(wxEVT_GRID_EDITOR_CREATED,

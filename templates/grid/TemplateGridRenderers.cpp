@@ -19,7 +19,7 @@ namespace
 
 constexpr int cellMargin = 4;
 
-const VisualPalette& look()
+const VisualPalette& palette()
 {
     return VisualManager::current().palette();
 }
@@ -35,7 +35,7 @@ void fill(wxDC& dc, const wxRect& rect, Rgb colour)
 void drawHeading(wxDC& dc, wxRect& rect, Rgb back)
 {
     fill(dc, rect, back);
-    dc.SetPen(wxPen(toColour(mixed(look().heading, look().border, 0.7))));
+    dc.SetPen(wxPen(toColour(mixed(palette().heading, palette().border, 0.7))));
     dc.DrawLine(rect.GetRight(), rect.GetTop(), rect.GetRight(), rect.GetBottom() + 1);
     dc.DrawLine(rect.GetLeft(), rect.GetBottom(), rect.GetRight() + 1, rect.GetBottom());
     rect.width -= 1;
@@ -82,7 +82,7 @@ void DcCellPainter::drawText(const std::string& text, double smallestScale)
     m_dc.SetFont(m_attr.GetFont());
     if (smallestScale < 1.0)
         fitFont(shown, inside.width, smallestScale);
-    m_dc.SetTextForeground(toColour(m_selected ? look().accentText : look().fieldText));
+    m_dc.SetTextForeground(toColour(m_selected ? palette().accentText : palette().fieldText));
     m_dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
     int horizontal = 0;
     int vertical = 0;
@@ -107,8 +107,8 @@ void DcCellPainter::drawMark(const std::vector<CellPoint>& corners, bool filled)
     std::vector<wxPoint> points;
     for (const CellPoint& corner : corners)
         points.emplace_back(corner.x, corner.y);
-    const Rgb colour = m_selected ? look().accentText : look().mark;
-    m_dc.SetPen(wxPen(toColour(m_selected ? colour : mixed(look().mark, look().field, 0.35))));
+    const Rgb colour = m_selected ? palette().accentText : palette().mark;
+    m_dc.SetPen(wxPen(toColour(m_selected ? colour : mixed(palette().mark, palette().field, 0.35))));
     m_dc.SetBrush(filled ? wxBrush(toColour(colour)) : *wxTRANSPARENT_BRUSH);
     m_dc.DrawPolygon(static_cast<int>(points.size()), points.data());
 }
@@ -123,7 +123,7 @@ CellArea cellArea(const wxWindow& grid, const wxRect& cell)
 void TemplateCellRenderer::Draw(wxGrid& grid, wxGridCellAttr& attr, wxDC& dc, const wxRect& rect, int row, int col,
                                 bool selected)
 {
-    fill(dc, rect, selected ? look().accent : row % 2 == 0 ? look().field : look().alternateField);
+    fill(dc, rect, selected ? palette().accent : row % 2 == 0 ? palette().field : palette().alternateField);
     DcCellPainter painter(grid, attr, dc, rect, selected);
     drawContent(painter, grid.GetCellValue(row, col).utf8_string());
 }
@@ -157,14 +157,14 @@ const wxGridRowHeaderRenderer& TemplateHeadings::GetRowHeaderRenderer(int row)
 
 void TemplateHeadings::ColumnHeading::DrawBorder(const wxGrid&, wxDC& dc, wxRect& rect) const
 {
-    drawHeading(dc, rect, m_state.backColour == util::TemplateInfo::noColour ? look().heading : m_state.backColour);
+    drawHeading(dc, rect, m_state.backColour == util::TemplateInfo::noColour ? palette().heading : m_state.backColour);
 }
 
 void TemplateHeadings::ColumnHeading::DrawLabel(const wxGrid& grid, wxDC& dc, const wxString& value, const wxRect& rect,
                                                 int, int, int) const
 {
     const bool ownColour = m_state.textColour != util::TemplateInfo::noColour;
-    const wxColour colour = toColour(ownColour ? m_state.textColour : look().headingText);
+    const wxColour colour = toColour(ownColour ? m_state.textColour : palette().headingText);
     if (m_column == m_state.sortColumn)
     {
         // Above the text, so that it takes none of its width.
@@ -185,7 +185,7 @@ void TemplateHeadings::ColumnHeading::DrawLabel(const wxGrid& grid, wxDC& dc, co
 
 void TemplateHeadings::RowHeading::DrawBorder(const wxGrid&, wxDC& dc, wxRect& rect) const
 {
-    drawHeading(dc, rect, look().heading);
+    drawHeading(dc, rect, palette().heading);
 }
 
 void TemplateHeadings::RowHeading::DrawLabel(const wxGrid& grid, wxDC& dc, const wxString&, const wxRect& rect, int,
@@ -196,15 +196,15 @@ void TemplateHeadings::RowHeading::DrawLabel(const wxGrid& grid, wxDC& dc, const
     // A pencil.
     const int edge = grid.FromDIP(5);
     const wxPoint middle(rect.x + rect.width / 2, rect.y + rect.height / 2);
-    dc.SetPen(wxPen(toColour(look().headingText), grid.FromDIP(3)));
+    dc.SetPen(wxPen(toColour(palette().headingText), grid.FromDIP(3)));
     dc.DrawLine(middle.x - edge + 2, middle.y + edge - 2, middle.x + edge, middle.y - edge);
-    dc.SetPen(wxPen(toColour(look().headingText), 1));
+    dc.SetPen(wxPen(toColour(palette().headingText), 1));
     dc.DrawLine(middle.x - edge, middle.y + edge, middle.x - edge + 3, middle.y + edge - 3);
 }
 
 void TemplateHeadings::Corner::DrawBorder(const wxGrid&, wxDC& dc, wxRect& rect) const
 {
-    drawHeading(dc, rect, look().heading);
+    drawHeading(dc, rect, palette().heading);
 }
 
 } // namespace TessaronResources

@@ -5,7 +5,7 @@
 #include "frame/native/NativeToolkit.h"
 #include "templates/columns/ColumnKinds.h"
 #include "templates/grid/GridFont.h"
-#include "templates/grid/GridPlace.h"
+#include "templates/grid/GridSetup.h"
 #include "templates/grid/GridSizing.h"
 #include "templates/grid/TemplateGridTable.h"
 
@@ -136,7 +136,7 @@ void TemplateManagerGrid::setUpColumn(const GridColumnPtr& column)
 void TemplateManagerGrid::applyLook()
 {
     finishEdit();
-    colourGrid(*this);
+    applyPalette(*this);
     wxFont font = gridFont(m_session.info().preferences.font);
     SetDefaultCellFont(font);
     SetLabelFont(font);
@@ -248,6 +248,15 @@ std::vector<std::size_t> TemplateManagerGrid::selectedRows() const
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     return rows;
+}
+
+std::optional<std::size_t> TemplateManagerGrid::chosenRow() const
+{
+    const int current = GetGridCursorRow();
+    if (current >= 0 && IsInSelection(current, nameColumn))
+        return static_cast<std::size_t>(current);
+    const std::vector<std::size_t> selected = selectedRows();
+    return selected.empty() ? std::nullopt : std::optional(selected.front());
 }
 
 void TemplateManagerGrid::select(const std::vector<bool>& selected)

@@ -104,8 +104,9 @@ int main(int argc, char** argv)
     const JobState cancel = (JobState)find(engine, "tessaronJobCancel");
 
     /* Also the id that says that a record follows no job yet, which nobody could change here. */
-    const int unknown[] = {show(123456789, "Unknown"), showTurning(123456789, NULL), showMulti(123456789),
-                           showMultiTurning(123456789), show(-1, "None"), showMulti(-1)};
+    const int unknown[] = {show(123456789, "Unknown"), showTurning(123456789, NULL),
+                           showMulti(123456789),       showMultiTurning(123456789),
+                           show(-1, "None"),           showMulti(-1)};
     char text[512] = "";
     const int job = start(argv[3], text, sizeof text);
     const int finished = job > 0 ? show(job, "Job") : job;

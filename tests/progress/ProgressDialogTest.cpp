@@ -118,7 +118,7 @@ TEST_P(ProgressDialogTest, EveryWayToCancelReturnsTwo)
         m_progress = boost::make_shared<ScriptedProgress>();
         WindowDriver user;
         user.when(
-            name, [&] { return m_progress->m_polls > 0 && topWindow() && topWindow()->IsShownOnScreen(); }, cancel);
+            name, [&] { return m_progress->m_polls > 0 && topWindow() && topWindow()->IsActive(); }, cancel);
         EXPECT_EQ(show(), 2) << name;
         EXPECT_EQ(m_progress->m_cancelRequests, 1) << name;
         EXPECT_TRUE(m_progress->m_lockFreeAtCancel) << name;

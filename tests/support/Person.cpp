@@ -29,9 +29,9 @@ int pixelScale()
     return display ? gdk_monitor_get_scale_factor(gdk_display_get_monitor(display, 0)) : 1;
 }
 
-KeySym keySymOf(wchar_t character)
+KeySym keySymOf(wxUniChar character)
 {
-    switch (character)
+    switch (character.GetValue())
     {
     case L'\n':
         return XK_Return;
@@ -39,7 +39,7 @@ KeySym keySymOf(wchar_t character)
         return XK_Tab;
     default:
         // Latin-1 characters are their own symbols; the others carry a mark.
-        return character < 0x100 ? static_cast<KeySym>(character) : static_cast<KeySym>(character) | 0x01000000;
+        return character.GetValue() < 0x100 ? character.GetValue() : character.GetValue() | 0x01000000;
     }
 }
 
@@ -203,7 +203,8 @@ void Person::key(const char* name, unsigned modifiers)
 
 void Person::text(std::string_view utf8)
 {
-    for (const wchar_t character : wxString::FromUTF8(utf8.data(), utf8.size()).ToStdWstring())
+    const wxString characters = wxString::FromUTF8(utf8.data(), utf8.size());
+    for (const wxUniChar character : characters)
         m_connection->key(keySymOf(character), none);
 }
 

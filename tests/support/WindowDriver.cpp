@@ -173,10 +173,24 @@ void pressKey(int key, int modifiers)
     person().key(named == names.end() ? letter.c_str() : named->second, held);
 }
 
+void waitFor(const std::string& name, const std::function<bool()>& condition)
+{
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!condition() && std::chrono::steady_clock::now() < deadline)
+        wxYield();
+    EXPECT_TRUE(condition()) << name << ": did not come in time";
+}
+
 bool menuIsUp()
 {
     GtkWidget* const grabbing = gtk_grab_get_current();
     return grabbing && GTK_IS_MENU(grabbing) && gtk_widget_get_mapped(grabbing);
+}
+
+bool takesKeys(wxWindow* window)
+{
+    return window && window->GetHandle() &&
+           gtk_window_is_active(static_cast<GtkWindow*>(static_cast<void*>(window->GetHandle())));
 }
 
 void markAllFiles(wxWindow* fileDialog)

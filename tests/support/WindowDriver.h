@@ -70,8 +70,15 @@ void type(const char* text);
 /// Presses a key by the toolkit's code.
 void pressKey(int key, int modifiers = 0);
 
+/// Keeps the windows alive until a condition holds, outside any call of the module. Fails the test when it does not in
+/// time.
+void waitFor(const std::string& name, const std::function<bool()>& condition);
+
 /// Whether a popup menu is open, which takes the keys.
 bool menuIsUp();
+
+/// Whether the window manager has given the keyboard to this top-level window, also one of the toolkit's own dialogs.
+bool takesKeys(wxWindow* window);
 
 /// Marks every file that the toolkit's open-file dialog lists.
 void markAllFiles(wxWindow* fileDialog);

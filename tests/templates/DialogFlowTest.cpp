@@ -24,7 +24,7 @@ public:
     template <class Dialog>
     static bool isUp()
     {
-        return dynamic_cast<Dialog*>(current) && current->IsShownOnScreen();
+        return dynamic_cast<Dialog*>(current) && takesKeys(current);
     }
 
 protected:
@@ -105,7 +105,7 @@ TEST_F(DialogFlowTest, SortsByTheLevelsOfTheDialog)
     WindowDriver user;
     user.when("the manager is up", atRest, [] { open(32801); });
     user.when(
-        "the sort dialog is up", [] { return isUp("Sort"); },
+        "the sort dialog is up", [] { return isReady("Sort"); },
         []
         {
             auto* const levels = control<wxGrid>("Sort", 1137);
@@ -191,7 +191,7 @@ TEST_F(DialogFlowTest, ColumnsAreChosenAndKept)
                   pressKey(WXK_RETURN);
               });
     user.when(
-        "the columns dialog is up", [] { return isUp("Columns"); },
+        "the columns dialog is up", [] { return isReady("Columns"); },
         []
         {
             auto* const list = control<wxCheckListBox>("Columns", 1138);
@@ -258,7 +258,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
     WindowDriver user;
     user.when("the manager is up", atRest, [] { open(32800); });
     user.when(
-        "the find dialog is up", [] { return isUp("Find"); },
+        "the find dialog is up", [] { return isReady("Find"); },
         []
         {
             control<wxComboBox>("Find", 1141)->SetValue("  GAMMA ");
@@ -280,8 +280,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
                       answer(1);
                   });
         user.when(
-            "back in the dialog", [] { return !messageIsUp() && isUp("Find"); },
-            [time] { press("Find", time == 0 ? 1140 : 1); });
+            "back in the dialog", [] { return isReady("Find"); }, [time] { press("Find", time == 0 ? 1140 : 1); });
     }
     // Another dialog begins at the beginning.
     user.when(
@@ -292,7 +291,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
             open(32800);
         });
     user.when(
-        "the find dialog is up again", [] { return isUp("Find"); },
+        "the find dialog is up again", [] { return isReady("Find"); },
         []
         {
             EXPECT_EQ(control<wxComboBox>("Find", 1141)->GetValue(), "GAMMA");
@@ -302,16 +301,11 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
     user.when(
         "it is found again", [] { return grid()->GetGridCursorRow() == 2; }, [] { press("Find", 1); });
     // The key goes on with the last text; of a text without further hits it says so.
-    user.when("closed", atRest,
-              []
-              {
-                  grid()->SetFocus();
-                  pressKey(WXK_F3);
-              });
+    user.when("closed", atRest, [] { pressKey(WXK_F3); });
     user.when("nothing more", messageIsUp, [] { answer(1); });
     user.when("the manager is back", atRest, [] { open(32800); });
     user.when(
-        "the find dialog is up", [] { return isUp("Find"); },
+        "the find dialog is up", [] { return isReady("Find"); },
         []
         {
             control<wxComboBox>("Find", 1141)->SetValue("ta");
@@ -328,15 +322,34 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
         "the first hit", [] { return grid()->GetGridCursorRow() == 0; }, [] { press("Find", 1); });
     for (const int row : {1, 2})
     {
-        user.when("at rest", atRest,
-                  []
-                  {
-                      grid()->SetFocus();
-                      pressKey(WXK_F3);
-                  });
+        user.when("at rest", atRest, [] { pressKey(WXK_F3); });
         user.when("the next hit", [row] { return grid()->GetGridCursorRow() == row; });
     }
     user.then("close", [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
+TEST_F(DialogFlowTest, FindGoesOnAfterItFoundNothing)
+{
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { pressKey('F', wxMOD_CONTROL); });
+    for (const char* const text : {"nowhere", "Gamma"})
+        user.when(
+                "the dialog waits for a text", [] { return isReady("Find"); },
+                [text]
+                {
+                    pressKey('A', wxMOD_CONTROL);
+                    type(text);
+                    pressKey(WXK_RETURN);
+                })
+            .when(
+                "the answer",
+                [found = std::string(text) == "Gamma"]
+                { return found ? grid()->GetGridCursorRow() == 2 : messageIsUp(); },
+                [found = std::string(text) == "Gamma"] { pressKey(found ? WXK_ESCAPE : WXK_RETURN); });
+    user.when("at rest", atRest, [] { pressKey(WXK_F3); });
+    user.when("no more", messageIsUp, [] { pressKey(WXK_RETURN); });
+    user.when("at rest again", atRest, [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
 }
 
@@ -345,7 +358,7 @@ TEST_F(DialogFlowTest, PreferencesFilterAtOnceAndSurviveARestart)
     WindowDriver user;
     user.when("the manager is up", atRest, [] { open(32797); });
     user.when(
-        "the preferences are up", [] { return isUp("Template Preferences"); },
+        "the preferences are up", [] { return isReady("Template Preferences"); },
         [this]
         {
             EXPECT_EQ(control<wxTextCtrl>("Template Preferences", 1153)->GetValue(), folder());
@@ -371,7 +384,7 @@ TEST_F(DialogFlowTest, PreferencesFilterAtOnceAndSurviveARestart)
                   open(32797);
               });
     user.when(
-        "the preferences are up", [] { return isUp("Template Preferences"); },
+        "the preferences are up", [] { return isReady("Template Preferences"); },
         []
         {
             EXPECT_TRUE(control<wxCheckBox>("Template Preferences", 1042)->GetValue());
@@ -394,14 +407,16 @@ TEST_F(DialogFlowTest, FolderAndFontAreChosenAndResetToTheHostsAndTheSystems)
 {
     const ToolkitDialog hook;
     const std::filesystem::path other = m_folder / "other place";
-    std::filesystem::create_directories(other / "tessaron");
+    // Of a single folder in it the dialog would complete the name, and take that one.
+    for (const char* const kind : {"tessaron", "orrimant"})
+        std::filesystem::create_directories(other / kind);
     std::filesystem::copy_file(util::templatePath(kindFolder(), "Beta.vtmpl"), other / "tessaron" / "Beta.vtmpl");
     constexpr const char* title = "Template Preferences";
     wxString systemFont;
     WindowDriver user;
     user.when("the manager is up", atRest, [] { open(32797); });
     user.when(
-        "the preferences are up", [] { return isUp(title); },
+        "the preferences are up", [] { return isReady(title); },
         [&]
         {
             systemFont = text(title, 1157);
@@ -413,7 +428,7 @@ TEST_F(DialogFlowTest, FolderAndFontAreChosenAndResetToTheHostsAndTheSystems)
         "the folder is chosen",
         [&, ticks = 0]() mutable
         {
-            if (ToolkitDialog::current && ++ticks % 30 == 0)
+            if (ToolkitDialog::isUp<wxDirDialog>() && ++ticks % 30 == 0)
                 wxTheApp->CallAfter([] { pressKey(WXK_RETURN); });
             return !ToolkitDialog::current && text(title, 1153) == other.string();
         },
@@ -438,7 +453,7 @@ TEST_F(DialogFlowTest, FolderAndFontAreChosenAndResetToTheHostsAndTheSystems)
     user.when(
         "after a restart", [] { return atRest() && grid()->GetNumberRows() == 1; }, [] { open(32797); });
     user.when(
-        "the preferences are up", [] { return isUp(title); },
+        "the preferences are up", [] { return isReady(title); },
         [&]
         {
             EXPECT_TRUE(text(title, 1157).Contains("17"));
@@ -490,7 +505,8 @@ TEST_F(DialogFlowTest, EveryDialogIsPaintedInTheLookInForceAlsoAfterASwitch)
             user.when("the window is at rest", atRest, [id = dialog.command] { open(id); });
             user.when(
                 std::string(dialog.title) + " is painted",
-                [title = dialog.title] { return isUp(title) && cornerColour(windowTitled(title)) == darkBackground; },
+                [title = dialog.title]
+                { return isReady(title) && cornerColour(windowTitled(title)) == darkBackground; },
                 [dialog]
                 {
                     EXPECT_LT(lightShare(windowTitled(dialog.title)), 0.1) << dialog.title;

@@ -40,6 +40,8 @@ protected:
         m_current.set(util::keys::feedrate, 800.0);
         m_owner = new wxFrame(nullptr, wxID_ANY, "owner");
         m_owner->Show();
+        // A host has been in use for a while when it calls; a window that it opens at once may not get the keys.
+        waitFor("the host's window has the keys", [this] { return takesKeys(m_owner); });
     }
 
     ~ManagerTest() override
@@ -97,7 +99,7 @@ protected:
     }
 
     static wxTopLevelWindow* manager() { return windowTitled(managerTitle); }
-    static bool managerIsUp() { return manager() && manager()->IsShownOnScreen(); }
+    static bool managerIsUp() { return manager() && manager()->IsShownOnScreen() && takesKeys(manager()); }
     static wxGrid* grid() { return dynamic_cast<wxGrid*>(manager() ? manager()->FindWindow(1127) : nullptr); }
     static void clickManager(int id) { click(child(manager(), id)); }
 
@@ -163,8 +165,16 @@ protected:
     }
 
     static bool isUp(const wxString& title) { return windowTitled(title) && windowTitled(title)->IsShownOnScreen(); }
-    /// The manager is up, with no dialog over it.
-    static bool atRest() { return managerIsUp() && manager()->IsEnabled() && topWindow() == manager(); }
+    /// The window is where the window manager puts it, and takes keys and clicks.
+    static bool isReady(const wxString& title)
+    {
+        return isUp(title) && windowTitled(title)->IsEnabled() && takesKeys(windowTitled(title));
+    }
+    /// The manager is up and takes the keys, with no dialog over it.
+    static bool atRest()
+    {
+        return managerIsUp() && manager()->IsEnabled() && topWindow() == manager() && takesKeys(manager());
+    }
 
     /// Gives a command from within the manager's own loop, so that it may open a dialog.
     static void open(int id)
@@ -178,7 +188,7 @@ protected:
         manager()->GetEventHandler()->ProcessEvent(event);
     }
 
-    static bool messageIsUp() { return windowTitled("Template Manager") != nullptr; }
+    static bool messageIsUp() { return isReady("Template Manager"); }
     static wxString message() { return child(windowTitled("Template Manager"), 10)->GetLabel(); }
     static void answer(int id) { click(child(windowTitled("Template Manager"), id)); }
 

@@ -13,7 +13,7 @@ constexpr const char* saveAsTitle = "Save Operation Template As";
 class SaveModeTest : public ManagerTest
 {
 protected:
-    static bool saveAsIsUp() { return windowTitled(saveAsTitle) && windowTitled(saveAsTitle)->IsShownOnScreen(); }
+    static bool saveAsIsUp() { return isReady(saveAsTitle); }
     static wxComboBox* name() { return dynamic_cast<wxComboBox*>(child(windowTitled(saveAsTitle), 1158)); }
     static void accept(const char* text)
     {
@@ -64,7 +64,7 @@ TEST_F(SaveModeTest, AsksBeforeATemplateIsReplaced)
                   answer(2);
               });
     user.when(
-        "the save-as dialog is there again", [] { return !messageIsUp() && saveAsIsUp(); }, [] { accept("Beta"); });
+        "the save-as dialog is there again", [] { return saveAsIsUp(); }, [] { accept("Beta"); });
     user.when("the question again", messageIsUp, [] { answer(1); });
     EXPECT_EQ(save(), 1);
     EXPECT_EQ(storedNames(), (std::vector<std::string>{"Alpha", "Beta", "Gamma"}));
@@ -92,7 +92,7 @@ TEST_F(SaveModeTest, TheFormSavesUnderAGeneratedName)
     WindowDriver user;
     user.when("the save-as dialog is up", saveAsIsUp, cancelSaveAs);
     user.when(
-        "the manager", [] { return !windowTitled(saveAsTitle) && managerIsUp() && manager()->IsEnabled(); },
+        "the manager", [] { return atRest(); },
         []
         {
             EXPECT_EQ(child(manager(), 1)->GetLabel(), "Save");

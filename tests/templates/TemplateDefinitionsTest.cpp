@@ -1,12 +1,15 @@
 #include "templates/TemplateDefinitions.h"
 
 #include "templates/TemplateMatch.h"
+#include "templates/columns/ColumnKinds.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/util/Keys.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <map>
+#include <set>
 
 namespace type = util::templateColumnType;
 namespace keys = util::keys;
@@ -28,83 +31,65 @@ util::TechnologyExpertData makeExpertData()
     return data;
 }
 
-/// A column in one line: title, key, type, format, width and the first option.
-std::string line(const util::TemplateColumn& column)
+typedef std::vector<util::TemplateColumn> Columns;
+
+Columns columnsOf(int kind, bool titleVariant)
 {
-    return column.title + "|" + column.key + "|" + std::to_string(column.type) + "|" + column.format + "|" +
-           std::to_string(column.width) + "|" + (column.options.empty() ? "" : column.options.front().second) +
-           (column.shown && column.offered ? "" : "|hidden");
+    return defaultTemplateColumns(kind, titleVariant, makeExpertData());
 }
 
-std::vector<std::string> lines(int kind, bool titleVariant)
+TEST(DefaultColumns, EveryColumnShowsWhatItsTemplateHolds)
 {
-    std::vector<std::string> result;
-    for (const util::TemplateColumn& column : defaultTemplateColumns(kind, titleVariant, makeExpertData()))
-        result.push_back(line(column));
-    return result;
+    for (const int kind : {operationKind::milling, operationKind::turning})
+        for (const bool titleVariant : {true, false})
+        {
+            const Columns columns = columnsOf(kind, titleVariant);
+            EXPECT_EQ(columns.size(), kind == operationKind::milling ? 26U : 9U);
+            EXPECT_EQ(columns.front().key, std::string(keys::templateName)) << "the first column is never hidden";
+            std::set<std::string> different;
+            for (const util::TemplateColumn& column : columns)
+            {
+                SCOPED_TRACE(column.title);
+                EXPECT_TRUE(column.shown && column.offered);
+                EXPECT_TRUE(different.insert(column.key).second && different.insert("title " + column.title).second);
+                EXPECT_EQ(column.options.empty(), column.type != type::list);
+                util::Parameterized set;
+                if (column.type == type::text || column.type == type::date)
+                    set.set(column.key, std::string("1700000000"));
+                else
+                    set.set(column.key, column.options.empty() ? 4 : column.options.front().first);
+                EXPECT_NE(makeGridColumn(column, true)->format(set), "");
+            }
+        }
+    EXPECT_TRUE(columnsOf(2, true).empty());
 }
 
-// Written out a second time on purpose: users and hosts rely on every word of it.
-const std::vector<std::string> milling = {
-    "Name|Template Name|30|%s|96|",
-    "Part Material|Part Material Type|50|%d|96|material",
-    "Material|Material|30|%s|96|",
-    "Hardness|Part Material Hardness|20|%g|96|",
-    "Tool Diameter|Tool Diameter|20|%g|96|",
-    "Tool Corner Radius|Tool Corner Radius|20|%g|96|",
-    "Tool Num Flutes|Tool Num Flutes|10|%d|96|",
-    "Tool Length of Cut|Tool Length of Cut|20|%g|96|",
-    "High Feed Rate|High Feedrate|20|%g|96|",
-    "Tool Stick Out Length|Tool Stick Out Length|20|%g|96|",
-    "Tool Holder|Tool Holder Type|50|%d|96|holder",
-    "Machine Tool|Machine Tool|30|%s|96|",
-    "Description|Template Description|30|%s|128|",
-    "Comments|Template Comments|30|%s|128|",
-    "Machine Taper|Machine Taper Type|50|%d|96|taper",
-    "Hardness Scale|Part Material Hardness Type|50|%d|96|scale",
-    "Part Holding|Part Holding Type|50|%d|96|holding",
-    "Tool Coating|Tool Coating Type|50|%d|96|coating",
-    "Recommendations|Aggressiveness Type|50|%d|156|aggressiveness",
-    "XY Rapid Feed Rate|XY Rapid Feed Rate|20|%g|96|",
-    "Z Rapid Feed Rate|Z Rapid Feed Rate|20|%g|96|",
-    "Maximum Spindle Speed|Maximum Spindle Speed|10|%d|96|",
-    "Maximum Feed Rate|Maximum Feedrate|20|%g|96|",
-    "Date Modified|Template Date Modified|40|%Y-%m-%d %H:%M:%S|130|",
-    "Date Created|Template Date Created|40|%Y-%m-%d %H:%M:%S|130|",
-    "Rating|Template Rating|60|%g|96|",
-};
-
-TEST(DefaultColumns, MillingWithTheTitleVariant)
+TEST(DefaultColumns, ListsOfferTheirOwnPartOfTheExpertData)
 {
-    EXPECT_EQ(lines(operationKind::milling, true), milling);
+    std::map<std::string, std::string> offered;
+    for (const util::TemplateColumn& column : columnsOf(operationKind::milling, true))
+        if (!column.options.empty())
+            offered[column.key] = column.options.front().second;
+    EXPECT_EQ(offered, (std::map<std::string, std::string>{{keys::partMaterialType, "material"},
+                                                           {keys::partMaterialHardnessType, "scale"},
+                                                           {keys::partHoldingType, "holding"},
+                                                           {keys::toolCoatingType, "coating"},
+                                                           {keys::machineTaperType, "taper"},
+                                                           {keys::toolHolderType, "holder"},
+                                                           {keys::aggressivenessType, "aggressiveness"}}));
 }
 
-TEST(DefaultColumns, MillingWithoutTheTitleVariantDiffersInFourRows)
+TEST(DefaultColumns, TheTitleVariantDiffersInFourColumnsOfMilling)
 {
-    std::vector<std::string> expected = milling;
-    expected[5] = "Tool Lower Radius|Tool Corner Radius|20|%g|96|";
-    expected[6] = "Flutes|Tool Num Flutes|10|%d|96|";
-    expected[7] = "Flute Length|Tool Flut Length|20|%g|96|";
-    expected[8] = "Traversal Rate|High Feedrate|20|%g|96|";
-    EXPECT_EQ(lines(operationKind::milling, false), expected);
-}
-
-TEST(DefaultColumns, Turning)
-{
-    const std::vector<std::string> expected = {
-        "Name|Template Name|30|%s|96|",
-        "Insert Shape|Tool Insert Shape|30|%s|96|",
-        "Nose Radius|Tool Nose Radius|20|%g|96|",
-        "Machine Tool|Machine Tool|30|%s|96|",
-        "Description|Template Description|30|%s|128|",
-        "Comments|Template Comments|30|%s|128|",
-        "Date Modified|Template Date Modified|40|%Y-%m-%d %H:%M:%S|130|",
-        "Date Created|Template Date Created|40|%Y-%m-%d %H:%M:%S|130|",
-        "Rating|Template Rating|60|%g|96|",
-    };
-    EXPECT_EQ(lines(operationKind::turning, true), expected);
-    EXPECT_EQ(lines(operationKind::turning, false), expected);
-    EXPECT_TRUE(lines(2, true).empty());
+    const Columns longTitles = columnsOf(operationKind::milling, true);
+    const Columns shortTitles = columnsOf(operationKind::milling, false);
+    std::vector<std::string> different;
+    for (std::size_t i = 0; i < longTitles.size(); ++i)
+        if (longTitles[i] != shortTitles[i])
+            different.push_back(shortTitles[i].title + ": " + shortTitles[i].key);
+    EXPECT_EQ(different, (std::vector<std::string>{"Tool Lower Radius: Tool Corner Radius", "Flutes: Tool Num Flutes",
+                                                   "Flute Length: Tool Flut Length", "Traversal Rate: High Feedrate"}));
+    EXPECT_EQ(columnsOf(operationKind::turning, true), columnsOf(operationKind::turning, false));
 }
 
 TEST(TemplateKinds, HaveTheirWords)

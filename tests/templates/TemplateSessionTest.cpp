@@ -22,8 +22,8 @@ namespace
 const std::string writeError = "Error writing Template file.";
 const std::string formatError = "Template file format error.";
 
-/// A user who notes what is said, and answers as told before.
-class ScriptedUser : public TemplateUser
+/// Notes what the user is told, and answers as set before.
+class ScriptedPrompts : public TemplatePrompts
 {
 public:
     void showError(const std::string& text) override { said.push_back("error: " + text); }
@@ -43,7 +43,7 @@ public:
     std::string lastFolder() override { return folderSetting; }
     void keepLastFolder(const std::string& folder) override { folderSetting = folder; }
 
-    std::vector<std::string> take() { return std::exchange(said, {}); }
+    std::vector<std::string> takeMessages() { return std::exchange(said, {}); }
 
     bool nextAnswer = false;
     std::vector<std::string> importFiles;
@@ -119,7 +119,7 @@ protected:
     }
 
     TemporaryFolder home;
-    ScriptedUser user;
+    ScriptedPrompts user;
     TemplateSession session;
     std::vector<GridColumnPtr> columns;
 };
@@ -132,15 +132,15 @@ TEST_F(TemplateSessionTest, FaultyFilesAreNamedOnceAndHideNothing)
     spoil("b.vtmpl");
     spoil("a.vtmpl");
     EXPECT_THAT(names(), ElementsAre("good"));
-    EXPECT_THAT(user.take(), ElementsAre("error: " + formatError + named("a.vtmpl") + named("b.vtmpl")));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + formatError + named("a.vtmpl") + named("b.vtmpl")));
     spoil("c.vtmpl");
     std::filesystem::remove(kindPath("a.vtmpl"));
     EXPECT_THAT(names(), ElementsAre("good"));
-    EXPECT_THAT(user.take(), ElementsAre("error: " + formatError + named("c.vtmpl")));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + formatError + named("c.vtmpl")));
     spoil("a.vtmpl");
     session.fill();
     session.fill();
-    EXPECT_THAT(user.take(), ElementsAre("error: " + formatError + named("a.vtmpl")));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + formatError + named("a.vtmpl")));
 
     for (int i = 0; i < 100; ++i)
         spoil("x" + std::to_string(100 + i) + ".vtmpl");
@@ -148,12 +148,12 @@ TEST_F(TemplateSessionTest, FaultyFilesAreNamedOnceAndHideNothing)
     ASSERT_EQ(user.said.size(), 1U);
     EXPECT_THAT(user.said[0], testing::HasSubstr(named("x110.vtmpl") + "\n and 89 more"));
     EXPECT_THAT(names(), ElementsAre("good"));
-    user.take();
+    user.takeMessages();
 
     blockFolder();
     session.fill();
     session.fill();
-    EXPECT_THAT(user.take(), ElementsAre("error: Error reading Template file."));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Error reading Template file."));
 }
 
 TEST_F(TemplateSessionTest, FirstStartMakesTheDefinitionsOnce)
@@ -185,7 +185,7 @@ TEST_F(TemplateSessionTest, DamagedDefinitionsAreReportedAndNotOverwrittenUnaske
     writeBytes(path, "damaged");
     TemplateSession again(operationKind::milling, 0, home.path(), {}, user);
     EXPECT_EQ(again.open(true), DefinitionsState::failed);
-    EXPECT_THAT(user.take(), ElementsAre("error: " + formatError));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + formatError));
     EXPECT_FALSE(again.storeDefinitions(false));
     EXPECT_FALSE(again.storeDefinitions(true)) << "there are no columns to store";
     EXPECT_EQ(readBytes(path), "damaged");
@@ -199,12 +199,12 @@ TEST_F(TemplateSessionTest, DefinitionsThatCannotBeStoredAreReported)
     writeBytes(home / "file", "");
     TemplateSession blocked(operationKind::milling, 0, home / "file", {}, user);
     EXPECT_EQ(blocked.open(true), DefinitionsState::failed);
-    user.take();
+    user.takeMessages();
     session.info().columns.resize(1);
     std::filesystem::remove_all(home.path());
     writeBytes(home.path(), "");
     EXPECT_FALSE(session.storeDefinitions(true));
-    EXPECT_THAT(user.take(), ElementsAre("error: " + writeError));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + writeError));
 }
 
 TEST_F(TemplateSessionTest, PreferencesAndFolderSurviveARestart)
@@ -248,7 +248,7 @@ TEST_F(TemplateSessionTest, FolderListThatCannotBeReadIsReported)
 {
     writeBytes(home / "template_folders.xml", "damaged");
     session.reloadKnownFolders();
-    EXPECT_THAT(user.take(), ElementsAre("error: " + formatError));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + formatError));
 }
 
 TEST_F(TemplateSessionTest, ProposesTheFirstFreeName)
@@ -259,7 +259,7 @@ TEST_F(TemplateSessionTest, ProposesTheFirstFreeName)
     EXPECT_THAT(user.said, IsEmpty());
     blockFolder();
     EXPECT_EQ(session.proposeName(), "TEMPL");
-    EXPECT_THAT(user.take(), ElementsAre("error: Error reading Template file."));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Error reading Template file."));
 }
 
 TEST_F(TemplateSessionTest, ImportTakesWhatItCanAndNamesWhatItCannot)
@@ -284,7 +284,7 @@ TEST_F(TemplateSessionTest, ImportTakesWhatItCanAndNamesWhatItCannot)
     for (const char* const file : {"bad.vtmpl", "one.vtmpl", "folder.vtmpl", "bad.xml", "nameless.xml", "upper.VTMPL"})
         user.importFiles.push_back(outside / file);
     EXPECT_EQ(session.importTemplates(), 2U);
-    EXPECT_THAT(user.take(),
+    EXPECT_THAT(user.takeMessages(),
                 ElementsAre("error: " + formatError + "\n Template: " + (outside / "bad.vtmpl"),
                             "error: Error reading Template file.\n Template: " + (outside / "folder.vtmpl"),
                             "error: " + formatError + "\n Template Array: " + (outside / "bad.xml"),
@@ -308,7 +308,7 @@ TEST_F(TemplateSessionTest, ImportTakesWhatItCanAndNamesWhatItCannot)
     user.importFiles = {outside / "one.vtmpl"};
     blockFolder();
     EXPECT_EQ(session.importTemplates(), 0U);
-    EXPECT_THAT(user.take(), ElementsAre("error: " + writeError + "\n Template: a"));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + writeError + "\n Template: a"));
 }
 
 TEST_F(TemplateSessionTest, ExportWritesRowsInTheirOrderOrSaysWhyNot)
@@ -324,7 +324,7 @@ TEST_F(TemplateSessionTest, ExportWritesRowsInTheirOrderOrSaysWhyNot)
     EXPECT_EQ(user.folderSetting, home.path());
     user.exportFile = home / "no/such/out.vtmpl";
     EXPECT_FALSE(session.exportTemplates({0}));
-    EXPECT_THAT(user.take(), ElementsAre("error: " + writeError + "\n Template: " + user.exportFile));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + writeError + "\n Template: " + user.exportFile));
 }
 
 TEST_F(TemplateSessionTest, DeleteGoesByWhatIsStoredAndNotByEdits)
@@ -333,7 +333,7 @@ TEST_F(TemplateSessionTest, DeleteGoesByWhatIsStoredAndNotByEdits)
     edit(0, keys::templateName, "c");
     EXPECT_EQ(session.deleteTemplates({0, 1}), 2U);
     EXPECT_EQ(session.deleteTemplates({1}), 0U);
-    EXPECT_THAT(user.take(), ElementsAre("error: Error reading Template file."));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Error reading Template file."));
     EXPECT_THAT(names(), ElementsAre("c"));
 }
 
@@ -346,12 +346,12 @@ TEST_F(TemplateSessionTest, StoringEditsAsksBeforeItReplaces)
 
     user.nextAnswer = false;
     EXPECT_FALSE(session.storeEdits());
-    EXPECT_THAT(user.take(), ElementsAre("error question: a already exists. Do you want to replace it?"));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error question: a already exists. Do you want to replace it?"));
     EXPECT_EQ(session.rows().editedRows(), std::vector<std::size_t>{0}) << "what was not replaced stays edited";
 
     user.nextAnswer = true;
     EXPECT_TRUE(session.storeEdits());
-    EXPECT_EQ(user.take().size(), 1U);
+    EXPECT_EQ(user.takeMessages().size(), 1U);
     EXPECT_THAT(names(), ElementsAre("a", "b", "new"));
     EXPECT_EQ(session.rows().at(0).numberOr(keys::toolDiameter, 0), 77.0);
     EXPECT_EQ(session.rows().at(0).at(keys::templateGuid), before.at(keys::templateGuid));
@@ -367,18 +367,18 @@ TEST_F(TemplateSessionTest, FailedStoreKeepsTheEdits)
     edit(1, keys::toolDiameter, "5");
     user.nextAnswer = true;
     EXPECT_FALSE(session.storeEdits());
-    EXPECT_THAT(user.take(), ElementsAre("error: Template file name is missing.",
-                                         "error question: b already exists. Do you want to replace it?"));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Template file name is missing.",
+                                                 "error question: b already exists. Do you want to replace it?"));
     EXPECT_EQ(session.rows().editedRows(), std::vector<std::size_t>{0});
     blockFolder();
     edit(0, keys::templateName, "x");
     EXPECT_FALSE(session.settleEdits());
-    EXPECT_THAT(user.take(), ElementsAre(testing::StartsWith("question: "), "error: " + writeError));
+    EXPECT_THAT(user.takeMessages(), ElementsAre(testing::StartsWith("question: "), "error: " + writeError));
     EXPECT_TRUE(session.rows().hasEdits());
     user.nextAnswer = false;
     EXPECT_TRUE(session.settleEdits()) << "given up";
     edit(0, keys::templateName, "a");
-    user.take();
+    user.takeMessages();
     EXPECT_TRUE(session.settleEdits());
     EXPECT_THAT(user.said, IsEmpty());
 }
@@ -395,7 +395,7 @@ TEST_F(TemplateSessionTest, ObserversHearOfEveryChangeOfTheRows)
             note("reordered " + std::to_string(order.front()));
         }
         void rowsEdited() override { note("edited"); }
-        std::string take() { return std::exchange(m_heard, {}); }
+        std::string takeNotes() { return std::exchange(m_heard, {}); }
 
     private:
         // With what the session tells at that time: changes are told when they are there.
@@ -410,21 +410,21 @@ TEST_F(TemplateSessionTest, ObserversHearOfEveryChangeOfTheRows)
     session.addObserver(observer);
 
     store({"a", "b"});
-    EXPECT_EQ(observer.take(), "replaced 2 ");
+    EXPECT_EQ(observer.takeNotes(), "replaced 2 ");
     session.sort({{keys::templateName, true}});
-    EXPECT_EQ(observer.take(), "reordered 1 2 ");
+    EXPECT_EQ(observer.takeNotes(), "reordered 1 2 ");
     edit(0, keys::templateName, "b");
-    EXPECT_EQ(observer.take(), "") << "nothing has changed";
+    EXPECT_EQ(observer.takeNotes(), "") << "nothing has changed";
     edit(0, keys::toolDiameter, "7");
-    EXPECT_EQ(observer.take(), "edited 2* ");
+    EXPECT_EQ(observer.takeNotes(), "edited 2* ");
     session.refresh();
-    EXPECT_EQ(observer.take(), "") << "edits are not dropped";
+    EXPECT_EQ(observer.takeNotes(), "") << "edits are not dropped";
     user.nextAnswer = true;
     EXPECT_TRUE(session.settleEdits());
-    EXPECT_EQ(observer.take(), "edited 2 ");
+    EXPECT_EQ(observer.takeNotes(), "edited 2 ");
     session.deleteTemplates({0});
     session.refresh();
-    EXPECT_EQ(observer.take(), "replaced 1 ");
+    EXPECT_EQ(observer.takeNotes(), "replaced 1 ");
 }
 
 TEST_F(TemplateSessionTest, AppliedTemplateLeavesTheToolAlone)
@@ -452,16 +452,16 @@ TEST_F(TemplateSessionTest, SavingTheOperationReplacesWithoutAQuestionAndKeepsId
     TemplateSession next(operationKind::milling, 0, home.path(), applied, user);
     util::Parameterized saved;
     EXPECT_TRUE(next.saveCurrent("b/2", &saved));
-    EXPECT_THAT(user.take(), ElementsAre("message: The template saved with name: b/2"));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("message: The template saved with name: b/2"));
     EXPECT_NE(saved.at(keys::templateGuid), applied.at(keys::templateGuid));
     EXPECT_TRUE(next.saveCurrent("a", &saved));
     EXPECT_EQ(saved.at(keys::templateGuid), applied.at(keys::templateGuid));
     EXPECT_THAT(names(), ElementsAre("a", "b/2"));
-    user.take();
+    user.takeMessages();
     EXPECT_FALSE(next.saveCurrent("", &saved));
     blockFolder();
     EXPECT_FALSE(next.saveCurrent("c", nullptr));
-    EXPECT_THAT(user.take(), ElementsAre("error: Template file name is missing.", "error: " + writeError));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Template file name is missing.", "error: " + writeError));
 }
 
 TEST_F(TemplateSessionTest, SaveAsRunsUntilANameIsAcceptedOrGivenUp)
@@ -491,9 +491,9 @@ TEST_F(TemplateSessionTest, SaveAsRunsUntilANameIsAcceptedOrGivenUp)
     EXPECT_FALSE(loadSaved);
     EXPECT_EQ(result.stringOr(keys::templateName, ""), "third");
     EXPECT_THAT(proposals, ElementsAre("first+", "-", "second-", "second-"));
-    EXPECT_THAT(user.take(), ElementsAre("error: Template file name is missing.",
-                                         "question: second already exists. Do you want to replace it?",
-                                         "question: second already exists. Do you want to replace it?"));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Template file name is missing.",
+                                                 "question: second already exists. Do you want to replace it?",
+                                                 "question: second already exists. Do you want to replace it?"));
     EXPECT_THAT(names(), ElementsAre("first", "second", "third"));
 
     user.nextAnswer = true;

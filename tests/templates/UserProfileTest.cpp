@@ -1,6 +1,6 @@
 #include "frame/configuration/UserProfile.h"
 
-#include "templates/TemplateUser.h"
+#include "templates/TemplatePrompts.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

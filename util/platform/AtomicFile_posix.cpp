@@ -11,13 +11,45 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
+#include <time.h>
 
 namespace util
 {
 
 namespace
 {
+
+/// Has a write to a pipe whose reader is gone fail, where the host's process would end by the signal.
+class BrokenPipeGuard
+{
+public:
+    BrokenPipeGuard()
+    {
+        sigemptyset(&m_pipe);
+        sigaddset(&m_pipe, SIGPIPE);
+        sigset_t pending;
+        m_wasPending = sigpending(&pending) == 0 && sigismember(&pending, SIGPIPE) == 1;
+        pthread_sigmask(SIG_BLOCK, &m_pipe, &m_before);
+    }
+    ~BrokenPipeGuard()
+    {
+        const int error = errno;
+        constexpr timespec now{};
+        if (!m_wasPending)
+            sigtimedwait(&m_pipe, nullptr, &now);
+        pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+        errno = error;
+    }
+    BrokenPipeGuard(const BrokenPipeGuard&) = delete;
+    BrokenPipeGuard& operator=(const BrokenPipeGuard&) = delete;
+
+private:
+    sigset_t m_pipe{};
+    sigset_t m_before{};
+    bool m_wasPending = false;
+};
 
 /// A buffered output to a file descriptor that remembers the first error.
 class FdBuffer : public std::streambuf
@@ -63,6 +95,7 @@ private:
     {
         while (size != 0 && m_error == 0)
         {
+            const BrokenPipeGuard guard;
             const ssize_t written = system::write(m_fd, bytes, size);
             if (written < 0)
                 m_error = errno;
@@ -101,6 +134,14 @@ std::string folderOf(const std::string& path)
     return folder.empty() ? "." : folder;
 }
 
+/// A path, if it has no zero byte: the system would take it to end there, and find another file.
+const std::string& withoutZero(const std::string& path)
+{
+    if (const std::size_t zero = path.find('\0'); zero != std::string::npos)
+        throw AtomicFileError("Cannot write '" + path.substr(0, zero) + "': a zero byte follows in the path");
+    return path;
+}
+
 } // namespace
 
 AtomicFileError::~AtomicFileError() = default;
@@ -109,13 +150,15 @@ class AtomicFile::Impl
 {
 public:
     Impl(const std::string& path, NewFile rights)
-        : m_path(path), m_target(resolved(path)), m_file(create()), m_buffer(m_file.get()), m_stream(&m_buffer)
+        : m_path(withoutZero(path)), m_target(resolved(path)), m_file(isForPassing() ? open() : create()),
+          m_buffer(m_file.get()), m_stream(&m_buffer)
     {
-        setRights(rights);
+        if (isTemporary())
+            setRights(rights);
     }
     ~Impl()
     {
-        if (!m_committed)
+        if (isTemporary() && !m_committed)
             system::unlinkat(AT_FDCWD, m_temporary.c_str(), 0);
     }
     Impl(const Impl&) = delete;
@@ -128,7 +171,12 @@ public:
     {
         m_stream.flush();
         if (m_buffer.error() != 0)
-            failStep(m_path, "writing the temporary file", m_buffer.error());
+            failStep(m_path, isTemporary() ? "writing the temporary file" : "writing", m_buffer.error());
+        if (!isTemporary())
+        {
+            check(m_file.close(), "closing it");
+            return;
+        }
         check(system::fsync(m_file.get()) == 0, "bringing it to the disk");
         check(m_file.close(), "closing the temporary file");
         const UniqueFd folder(system::open(folderOf(m_target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -146,11 +194,22 @@ private:
         if (!done)
             failStep(m_path, step, errno);
     }
+    bool isTemporary() const { return !m_temporary.empty(); }
+    /// Whether the target passes bytes on, as pipes and devices do, and has none that could be replaced.
+    bool isForPassing() const
+    {
+        struct stat target = {};
+        return system::fstatat(AT_FDCWD, m_target.c_str(), &target, 0) == 0 && !S_ISREG(target.st_mode) &&
+               !S_ISDIR(target.st_mode);
+    }
+    int open()
+    {
+        const int fd = system::open(m_target.c_str(), O_WRONLY | O_CLOEXEC);
+        check(fd >= 0, "opening it");
+        return fd;
+    }
     int create()
     {
-        // The system would take the path to end there, and find another file.
-        if (const std::size_t zero = m_path.find('\0'); zero != std::string::npos)
-            throw AtomicFileError("Cannot write '" + m_path.substr(0, zero) + "': a zero byte follows in the path");
         for (;;)
         {
             m_temporary = temporaryPath(m_target);

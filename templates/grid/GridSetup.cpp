@@ -1,4 +1,4 @@
-#include "templates/grid/GridPlace.h"
+#include "templates/grid/GridSetup.h"
 
 #include "frame/PaletteColour.h"
 #include "frame/looks/VisualManager.h"
@@ -8,7 +8,7 @@
 namespace TessaronResources
 {
 
-void takeOverFrame(wxGrid& grid, wxWindow* frame)
+void replacePlaceholder(wxGrid& grid, wxWindow* frame)
 {
     if (!frame)
         return;
@@ -17,7 +17,7 @@ void takeOverFrame(wxGrid& grid, wxWindow* frame)
     frame->Destroy();
 }
 
-void colourGrid(wxGrid& grid)
+void applyPalette(wxGrid& grid)
 {
     const VisualPalette& palette = VisualManager::current().palette();
     grid.SetDefaultCellBackgroundColour(toColour(palette.field));

@@ -1,5 +1,5 @@
-#ifndef TEMPLATES_TEMPLATEUSER_H
-#define TEMPLATES_TEMPLATEUSER_H
+#ifndef TEMPLATES_TEMPLATEPROMPTS_H
+#define TEMPLATES_TEMPLATEPROMPTS_H
 
 #include "frame/Translation.h"
 #include <tessaron/exchange/StatusTable.h>
@@ -10,12 +10,12 @@
 namespace TessaronResources
 {
 
-/// The person in front of the template manager, as its rules see them. A window asks and tells with the toolkit, all
-/// boxes captioned templateCaption and owned by the manager; a test answers from a script.
-class TemplateUser
+/// What the rules of the template manager ask and tell the user. A window does so with the toolkit, all boxes captioned
+/// templateCaption and owned by the manager; a test answers from a script.
+class TemplatePrompts
 {
 public:
-    virtual ~TemplateUser() = default;
+    virtual ~TemplatePrompts() = default;
 
     /// A message box with the error icon.
     virtual void showError(const std::string& text) = 0;
@@ -40,9 +40,9 @@ public:
 };
 
 /// Shows the text of a status code as an error, with `detail` behind it.
-inline void showStatus(TemplateUser& user, int code, const std::string& detail = {})
+inline void showStatus(TemplatePrompts& prompts, int code, const std::string& detail = {})
 {
-    user.showError(translated(exchange::statusText(code)) + detail);
+    prompts.showError(translated(exchange::statusText(code)) + detail);
 }
 
 inline constexpr const char* templateCaption = translatable("Template Manager");

@@ -1,19 +1,19 @@
-#ifndef TEMPLATES_TEMPLATEWINDOWUSER_H
-#define TEMPLATES_TEMPLATEWINDOWUSER_H
+#ifndef TEMPLATES_TEMPLATEWINDOWPROMPTS_H
+#define TEMPLATES_TEMPLATEWINDOWPROMPTS_H
 
-#include "templates/TemplateUser.h"
+#include "templates/TemplatePrompts.h"
 
 class wxWindow;
 
 namespace TessaronResources
 {
 
-/// The person in front of the manager window: asks and tells with the toolkit's dialogs.
-class TemplateWindowUser : public TemplateUser
+/// Asks and tells the user with the toolkit's dialogs.
+class TemplateWindowPrompts : public TemplatePrompts
 {
 public:
     /// `owner` owns the boxes; it outlives the object.
-    explicit TemplateWindowUser(wxWindow& owner) : m_owner(owner) {}
+    explicit TemplateWindowPrompts(wxWindow& owner) : m_owner(owner) {}
 
     void showError(const std::string& text) override;
     void showMessage(const std::string& text) override;

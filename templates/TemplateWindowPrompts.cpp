@@ -1,4 +1,4 @@
-#include "templates/TemplateWindowUser.h"
+#include "templates/TemplateWindowPrompts.h"
 
 #include "frame/MessageDialog.h"
 #include "frame/Translation.h"
@@ -25,7 +25,7 @@ wxString filterOf(const char* filter)
     return result;
 }
 
-// Without a folder the toolkit would start in the host's working directory, where nobody looks for his files.
+// Without a folder the toolkit would start in the host's working directory, where users do not look for their files.
 wxString startFolder(const std::string& folder)
 {
     const wxString last = wxString::FromUTF8(folder);
@@ -34,31 +34,31 @@ wxString startFolder(const std::string& folder)
 
 } // namespace
 
-void TemplateWindowUser::showError(const std::string& text)
+void TemplateWindowPrompts::showError(const std::string& text)
 {
     ::TessaronResources::showMessage(&m_owner, translatedLabel(templateCaption), wxString::FromUTF8(text),
                                      MessageKind::error);
 }
 
-void TemplateWindowUser::showMessage(const std::string& text)
+void TemplateWindowPrompts::showMessage(const std::string& text)
 {
     ::TessaronResources::showMessage(&m_owner, translatedLabel(templateCaption), wxString::FromUTF8(text),
                                      MessageKind::information);
 }
 
-bool TemplateWindowUser::askOkCancel(const std::string& text)
+bool TemplateWindowPrompts::askOkCancel(const std::string& text)
 {
     return ::TessaronResources::askOkCancel(&m_owner, translatedLabel(templateCaption), wxString::FromUTF8(text),
                                             MessageKind::warning);
 }
 
-bool TemplateWindowUser::askOkCancelError(const std::string& text)
+bool TemplateWindowPrompts::askOkCancelError(const std::string& text)
 {
     return ::TessaronResources::askOkCancel(&m_owner, translatedLabel(templateCaption), wxString::FromUTF8(text),
                                             MessageKind::error);
 }
 
-std::vector<std::string> TemplateWindowUser::chooseImportFiles(const std::string& folder)
+std::vector<std::string> TemplateWindowPrompts::chooseImportFiles(const std::string& folder)
 {
     wxFileDialog dialog(&m_owner, translatedLabel("Import Templates"), startFolder(folder), wxEmptyString,
                         filterOf(templateImportFilter), wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
@@ -72,7 +72,7 @@ std::vector<std::string> TemplateWindowUser::chooseImportFiles(const std::string
     return files;
 }
 
-std::string TemplateWindowUser::chooseExportFile(const std::string& folder)
+std::string TemplateWindowPrompts::chooseExportFile(const std::string& folder)
 {
     wxFileDialog dialog(&m_owner, translatedLabel("Export Templates"), startFolder(folder), wxEmptyString,
                         filterOf(templateExportFilter), wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
@@ -90,12 +90,12 @@ std::string TemplateWindowUser::chooseExportFile(const std::string& folder)
     return {};
 }
 
-std::string TemplateWindowUser::lastFolder()
+std::string TemplateWindowPrompts::lastFolder()
 {
     return profileText(profileSection, lastFolderEntry);
 }
 
-void TemplateWindowUser::keepLastFolder(const std::string& folder)
+void TemplateWindowPrompts::keepLastFolder(const std::string& folder)
 {
     keepProfileText(profileSection, lastFolderEntry, folder);
 }
