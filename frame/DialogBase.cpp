@@ -2,10 +2,12 @@
 #include <tessaron/frame/DialogBase.h>
 
 #include "frame/CurrentModule.h"
+#include "frame/HostWindows.h"
 #include "frame/MessageDialog.h"
 #include "frame/ModalLoop.h"
 #include "frame/Toolkit.h"
 #include "frame/looks/VisualManager.h"
+#include "frame/native/FocusReturn.h"
 #include "frame/native/NativeToolkit.h"
 #include <tessaron/frame/DataExchange.h>
 #include <tessaron/frame/ResourceSet.h>
@@ -54,6 +56,10 @@ bool DialogBase::create(int templateId, wxWindow* parent)
     SetBackgroundStyle(wxBG_STYLE_SYSTEM);
     native::makeCompact(*this);
     initialise();
+    // Without an owner the toolkit has found one among the host's windows.
+    CentreOnParent();
+    if (!parent)
+        detachFromOwner(*this);
     return true;
 }
 
@@ -119,6 +125,7 @@ void DialogBase::OnCancel()
 
 void DialogBase::DestroyWindow()
 {
+    const EntryScope scope(getCurrentModuleState());
     if (GetHandle())
         Hide();
     PostNcDestroy();
@@ -133,8 +140,10 @@ int DialogBase::ShowModal()
     WX_HOOK_MODAL_DIALOG();
     m_modal = true;
     m_modalResult = idCancel;
+    const native::FocusReturn focus;
     const wxWindowDisabler othersDisabled(this);
-    CentreOnParent();
+    if (GetParent())
+        CentreOnParent();
     native::setModal(*this, true);
     Show();
     Raise();

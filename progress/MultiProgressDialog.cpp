@@ -3,6 +3,7 @@
 #include "controls/TransparentImage.h"
 #include "frame/ControlId.h"
 #include "frame/CurrentModule.h"
+#include "frame/Toolkit.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
 #include "resources/TextIds.h"
@@ -60,7 +61,7 @@ MultiProgressDialog::~MultiProgressDialog()
 
 void MultiProgressDialog::makeWindow()
 {
-    const ModuleStateGuard guard(staticModuleState());
+    const EntryScope scope(staticModuleState());
     if (!create(m_templateId, nullptr))
         return;
     Show();
@@ -69,7 +70,9 @@ void MultiProgressDialog::makeWindow()
 
 void MultiProgressDialog::doProgressLoop()
 {
-    const ModuleStateGuard guard(staticModuleState());
+    const EntryScope scope(staticModuleState());
+    if (scope.isRefused())
+        return;
     runProgressLoop(*m_cancelled, [this] { return poll(); });
 }
 

@@ -1,5 +1,6 @@
 #include "frame/ModalLoop.h"
 #include "frame/Toolkit.h"
+#include "frame/native/FocusReturn.h"
 #include "templates/TemplateManagerFormView.h"
 #include "templates/TemplateManagerFrameWnd.h"
 #include <tessaron/frame/EntryPoints.h>
@@ -63,6 +64,7 @@ int runTemplateManager(wxWindow* parent, const TemplateManagerInputs& inputs)
         return noWindow;
     wxWindow* const owner = parent ? parent : wxTheApp->GetTopWindow();
     int slot = notFinished;
+    const native::FocusReturn focus;
     const std::unique_ptr<TemplateManagerFrameWnd, DestroyFrame> frame(new TemplateManagerFrameWnd(owner, inputs));
     OwnerLock lock(owner, frame.get());
     // Messages of the set-up appear while the host's windows are locked already.

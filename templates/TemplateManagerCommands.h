@@ -34,11 +34,12 @@ public:
     /// Stores the definitions with the heading height and the window's size.
     void storeLayout() { storeLayout(m_changed); }
 
+    void find();
+    void findAgain();
+
     void deleteSelected() override;
     void deleteByKey() override;
     void configureColumns() override;
-    void find() override;
-    void findAgain() override;
     void columnsChanged() override;
 
 private:

@@ -15,6 +15,7 @@
 #include <wx/choice.h>
 #include <wx/textctrl.h>
 
+#include <optional>
 #include <utility>
 
 namespace TessaronResources
@@ -188,12 +189,12 @@ bool TemplateManagerFormView::settleBeforeEnd()
 void TemplateManagerFormView::apply()
 {
     m_grid->finishEdit();
-    const std::vector<std::size_t> selected = m_grid->selectedRows();
-    if (selected.empty())
+    const std::optional<std::size_t> chosen = m_grid->chosenRow();
+    if (!chosen)
         finish(0);
     else
         finish(1,
-               [this, row = selected.front()]
+               [this, row = *chosen]
                {
                    if (m_inputs.result)
                        m_session.applyTemplate(row, *m_inputs.result);
@@ -239,6 +240,19 @@ bool TemplateManagerFormView::onCommand(int command)
     if (command != templateCommand::exit)
         return m_commands.run(command);
     finish(0);
+    return true;
+}
+
+bool TemplateManagerFormView::onKey(int key, int modifiers)
+{
+    if (!isRunning())
+        return false;
+    if (key == WXK_F3 && modifiers == wxMOD_NONE)
+        m_commands.findAgain();
+    else if (key == 'F' && modifiers == wxMOD_CONTROL)
+        m_commands.find();
+    else
+        return false;
     return true;
 }
 

@@ -56,6 +56,10 @@ public:
     /// \returns whether it is one.
     bool onCommand(int command);
 
+    /// Does what a key means anywhere in the window.
+    /// \returns whether it means something.
+    bool onKey(int key, int modifiers);
+
     const util::TemplateInfo& info() const { return m_session.info(); }
 
     /// The theme in force, a number of util::VisualTheme.

@@ -1,6 +1,7 @@
 #include "templates/TemplateManagerFrameWnd.h"
 
 #include "frame/CurrentModule.h"
+#include "frame/HostWindows.h"
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
 #include "templates/TemplateManagerFormView.h"
@@ -29,6 +30,7 @@ TemplateManagerFrameWnd::TemplateManagerFrameWnd(wxWindow* owner, const Template
               wxDEFAULT_FRAME_STYLE | (owner ? wxFRAME_FLOAT_ON_PARENT : 0)),
       m_form(new TemplateManagerFormView(*this, inputs))
 {
+    detachFromOwner(*this);
     SetIcons(currentResources().icon(iconId));
     Bind(wxEVT_CLOSE_WINDOW, &TemplateManagerFrameWnd::onClose, this);
     Bind(wxEVT_CHAR_HOOK, &TemplateManagerFrameWnd::onCharHook, this);
@@ -79,9 +81,13 @@ void TemplateManagerFrameWnd::onClose(wxCloseEvent& event)
 
 void TemplateManagerFrameWnd::onCharHook(wxKeyEvent& event)
 {
-    if (event.GetKeyCode() == 'F' && event.GetModifiers() == wxMOD_ALT)
+    const int command =
+        event.GetModifiers() == wxMOD_ALT ? m_ribbon->commandOfAccessKey(event.GetKeyCode()) : wxID_NONE;
+    if (event.GetKeyCode() == WXK_F10 && event.GetModifiers() == wxMOD_NONE)
         m_ribbon->showApplicationMenu();
-    else
+    else if (command != wxID_NONE)
+        m_form->onCommand(command);
+    else if (!m_form->onKey(event.GetKeyCode(), event.GetModifiers()))
         event.Skip();
 }
 

@@ -1,5 +1,6 @@
 #include "templates/TemplateManagerRibbon.h"
 
+#include "frame/BitmapOfSize.h"
 #include "frame/CurrentModule.h"
 #include "frame/Translation.h"
 #include "frame/looks/RibbonArt.h"
@@ -64,9 +65,18 @@ const RibbonButton buttons[] = {
 wxBitmap imageOf(const ImageList& list, int index, const wxWindow& window)
 {
     const int edge = window.FromDIP(list.edge);
-    const wxBitmap all = currentResources().bitmap(list.id).GetBitmap(wxSize(edge * list.count, edge));
+    const wxBitmap all = bitmapOfSize(currentResources().bitmap(list.id), wxSize(edge * list.count, edge));
     return all.IsOk() ? all.GetSubBitmap(wxRect(edge * index, 0, edge, edge)) : all;
 }
+
+/// A part of the ribbon that leaves the focus where it is when it is clicked.
+template <class Part>
+class Unfocused : public Part
+{
+public:
+    using Part::Part;
+    bool AcceptsFocus() const override { return false; }
+};
 
 } // namespace
 
@@ -85,21 +95,21 @@ TemplateManagerRibbon::TemplateManagerRibbon(wxWindow* parent)
 
 void TemplateManagerRibbon::addApplicationButton()
 {
-    new wxRibbonPage(this, applicationTabId, translatedLabel("File"));
+    new Unfocused<wxRibbonPage>(this, applicationTabId, translatedLabel("File"));
 }
 
 void TemplateManagerRibbon::addHome()
 {
-    auto* const home = new wxRibbonPage(this, wxID_ANY, translatedLabel("Home"));
+    auto* const home = new Unfocused<wxRibbonPage>(this, wxID_ANY, translatedLabel("Home"));
     wxRibbonPanel* panel = nullptr;
     wxRibbonButtonBar* bar = nullptr;
     for (const RibbonButton& button : buttons)
     {
         if (!panel || panel->GetLabel() != translatedLabel(button.panel))
         {
-            panel = new wxRibbonPanel(home, wxID_ANY, translatedLabel(button.panel), wxNullBitmap, wxDefaultPosition,
-                                      wxDefaultSize, wxRIBBON_PANEL_NO_AUTO_MINIMISE);
-            bar = new wxRibbonButtonBar(panel);
+            panel = new Unfocused<wxRibbonPanel>(home, wxID_ANY, translatedLabel(button.panel), wxNullBitmap,
+                                                 wxDefaultPosition, wxDefaultSize, wxRIBBON_PANEL_NO_AUTO_MINIMISE);
+            bar = new Unfocused<wxRibbonButtonBar>(panel);
         }
         const bool isSmall = &button.images == &smallImages;
         const wxBitmap image = imageOf(button.images, button.image, *this);
@@ -133,6 +143,18 @@ void TemplateManagerRibbon::applyLook()
     SetArtProvider(VisualManager::current().makeRibbonArt().release());
     Realize();
     Refresh();
+}
+
+int TemplateManagerRibbon::commandOfAccessKey(int key)
+{
+    for (const RibbonButton& button : buttons)
+    {
+        const wxString caption = translatedLabel(button.caption);
+        const std::size_t mark = caption.find('&');
+        if (mark != wxString::npos && mark + 1 < caption.size() && wxToupper(caption[mark + 1]) == wxUniChar(key))
+            return button.command;
+    }
+    return wxID_NONE;
 }
 
 void TemplateManagerRibbon::onPageChanging(wxRibbonBarEvent& event)

@@ -17,6 +17,8 @@ public:
     void applyLook();
     /// Opens the application button's menu.
     void showApplicationMenu();
+    /// The command of the button whose caption marks this key, a capital letter; wxID_NONE when there is none.
+    static int commandOfAccessKey(int key);
 
 private:
     void addApplicationButton();

@@ -42,6 +42,16 @@ RingBuilder::RingBuilder(RingStore& store, const RingSteps& steps, const jobs::C
 {
 }
 
+bool RingBuilder::isNarrow(const Area& area) const
+{
+    // Area over perimeter is half the width of a channel.
+    double perimeter = 0;
+    for (const Path& path : area)
+        for (std::size_t i = 0; i < path.size(); ++i)
+            perimeter += norm(toVec(path[(i + 1) % path.size()]) - toVec(path[i]));
+    return sizeOf(area) < perimeter * blockRings * m_steps.stepover / 1.5;
+}
+
 std::vector<Ring*> RingBuilder::addInside(Ring& ring, double distance) const
 {
     ring.children = shrunk(ring, distance);
@@ -50,6 +60,17 @@ std::vector<Ring*> RingBuilder::addInside(Ring& ring, double distance) const
 
 void RingBuilder::buildBlock(Ring& start, const BlockSink& nextBlock, const AreaSink& areaDone) const
 {
+    if (isNarrow(start.contours))
+    {
+        for (Ring* const ring : addInside(start, m_steps.stepover))
+            nextBlock(*ring);
+        addLeftovers(start);
+        double done = sizeOf(start.contours);
+        for (const Ring* const child : start.children)
+            done -= sizeOf(child->contours);
+        areaDone(std::max(0.0, done));
+        return;
+    }
     std::vector<Ring*> next = shrunk(start, blockRings * m_steps.stepover);
     for (Ring* const ring : next)
         nextBlock(*ring);

@@ -81,6 +81,9 @@ private:
     /// How many stepovers a block spans.
     static constexpr int blockRings = 8;
 
+    /// Whether most of an area is narrower than a block: then the areas of the next blocks are a costly way to nearly
+    /// nothing, and a block is one ring.
+    bool isNarrow(const Area& area) const;
     std::vector<Ring*> shrunk(const Ring& ring, double distance) const;
     void addLeftovers(Ring& ring) const;
     static std::vector<Ring*> takeInside(const Ring& ring, std::vector<Ring*>& candidates);

@@ -25,9 +25,15 @@ private:
     std::unique_ptr<State> m_state;
 };
 
-/// Whether there is a display to connect to, as far as can be told without connecting. The toolkit connects by itself,
-/// and complains when that was done before it.
+/// Whether there is a display to connect to, as far as can be told without connecting.
 bool displayIsNamed();
+
+/// Starts the native toolkit unless the host has. The process's locale stays what it is, and nothing is printed.
+/// \returns whether a display is open
+bool start();
+
+/// Whether no other thread runs the native event loop now.
+bool ownsEventQueue();
 
 bool displayIsOpen();
 

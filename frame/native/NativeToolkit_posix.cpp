@@ -112,6 +112,29 @@ bool displayIsNamed()
     return displayIsOpen() || named("DISPLAY") || named("WAYLAND_DISPLAY");
 }
 
+bool start()
+{
+    if (displayIsOpen())
+        return true;
+    // Once: a second time prints that it is too late, also when there was no display the first time.
+    static const bool localeIsKept = []
+    {
+        gtk_disable_setlocale();
+        return true;
+    }();
+    static_cast<void>(localeIsKept);
+    return gtk_init_check(nullptr, nullptr);
+}
+
+bool ownsEventQueue()
+{
+    GMainContext* const context = g_main_context_default();
+    if (!g_main_context_acquire(context))
+        return false;
+    g_main_context_release(context);
+    return true;
+}
+
 bool insideNativeLoop()
 {
     return gtk_main_level() > 0;

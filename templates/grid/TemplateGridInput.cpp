@@ -23,10 +23,11 @@ constexpr long typeAheadMilliseconds = 1000;
 
 bool isTyping(const wxKeyEvent& event)
 {
-    return event.GetUnicodeKey() > WXK_SPACE && event.GetUnicodeKey() != WXK_DELETE &&
+    return event.GetUnicodeKey() >= WXK_SPACE && event.GetUnicodeKey() != WXK_DELETE &&
            (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
 }
 
+// What moves the current cell, or has the toolkit clear the selection.
 bool isNavigation(int key)
 {
     switch (key)
@@ -41,6 +42,7 @@ bool isNavigation(int key)
     case WXK_END:
     case WXK_RETURN:
     case WXK_NUMPAD_ENTER:
+    case WXK_ESCAPE:
         return true;
     default:
         return false;
@@ -56,6 +58,13 @@ TemplateGridInput::TemplateGridInput(TemplateManagerGrid& grid, TemplateGridTabl
     m_grid.Bind(wxEVT_GRID_CELL_LEFT_CLICK, &TemplateGridInput::onCellClick, this);
     m_grid.Bind(wxEVT_GRID_CELL_RIGHT_CLICK, [this](wxGridEvent& event) { showMenu(event.GetRow()); });
     m_grid.Bind(wxEVT_GRID_LABEL_RIGHT_CLICK, [this](wxGridEvent& event) { showMenu(event.GetRow()); });
+    for (const auto& event : {wxEVT_GRID_CELL_LEFT_DCLICK, wxEVT_GRID_EDITOR_SHOWN, wxEVT_GRID_EDITOR_HIDDEN})
+        m_grid.Bind(event,
+                    [this](wxGridEvent& done)
+                    {
+                        done.Skip();
+                        selectCurrentRowLater();
+                    });
     m_grid.Bind(wxEVT_KEY_DOWN, &TemplateGridInput::onKeyDown, this);
     m_grid.Bind(wxEVT_CHAR, &TemplateGridInput::onChar, this);
 }
@@ -113,10 +122,6 @@ void TemplateGridInput::onKeyDown(wxKeyEvent& event)
         m_commands.deleteByKey();
     else if (event.GetKeyCode() == 'A' && onlyControl)
         m_grid.SelectAll();
-    else if (event.GetKeyCode() == 'F' && onlyControl)
-        m_commands.find();
-    else if (event.GetKeyCode() == WXK_F3 && event.GetModifiers() == wxMOD_NONE)
-        m_commands.findAgain();
     else
     {
         event.Skip();
@@ -128,6 +133,13 @@ void TemplateGridInput::onKeyDown(wxKeyEvent& event)
 void TemplateGridInput::onChar(wxKeyEvent& event)
 {
     const int col = m_grid.GetGridCursorCol();
+    const bool onName = col == nameColumn && event.GetModifiers() == wxMOD_NONE;
+    if (onName && event.GetKeyCode() == WXK_BACK && !m_grid.IsCellEditControlEnabled())
+    {
+        // The toolkit would open the editor, and empty the name.
+        takeBack();
+        return;
+    }
     if (col < 0 || m_grid.GetGridCursorRow() < 0 || !isTyping(event) || m_grid.IsCellEditControlEnabled())
     {
         event.Skip();
@@ -157,8 +169,22 @@ void TemplateGridInput::typeAhead(wxUniChar typed)
     if (now - m_lastTyped > typeAheadMilliseconds)
         m_typed.clear();
     m_lastTyped = now;
-    m_typed += wxString(typed).utf8_string();
-    const std::string wanted = util::foldCase(m_typed);
+    m_typed += typed;
+    goToTyped();
+}
+
+void TemplateGridInput::takeBack()
+{
+    m_lastTyped = wxGetLocalTimeMillis();
+    if (!m_typed.empty())
+        m_typed.RemoveLast();
+    if (!m_typed.empty())
+        goToTyped();
+}
+
+void TemplateGridInput::goToTyped()
+{
+    const std::string wanted = util::foldCase(m_typed.utf8_string());
     const int rows = m_grid.GetNumberRows();
     for (int k = 0; k < rows; ++k)
     {

@@ -2,8 +2,7 @@
 #define TEMPLATES_GRID_TEMPLATEGRIDINPUT_H
 
 #include <wx/longlong.h>
-
-#include <string>
+#include <wx/string.h>
 
 class wxGridEvent;
 class wxKeyEvent;
@@ -35,14 +34,17 @@ private:
     void changeByClick(int row, int col);
     /// \returns whether the key means something to the current cell.
     bool changeByKey(wxUniChar typed);
+    /// Goes to the next name that begins with what has been typed in a row.
     void typeAhead(wxUniChar typed);
+    void takeBack();
+    void goToTyped();
     void showMenu(int row);
 
     TemplateManagerGrid& m_grid;
     TemplateGridTable& m_table;
     TemplateSession& m_session;
     TemplateGridCommands& m_commands;
-    std::string m_typed;
+    wxString m_typed;
     wxLongLong m_lastTyped;
 };
 

@@ -250,6 +250,15 @@ std::vector<std::size_t> TemplateManagerGrid::selectedRows() const
     return rows;
 }
 
+std::optional<std::size_t> TemplateManagerGrid::chosenRow() const
+{
+    const int current = GetGridCursorRow();
+    if (current >= 0 && IsInSelection(current, nameColumn))
+        return static_cast<std::size_t>(current);
+    const std::vector<std::size_t> selected = selectedRows();
+    return selected.empty() ? std::nullopt : std::optional(selected.front());
+}
+
 void TemplateManagerGrid::select(const std::vector<bool>& selected)
 {
     ClearSelection();

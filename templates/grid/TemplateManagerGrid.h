@@ -9,6 +9,7 @@
 
 #include <wx/grid.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,6 @@ public:
     /// As deleteSelected(), but asks first: a key is easily hit.
     virtual void deleteByKey() = 0;
     virtual void configureColumns() = 0;
-    virtual void find() = 0;
-    virtual void findAgain() = 0;
     /// The column definitions have been changed in place: they are to be stored and the columns made anew.
     virtual void columnsChanged() = 0;
 };
@@ -49,6 +48,8 @@ public:
 
     /// Ascending.
     std::vector<std::size_t> selectedRows() const;
+    /// The selected row of the current cell, or else the first selected one; none without a selection.
+    std::optional<std::size_t> chosenRow() const;
 
     /// Has the session sort its rows. A mark is shown only for a sort by one column.
     void sortBy(const std::vector<util::TemplateSortLevel>& levels);

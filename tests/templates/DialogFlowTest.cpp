@@ -279,8 +279,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
                       answer(1);
                   });
         user.when(
-            "back in the dialog", [] { return isReady("Find"); },
-            [time] { press("Find", time == 0 ? 1140 : 1); });
+            "back in the dialog", [] { return isReady("Find"); }, [time] { press("Find", time == 0 ? 1140 : 1); });
     }
     // Another dialog begins at the beginning.
     user.when(
@@ -301,12 +300,7 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
     user.when(
         "it is found again", [] { return grid()->GetGridCursorRow() == 2; }, [] { press("Find", 1); });
     // The key goes on with the last text; of a text without further hits it says so.
-    user.when("closed", atRest,
-              []
-              {
-                  grid()->SetFocus();
-                  pressKey(WXK_F3);
-              });
+    user.when("closed", atRest, [] { pressKey(WXK_F3); });
     user.when("nothing more", messageIsUp, [] { answer(1); });
     user.when("the manager is back", atRest, [] { open(32800); });
     user.when(
@@ -327,15 +321,34 @@ TEST_F(DialogFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
         "the first hit", [] { return grid()->GetGridCursorRow() == 0; }, [] { press("Find", 1); });
     for (const int row : {1, 2})
     {
-        user.when("at rest", atRest,
-                  []
-                  {
-                      grid()->SetFocus();
-                      pressKey(WXK_F3);
-                  });
+        user.when("at rest", atRest, [] { pressKey(WXK_F3); });
         user.when("the next hit", [row] { return grid()->GetGridCursorRow() == row; });
     }
     user.then("close", [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
+TEST_F(DialogFlowTest, FindGoesOnAfterItFoundNothing)
+{
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { pressKey('F', wxMOD_CONTROL); });
+    for (const char* const text : {"nowhere", "Gamma"})
+        user.when(
+                "the dialog waits for a text", [] { return isReady("Find"); },
+                [text]
+                {
+                    pressKey('A', wxMOD_CONTROL);
+                    type(text);
+                    pressKey(WXK_RETURN);
+                })
+            .when(
+                "the answer",
+                [found = std::string(text) == "Gamma"]
+                { return found ? grid()->GetGridCursorRow() == 2 : messageIsUp(); },
+                [found = std::string(text) == "Gamma"] { pressKey(found ? WXK_ESCAPE : WXK_RETURN); });
+    user.when("at rest", atRest, [] { pressKey(WXK_F3); });
+    user.when("no more", messageIsUp, [] { pressKey(WXK_RETURN); });
+    user.when("at rest again", atRest, [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
 }
 

@@ -22,27 +22,28 @@ protected:
         return found;
     }
 
-    // Types over a cell as a person does: opens its editor, types, Enter.
+    static wxTextCtrl* editor()
+    {
+        return grid()->IsCellEditControlShown() ? dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus()) : nullptr;
+    }
+
+    // Types over a cell: picks it, opens its editor, types, Enter.
     static void edit(WindowDriver& user, int row, const wxString& title, const char* text)
     {
-        user.when("the manager is up", managerIsUp,
-                  [row, title]
-                  {
-                      for (int col = 0; col < grid()->GetNumberCols(); ++col)
-                          if (grid()->GetColLabelValue(col) == title)
-                              grid()->GoToCell(row, col);
-                      grid()->SetFocus();
-                      grid()->EnableCellEditControl();
-                  });
-        const auto editor = [] { return dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus()); };
+        user.when("the manager is up", atRest, [row, title] { clickCell(row, title); });
+        user.when(
+            "the cell is the current one",
+            [row, title] { return isSelected(row) && grid()->GetGridCursorCol() == columnOf(title); },
+            [] { pressKey(WXK_F2); });
         user.when("the editor has the focus", editor,
-                  [editor, text]
+                  [text]
                   {
-                      editor()->Clear();
+                      pressKey('A', wxMOD_CONTROL);
+                      pressKey(WXK_DELETE);
                       type(text);
                   });
         user.when(
-            "the text is there", [editor, text] { return editor() && editor()->GetValue() == text; },
+            "the text is there", [text] { return editor() && editor()->GetValue() == text; },
             [] { pressKey(WXK_RETURN); });
     }
 
@@ -227,12 +228,7 @@ TEST_F(GridFlowTest, DeletesTheSelectedTemplates)
 TEST_F(GridFlowTest, TheDeleteKeyAsksFirst)
 {
     WindowDriver user;
-    user.when("the manager is up", atRest,
-              []
-              {
-                  grid()->SetFocus();
-                  pressKey('A', wxMOD_CONTROL);
-              });
+    user.when("the manager is up", atRest, [] { pressKey('A', wxMOD_CONTROL); });
     for (const int button : {2, 1})
     {
         user.when(
@@ -240,7 +236,6 @@ TEST_F(GridFlowTest, TheDeleteKeyAsksFirst)
             []
             {
                 EXPECT_EQ(grid()->GetNumberRows(), 3);
-                grid()->SetFocus();
                 pressKey(WXK_DELETE);
             });
         user.when("the question", messageIsUp,
@@ -360,13 +355,93 @@ TEST_F(GridFlowTest, TheTwoUnsentCommandsOnlyTell)
 
 TEST_F(GridFlowTest, TypingOnTheNameColumnGoesToTheName)
 {
+    for (const char* const name : {"Contour finish", "Contour rough", "Contour rest"})
+        store(name, 8.0, 1.0);
     WindowDriver user;
-    user.when("the manager is up", managerIsUp, [] { clickCell(0, "Name"); });
+    user.when("the manager is up", atRest, [] { type("Contour rough"); });
+    const auto selected = [](const char* name)
+    {
+        const int row = grid()->GetGridCursorRow();
+        return !grid()->IsCellEditControlShown() && isSelected(row) && cell(row, "Name") == name;
+    };
     user.when(
-        "Alpha is selected", [] { return isSelected(0); }, [] { type("ga"); });
+        "the whole name counts", [=] { return selected("Contour rough"); },
+        []
+        {
+            for (int letter = 0; letter < 4; ++letter)
+                pressKey(WXK_BACK);
+            type("est");
+        });
     user.when(
-        "Gamma is selected", [] { return isSelected(2) && !isSelected(0); }, [] { clickManager(1150); });
+        "a slip of the finger is taken back", [=] { return selected("Contour rest"); }, [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
+    EXPECT_EQ(storedNames().size(), 6U);
+}
+
+TEST_F(GridFlowTest, TheRowInHandIsTheOneThatIsApplied)
+{
+    const auto editing = [] { return editor() != nullptr; };
+    const struct
+    {
+        const char* how;
+        std::function<void()> act;
+        std::function<bool()> done;
+        const char* applied;
+    } cases[] = {
+        {"a double click",
+         []
+         {
+             clickCell(1, "Material");
+             person().press();
+             person().release();
+         },
+         editing, "Beta"},
+        {"a second click", [] { clickCell(1, "Material", 0.4); }, editing, "Beta"},
+        {"F2", [] { pressKey(WXK_F2); }, editing, "Beta"},
+        {"Enter", [] { pressKey(WXK_RETURN); }, [] { return grid()->GetGridCursorRow() == 2; }, "Gamma"},
+        {"Enter after an edit",
+         []
+         {
+             type("Brass");
+             pressKey(WXK_RETURN);
+         },
+         [editing] { return cell(1, "Material") == "Brass" && !editing(); }, ""},
+        {"Escape from an edit", [] { type("Brass"); },
+         [left = false]() mutable
+         {
+             if (!left && editor() && editor()->GetValue() == "Brass")
+             {
+                 left = true;
+                 pressKey(WXK_ESCAPE);
+             }
+             return left && !grid()->IsCellEditControlShown();
+         },
+         "Beta"},
+        {"Escape",
+         []
+         {
+             pressKey(WXK_ESCAPE);
+             pressKey(WXK_F2);
+         },
+         editing, "Beta"},
+    };
+    for (const auto& way : cases)
+    {
+        SCOPED_TRACE(way.how);
+        std::string current;
+        WindowDriver user;
+        user.when("the manager is up", atRest, [] { clickCell(1, "Material"); });
+        user.when(
+            "the row is selected", [] { return isSelected(1) && !wxGetMouseState().LeftIsDown(); }, way.act);
+        user.when(way.how, way.done,
+                  [&]
+                  {
+                      current = cell(grid()->GetGridCursorRow(), "Name").utf8_string();
+                      clickManager(1);
+                  });
+        EXPECT_EQ(load(), 1);
+        EXPECT_EQ(m_result.stringOr(util::keys::templateName, ""), *way.applied ? way.applied : current);
+    }
 }
 
 } // namespace

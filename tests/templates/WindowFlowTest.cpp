@@ -1,5 +1,7 @@
 #include "tests/templates/ManagerRun.h"
 
+#include <wx/filedlg.h>
+#include <wx/modalhook.h>
 #include <wx/ribbon/bar.h>
 #include <wx/ribbon/buttonbar.h>
 
@@ -11,6 +13,30 @@ using namespace testing_support;
 
 namespace
 {
+
+// Knows the toolkit's own dialog while it is up; it is in no list of windows.
+class NativeDialogs : public wxModalDialogHook
+{
+public:
+    NativeDialogs() { Register(); }
+    static wxDialog* current;
+    static bool isReady() { return current && takesKeys(current); }
+
+protected:
+    int Enter(wxDialog* dialog) override
+    {
+        if (dynamic_cast<wxFileDialog*>(dialog))
+            current = dialog;
+        return wxID_NONE;
+    }
+    void Exit(wxDialog* dialog) override
+    {
+        if (dialog == current)
+            current = nullptr;
+    }
+};
+
+wxDialog* NativeDialogs::current = nullptr;
 
 class WindowFlowTest : public ManagerTest
 {
@@ -113,15 +139,62 @@ TEST_F(WindowFlowTest, TheApplicationButtonHoldsPreferencesAndExit)
     user.when(
         "the preferences are up", [] { return isReady("Template Preferences"); },
         [] { windowTitled("Template Preferences")->Close(); });
-    user.when("the manager is back", atRest,
-              []
-              {
-                  grid()->SetFocus();
-                  pressKey('F', wxMOD_ALT);
-              });
+    user.when("the manager is back", atRest, [] { pressKey(WXK_F10); });
     pressInMenu(user, {WXK_UP, WXK_RETURN});
     EXPECT_EQ(load(), 0);
     EXPECT_TRUE(m_owner->IsEnabled());
+}
+
+TEST_F(WindowFlowTest, AccessKeysOpenWhatTheButtonsOpen)
+{
+    const NativeDialogs dialogs;
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { pressKey('F', wxMOD_ALT); });
+    user.when(
+        "Find is up", [] { return isReady("Find"); }, [] { pressKey(WXK_ESCAPE); });
+    for (const char key : {'I', 'E'})
+    {
+        user.when("at rest", atRest, [key] { pressKey(key, wxMOD_ALT); });
+        user.when("the file dialog is up", NativeDialogs::isReady, [] { pressKey(WXK_ESCAPE); });
+    }
+    user.when(
+        "at rest", [] { return !NativeDialogs::current && atRest(); }, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
+TEST_F(WindowFlowTest, TheFocusComesBackFromEveryDialog)
+{
+    const NativeDialogs dialogs;
+    const struct
+    {
+        const char* title;
+        std::function<void()> open;
+    } ways[] = {{"Sort", [] { clickRibbon(32801); }},
+                {"Find", [] { clickRibbon(32800); }},
+                {"Find", [] { pressKey('F', wxMOD_CONTROL); }},
+                {"Template Preferences", [] { open(32797); }},
+                {"Template Manager", [] { pressKey(WXK_DELETE); }},
+                {"", [] { clickRibbon(32804); }},
+                {"", [] { clickRibbon(32805); }}};
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { clickCell(0, "Name"); });
+    for (const auto& way : ways)
+        for (const auto& [key, row] : {std::pair(WXK_DOWN, 1), std::pair(WXK_UP, 0)})
+        {
+            const bool native = !*way.title;
+            user.when(
+                "a row is selected", [] { return atRest() && grid()->IsSelection(); }, way.open);
+            user.when(
+                std::string("up: ") + way.title,
+                [native, title = way.title] { return native ? NativeDialogs::isReady() : isReady(title); },
+                [] { pressKey(WXK_ESCAPE); });
+            user.when(
+                "at rest", [] { return !NativeDialogs::current && atRest(); }, [pressed = key] { pressKey(pressed); });
+            user.when(std::string("the key goes to the grid after ") + way.title,
+                      [wanted = row] { return grid()->GetGridCursorRow() == wanted; });
+        }
+    user.then("close", [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
 }
 
 TEST_F(WindowFlowTest, AQuitMessageEndsTheCallOverAMenu)
@@ -132,11 +205,10 @@ TEST_F(WindowFlowTest, AQuitMessageEndsTheCallOverAMenu)
         user.when("the manager is up", atRest,
                   [ofGrid]
                   {
-                      grid()->SetFocus();
                       if (ofGrid)
                           rightClick(grid()->GetGridColLabelWindow(), heading("Name"));
                       else
-                          pressKey('F', wxMOD_ALT);
+                          pressKey(WXK_F10);
                   });
         user.when("the menu is up", menuIsUp, tessaronResourcesQuit);
         EXPECT_EQ(load(), 0);

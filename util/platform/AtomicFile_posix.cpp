@@ -134,6 +134,14 @@ std::string folderOf(const std::string& path)
     return folder.empty() ? "." : folder;
 }
 
+/// A path, if it has no zero byte: the system would take it to end there, and find another file.
+const std::string& withoutZero(const std::string& path)
+{
+    if (const std::size_t zero = path.find('\0'); zero != std::string::npos)
+        throw AtomicFileError("Cannot write '" + path.substr(0, zero) + "': a zero byte follows in the path");
+    return path;
+}
+
 } // namespace
 
 AtomicFileError::~AtomicFileError() = default;
@@ -141,12 +149,12 @@ AtomicFileError::~AtomicFileError() = default;
 class AtomicFile::Impl
 {
 public:
-    explicit Impl(const std::string& path)
-        : m_path(path), m_target(resolved(path)), m_file(isForPassing() ? open() : create()), m_buffer(m_file.get()),
-          m_stream(&m_buffer)
+    Impl(const std::string& path, NewFile rights)
+        : m_path(withoutZero(path)), m_target(resolved(path)), m_file(isForPassing() ? open() : create()),
+          m_buffer(m_file.get()), m_stream(&m_buffer)
     {
         if (isTemporary())
-            keepRights();
+            setRights(rights);
     }
     ~Impl()
     {
@@ -211,12 +219,24 @@ private:
             check(errno == EEXIST, "creating a temporary file beside it");
         }
     }
-    void keepRights()
+    // The new file is ours in any case; where the rights cannot be copied, it has the usual ones.
+    void setRights(NewFile rights)
     {
-        struct stat old = {};
-        if (system::fstatat(AT_FDCWD, m_target.c_str(), &old, 0) == 0)
-            // The new file is ours in any case; where the rights cannot be copied, it has the usual ones.
-            static_cast<void>(system::fchmod(m_file.get(), old.st_mode & 07777));
+        struct stat model = {};
+        if (system::fstatat(AT_FDCWD, m_target.c_str(), &model, 0) == 0)
+            copyRights(model.st_gid, model.st_mode & 07777);
+        else if (rights == NewFile::ofFolder && system::fstatat(AT_FDCWD, folderOf(m_target).c_str(), &model, 0) == 0)
+            copyRights(model.st_gid, model.st_mode & 0666);
+    }
+    void copyRights(gid_t group, mode_t mode)
+    {
+        struct stat own = {};
+        const bool sameGroup = (system::fstat(m_file.get(), &own) == 0 && own.st_gid == group) ||
+                               system::fchown(m_file.get(), static_cast<uid_t>(-1), group) == 0;
+        // What one group was allowed must not become another's.
+        if (!sameGroup)
+            mode = (mode & ~static_cast<mode_t>(S_IRWXG | S_ISGID)) | (mode & S_IRWXO) << 3;
+        static_cast<void>(system::fchmod(m_file.get(), mode));
     }
 
     std::string m_path;
@@ -228,7 +248,7 @@ private:
     bool m_committed = false;
 };
 
-AtomicFile::AtomicFile(const std::string& path) : m_impl(std::make_unique<Impl>(path)) {}
+AtomicFile::AtomicFile(const std::string& path, NewFile rights) : m_impl(std::make_unique<Impl>(path, rights)) {}
 
 AtomicFile::~AtomicFile() = default;
 
