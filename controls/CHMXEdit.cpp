@@ -1,7 +1,8 @@
 #include "controls/CHMXEdit.h"
 
+#include "controls/WrappedText.h"
+
 #include <wx/settings.h>
-#include <wx/textwrapper.h>
 #include <wx/tooltip.h>
 
 namespace mfcutil
@@ -14,16 +15,6 @@ namespace
 
 constexpr int widestTip = 400;
 constexpr double errorTint = 0.3;
-
-class LineCollector : public wxTextWrapper
-{
-public:
-    wxString text;
-
-protected:
-    void OnOutputLine(const wxString& line) override { text += line; }
-    void OnNewLine() override { text += '\n'; }
-};
 
 wxColour tinted(const wxColour& colour, const wxColour& tint)
 {
@@ -69,8 +60,10 @@ void CHMXEdit::SetEditable(bool editable)
 
 void CHMXEdit::setError()
 {
+    // Colours that are the look's stay the look's, which has others for a field that is disabled.
     if (!m_error)
-        m_normalColours = {GetForegroundColour(), GetBackgroundColour()};
+        m_normalColours = {UseForegroundColour() ? GetForegroundColour() : wxNullColour,
+                           UseBackgroundColour() ? GetBackgroundColour() : wxNullColour};
     m_error = true;
     draw(m_errorColours);
     // In this order: GTK drops the selection when it moves the caret.
@@ -113,9 +106,7 @@ void CHMXEdit::ignoreUnlessEditable(wxEvent& event)
 void CHMXEdit::showToolTip()
 {
     m_toolTipPending = false;
-    LineCollector lines;
-    lines.Wrap(this, m_toolTipText, FromDIP(widestTip));
-    SetToolTip(lines.text);
+    SetToolTip(wrappedText(*this, m_toolTipText, FromDIP(widestTip)));
 }
 
 } // namespace mfcutil

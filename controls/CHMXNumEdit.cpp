@@ -71,11 +71,16 @@ void CHMXNumEdit::onFocusLost(wxFocusEvent& event)
     if (IsBeingDeleted())
         return;
     const bool empty = IsEmpty();
+    const wxString typed = GetValue();
+    double value = 0.0;
+    const bool whole = evaluate(typed, value);
     reformat();
     if (!empty && !m_generalFormat)
     {
         wxCommandEvent left(EVT_NUMBER_LEFT, GetId());
         left.SetEventObject(this);
+        if (!whole)
+            left.SetString(typed);
         ProcessWindowEvent(left);
         return;
     }

@@ -9,7 +9,8 @@ namespace mfcutil
 class CHMXNumEdit;
 
 /// Sent to the dialog when a numeric edit has lost the focus and shows its number: the notification that a plain edit
-/// would pass on. The id is the field's.
+/// would pass on. The id is the field's, the string the text as it was typed where no more than its beginning is a
+/// number.
 wxDECLARE_EVENT(EVT_NUMBER_LEFT, wxCommandEvent);
 
 /// An edit field that evaluates an arithmetic expression (see controls/NumericExpression.h) and shows the result as a

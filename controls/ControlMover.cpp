@@ -2,6 +2,8 @@
 
 #include <wx/wupdlock.h>
 
+#include <algorithm>
+
 namespace TessaronResources
 {
 
@@ -57,7 +59,9 @@ void ControlMover::resize(int clientWidth, int clientHeight)
         if (!entry.control)
             continue;
         const ControlBounds to = movedBounds(entry.registered, entry.factors, dx, dy);
-        entry.control->SetSize(to.left, to.top, to.right - to.left, to.bottom - to.top, wxSIZE_ALLOW_MINUS_ONE);
+        // The dialog may be smaller than what a control's bounds can follow.
+        entry.control->SetSize(to.left, to.top, std::max(to.right - to.left, 0), std::max(to.bottom - to.top, 0),
+                               wxSIZE_ALLOW_MINUS_ONE);
         if (entry.factors.grows())
             entry.control->Refresh();
     }

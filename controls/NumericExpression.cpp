@@ -202,9 +202,9 @@ std::string formatTidy(double value)
     return text;
 }
 
-std::string formatGeneral(double value)
+std::string formatGeneral(double value, int digits)
 {
-    return toText(value, std::chars_format::general, 6);
+    return toText(value, std::chars_format::general, digits);
 }
 
 std::string formatDecimals(double value, int decimals)

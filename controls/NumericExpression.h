@@ -27,8 +27,8 @@ double leadingNumber(std::string_view text);
 
 /// Rounded half up to six decimals, without trailing zeros: "0.625", "3".
 std::string formatTidy(double value);
-/// The shortest form with six significant digits, with an exponent where it is needed: "0.333333", "1e+10".
-std::string formatGeneral(double value);
+/// The shortest form with so many significant digits, with an exponent where it is needed: "0.333333", "1e+10".
+std::string formatGeneral(double value, int digits = 6);
 /// With that many decimals: "12.35".
 std::string formatDecimals(double value, int decimals);
 

@@ -1,5 +1,7 @@
 #include "controls/TransparentImage.h"
 
+#include "frame/BitmapOfSize.h"
+
 #include <algorithm>
 
 namespace mfcutil
@@ -16,8 +18,8 @@ void CTransparentImage::setPicture(const wxBitmapBundle& picture)
     const double scale = std::min(static_cast<double>(room.x) / drawn.x, static_cast<double>(room.y) / drawn.y);
     const wxSize shown(std::max(1, static_cast<int>(drawn.x * scale)), std::max(1, static_cast<int>(drawn.y * scale)));
     const double pixels = GetContentScaleFactor();
-    const wxBitmap normal = picture.GetBitmap(shown);
-    SetBitmap(pixels > 1 ? wxBitmapBundle::FromBitmaps(normal, picture.GetBitmap(shown * pixels))
+    const wxBitmap normal = TessaronResources::bitmapOfSize(picture, shown);
+    SetBitmap(pixels > 1 ? wxBitmapBundle::FromBitmaps(normal, TessaronResources::bitmapOfSize(picture, shown * pixels))
                          : wxBitmapBundle(normal));
     SetSize(wxRect(GetPosition(), room));
 }

@@ -2,6 +2,7 @@
 
 #include "engine/jobs/JobError.h"
 #include "engine/jobs/JobRegistry.h"
+#include "engine/pocketing/Findings.h"
 #include "engine/pocketing/PocketingJob.h"
 #include "engine/pocketing/PocketingParameters.h"
 #include <tessaron/exchange/Archives.h>
@@ -37,9 +38,10 @@ void drive(const std::shared_ptr<Job>& job, std::shared_ptr<const Tessaron2dInpu
     try
     {
         pocketing.start(registry.threads(), [&](int workers) { registry.addWorkers(*job, workers); });
-        auto toolpath = pocketing.compute();
+        pocketing::PocketingResult result = pocketing.compute();
         registry.noteEnd(*job);
-        job->finish(std::move(toolpath));
+        const int code = pocketing::statusOf(result.findings);
+        job->finish(std::move(result.toolpath), code, std::move(result.findings));
     }
     catch (const jobs::Cancelled&)
     {
@@ -101,12 +103,11 @@ JobInputProblem checkJobInput(const Tessaron2dInput& input)
 {
     try
     {
-        pocketing::readParameters(input);
-        return {};
+        return {status::ok, {}, {}, pocketing::findInput(input, pocketing::readParameters(input))};
     }
     catch (const jobs::JobError& error)
     {
-        return {error.status(), error.field(), error.what()};
+        return {error.status(), error.field(), error.what(), {}};
     }
 }
 

@@ -124,6 +124,23 @@ size_t tessaronJobText(int jobId, char* text, size_t size)
     return guarded(std::size_t{0}, [&] { return copyText(exchange::jobInfo(jobId).text, text, size); });
 }
 
+size_t tessaronJobFindingCount(int jobId)
+{
+    return guarded(std::size_t{0}, [&] { return exchange::jobInfo(jobId).findings.size(); });
+}
+
+int tessaronJobFinding(int jobId, size_t index, char* text, size_t size)
+{
+    return guarded(0,
+                   [&]
+                   {
+                       const std::vector<exchange::JobFinding> findings = exchange::jobInfo(jobId).findings;
+                       const bool known = index < findings.size();
+                       copyText(known ? findings[index].text : std::string(), text, size);
+                       return known ? findings[index].code : 0;
+                   });
+}
+
 double tessaronJobPercent(int jobId)
 {
     return guarded(-1.0,

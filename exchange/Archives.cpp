@@ -33,7 +33,13 @@ ArchiveFormat detectFormat(std::istream& stream)
     try
     {
         if (stream.good() && stream.rdbuf() != nullptr)
-            first = stream.rdbuf()->sgetc();
+        {
+            // The line ends behind an XML document that came before this one.
+            std::streambuf& buffer = *stream.rdbuf();
+            first = buffer.sgetc();
+            while (first == ' ' || first == '\n' || first == '\t' || first == '\r')
+                first = buffer.snextc();
+        }
     }
     catch (const std::exception&)
     {
@@ -44,10 +50,6 @@ ArchiveFormat detectFormat(std::istream& stream)
     case std::char_traits<char>::eof():
         failInput();
     case '<':
-    case ' ':
-    case '\n':
-    case '\t':
-    case '\r':
     case 0xEF:
         return ArchiveFormat::xml;
     default:

@@ -40,7 +40,8 @@ bool parse(const std::string& text, Number& value)
 {
     const char* begin = text.data();
     const char* const end = begin + text.size();
-    if (begin != end && *begin == '+')
+    // from_chars takes a minus sign only, and there is one sign.
+    if (text.starts_with('+') && !text.starts_with("+-"))
         ++begin;
     Number read{};
     const auto [stop, error] = std::from_chars(begin, end, read);

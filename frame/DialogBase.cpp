@@ -2,6 +2,7 @@
 #include <tessaron/frame/DialogBase.h>
 
 #include "frame/CurrentModule.h"
+#include "frame/HostWindows.h"
 #include "frame/MessageDialog.h"
 #include "frame/ModalLoop.h"
 #include "frame/Toolkit.h"
@@ -55,6 +56,10 @@ bool DialogBase::create(int templateId, wxWindow* parent)
     SetBackgroundStyle(wxBG_STYLE_SYSTEM);
     native::makeCompact(*this);
     initialise();
+    // Without an owner the toolkit has found one among the host's windows.
+    CentreOnParent();
+    if (!parent)
+        detachFromOwner(*this);
     return true;
 }
 
@@ -120,6 +125,7 @@ void DialogBase::OnCancel()
 
 void DialogBase::DestroyWindow()
 {
+    const EntryScope scope(getCurrentModuleState());
     if (GetHandle())
         Hide();
     PostNcDestroy();
@@ -136,7 +142,8 @@ int DialogBase::ShowModal()
     m_modalResult = idCancel;
     const native::FocusReturn focus;
     const wxWindowDisabler othersDisabled(this);
-    CentreOnParent();
+    if (GetParent())
+        CentreOnParent();
     native::setModal(*this, true);
     Show();
     Raise();

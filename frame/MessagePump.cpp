@@ -1,5 +1,6 @@
 #include "frame/MessagePump.h"
 
+#include "frame/HostWindows.h"
 #include "frame/Toolkit.h"
 #include "frame/native/NativeToolkit.h"
 #include <tessaron/frame/PlainEntryPoints.h>
@@ -22,6 +23,7 @@ constexpr std::chrono::milliseconds longestDrain{25};
 
 std::atomic<bool> ownQuit{false};
 int scopes = 0;
+const wxEventLoopBase* ownLoop = nullptr;
 bool quitSeen = false;
 // Idle work follows messages; without any since the last time there is none to do.
 bool idleWorkDue = true;
@@ -58,20 +60,23 @@ MessagePump::MessagePump()
     {
         m_ownLoop = std::make_unique<wxGUIEventLoop>();
         wxEventLoopBase::SetActive(m_ownLoop.get());
+        ownLoop = m_ownLoop.get();
     }
 }
 
 MessagePump::~MessagePump()
 {
-    if (m_ownLoop)
-        wxEventLoopBase::SetActive(nullptr);
+    if (!m_ownLoop)
+        return;
+    wxEventLoopBase::SetActive(nullptr);
+    ownLoop = nullptr;
 }
 
 bool MessagePump::quitPosted()
 {
     if (ownQuit)
         return true;
-    return toolkitRunning() && (shouldExit(wxTheApp->GetMainLoop()) || shouldExit(wxEventLoopBase::GetActive()));
+    return toolkitRunning() && (shouldExit(wxTheApp->GetMainLoop()) || LastWindowGuard::lastWindowClosed());
 }
 
 bool MessagePump::pump()
@@ -81,10 +86,11 @@ bool MessagePump::pump()
         const auto deadline = std::chrono::steady_clock::now() + longestDrain;
         while (!m_quit && loop->Pending())
         {
-            // What Dispatch tells means something only while the native loop that it asks about is running.
+            // What Dispatch tells is whether the innermost native loop was told to quit. That means something only where
+            // such a loop runs and is the host's own: the toolkit quits and re-enters its loops as dialogs come and go.
             const bool running = loop->Dispatch();
             idleWorkDue = true;
-            m_quit = (!running && native::insideNativeLoop()) || quitPosted();
+            m_quit = (!running && loop == ownLoop && native::insideNativeLoop()) || quitPosted();
             if (std::chrono::steady_clock::now() > deadline)
                 break;
         }

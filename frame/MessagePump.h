@@ -23,8 +23,8 @@ public:
 /// that the host runs, or on one of its own where the host runs none of the toolkit's. Make one for each run of a
 /// window.
 ///
-/// A quit message is whatever tells the host's loop to end: the toolkit's main loop scheduled for exit, a native loop
-/// that was told to quit, or tessaronResourcesQuit().
+/// A quit message is whatever tells the host's loop to end: the toolkit's main loop scheduled for exit, the host's last
+/// window closed, where the toolkit runs no loop a native one that was told to quit, or tessaronResourcesQuit().
 class MessagePump
 {
 public:

@@ -5,6 +5,8 @@
 #include <wx/app.h>
 #include <wx/init.h>
 #include <wx/log.h>
+#include <wx/strconv.h>
+#include <wx/thread.h>
 
 namespace TessaronResources
 {
@@ -25,6 +27,16 @@ void ignoreAssertion(const wxString&, int, const wxString&, const wxString&, con
 class GuestApp : public wxApp
 {
 public:
+    // The native toolkit is up already. Starting it the toolkit's way would rename the host, set a variable of its
+    // environment, and print a warning in a host that uses the native toolkit itself.
+    bool Initialize(int& count, wxChar** arguments) override
+    {
+        static wxMBConvUTF8 fileNames(wxMBConvUTF8::MAP_INVALID_UTF8_TO_PUA);
+        wxConvCurrent = &wxConvUTF8;
+        wxConvFileName = &fileNames;
+        return wxAppBase::Initialize(count, arguments);
+    }
+
     bool OnInit() override
     {
         SetExitOnFrameDelete(false);
@@ -37,7 +49,7 @@ public:
 bool startOwnToolkit()
 {
     const native::ProcessStateGuard guard;
-    if (!native::displayIsNamed())
+    if (!native::displayIsNamed() || !native::start())
         return false;
     wxSetAssertHandler(ignoreAssertion);
     delete wxLog::SetActiveTarget(new SilentLog);
@@ -51,11 +63,18 @@ bool startOwnToolkit()
     return false;
 }
 
+bool ownsUserInterface()
+{
+    if (wxTheApp)
+        return !wxTheApp->IsGUI() || wxIsMainThread();
+    return !native::displayIsNamed() || native::ownsEventQueue();
+}
+
 } // namespace
 
 bool toolkitRunning()
 {
-    return wxTheApp != nullptr && wxTheApp->IsGUI() && native::displayIsOpen();
+    return wxTheApp != nullptr && wxTheApp->IsGUI() && native::displayIsOpen() && wxIsMainThread();
 }
 
 bool startToolkit()
@@ -63,23 +82,15 @@ bool startToolkit()
     return toolkitRunning() || (!wxTheApp && startOwnToolkit());
 }
 
-EntryScope::EntryScope(AFX_MODULE_STATE* state) : m_moduleState(state), m_toolkit(startToolkit())
+EntryScope::EntryScope(AFX_MODULE_STATE* state) : m_moduleState(state)
 {
-    if (!m_toolkit)
+    if (!ownsUserInterface())
         return;
-    m_assertHandler = wxSetAssertHandler(ignoreAssertion);
-    // Closing our window must not end a host that has no other window open.
-    m_exitOnFrameDelete = wxTheApp->GetExitOnFrameDelete();
-    wxTheApp->SetExitOnFrameDelete(false);
+    m_quitScope.emplace();
+    if (startToolkit())
+        m_lastWindow.emplace();
 }
 
-EntryScope::~EntryScope()
-{
-    if (!m_toolkit)
-        return;
-    wxSetAssertHandler(m_assertHandler);
-    if (wxTheApp)
-        wxTheApp->SetExitOnFrameDelete(m_exitOnFrameDelete);
-}
+EntryScope::~EntryScope() = default;
 
 } // namespace TessaronResources

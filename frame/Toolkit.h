@@ -2,9 +2,10 @@
 #define FRAME_TOOLKIT_H
 
 #include "frame/CurrentModule.h"
+#include "frame/HostWindows.h"
 #include "frame/MessagePump.h"
 
-#include <wx/debug.h>
+#include <optional>
 
 namespace TessaronResources
 {
@@ -14,11 +15,12 @@ namespace TessaronResources
 /// \returns false when there is no display.
 bool startToolkit();
 
-/// Whether windows can be made.
+/// Whether windows can be made, on this thread.
 bool toolkitRunning();
 
 /// What every entry point holds while it runs: the module state it works under, and the toolkit kept from doing to the
-/// host what a guest must not do. All of it is given back on every way out.
+/// host what a guest must not do. All of it is given back on every way out. On a thread that does not own the user
+/// interface, toolkitRunning() is false and nothing of the toolkit is touched.
 class EntryScope
 {
 public:
@@ -27,12 +29,13 @@ public:
     EntryScope(const EntryScope&) = delete;
     EntryScope& operator=(const EntryScope&) = delete;
 
+    /// Whether the calling thread does not own the user interface, so that the call has to fail.
+    bool isRefused() const { return !m_quitScope; }
+
 private:
     ModuleStateGuard m_moduleState;
-    QuitScope m_quitScope;
-    wxAssertHandler_t m_assertHandler = nullptr;
-    bool m_toolkit = false;
-    bool m_exitOnFrameDelete = false;
+    std::optional<QuitScope> m_quitScope;
+    std::optional<LastWindowGuard> m_lastWindow;
 };
 
 } // namespace TessaronResources

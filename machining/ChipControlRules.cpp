@@ -2,11 +2,11 @@
 
 #include "controls/NumericExpression.h"
 #include "resources/TextIds.h"
-#include <tessaron/engine/Calculator.h>
 #include <tessaron/util/Assertion.h>
 #include <tessaron/util/Keys.h>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace TessaronResources
@@ -99,6 +99,11 @@ int ChipControlRules::tooltipTextId(int field) const
     return m_metric ? found->metric : found->inch;
 }
 
+int ChipControlRules::removalRateUnitTextId() const
+{
+    return m_metric ? texts::cubicCentimetersPerMinute : texts::cubicInchesPerMinute;
+}
+
 const char* ChipControlRules::helpFileName() const
 {
     return m_metric ? "Chip Thickness Control in Tessaron Metric.chm" : "Chip Thickness Control in Tessaron Inch.chm";
@@ -143,7 +148,35 @@ double ChipControlRules::toolDiameter()
 
 std::string ChipControlRules::removalRateText() const
 {
-    return mfcutil::formatDecimals(m_removalRate, 2);
+    const std::string text = mfcutil::formatDecimals(m_removalRate, 2);
+    return text == "0.00" && m_removalRate > 0 ? mfcutil::formatGeneral(m_removalRate, 2) : text;
+}
+
+CutValues ChipControlRules::cut()
+{
+    return {toolDiameter(),
+            m_workingSet.doubleAt(util::keys::depthOfCut),
+            m_workingSet.intAt(util::keys::toolNumFlutes),
+            m_metric,
+            m_surfaceSpeed,
+            spindleSpeed(),
+            m_feedPerTooth,
+            real(feedrate),
+            real(stepover),
+            m_chipThickness,
+            m_removalRate};
+}
+
+bool ChipControlRules::agree()
+{
+    return TessaronResources::agree(cut());
+}
+
+std::vector<ChipControlNote> ChipControlRules::notes()
+{
+    const MachineLimits limits{m_workingSet.numberOr(util::keys::maximumSpindleSpeed, 0),
+                               m_workingSet.numberOr(util::keys::maximumFeedrate, 0)};
+    return chipControlNotes(cut(), limits, m_lastDerived == DerivedQuantity::stepover);
 }
 
 void ChipControlRules::percentToStepover()
@@ -152,9 +185,9 @@ void ChipControlRules::percentToStepover()
 }
 
 // A diameter of zero gives an infinity or NaN here, and the field says so.
-void ChipControlRules::stepoverToPercent()
+double ChipControlRules::stepoverInPercent()
 {
-    m_stepoverPercent = real(stepover) * 100.0 / toolDiameter();
+    return real(stepover) * 100.0 / toolDiameter();
 }
 
 void ChipControlRules::fieldLeft(int field, DerivedQuantity derived)
@@ -182,12 +215,13 @@ void ChipControlRules::fieldLeft(int field, DerivedQuantity derived)
         percentToStepover();
         break;
     case chipControl::stepover:
-        stepoverToPercent();
+        m_stepoverPercent = stepoverInPercent();
         break;
     default:
         break;
     }
     clear(derived);
+    m_lastDerived = derived;
     recalculate();
 }
 
@@ -217,16 +251,23 @@ void ChipControlRules::clear(DerivedQuantity derived)
 void ChipControlRules::recalculate()
 {
     m_removalRate = 0.0;
-    exchange::calculateMachiningParameters(toolDiameter(), m_workingSet.doubleAt(util::keys::depthOfCut),
-                                           m_workingSet.intAt(util::keys::toolNumFlutes), m_metric, &m_surfaceSpeed,
-                                           &spindleSpeed(), &m_feedPerTooth, &real(feedrate), &real(stepover),
-                                           &m_chipThickness, &m_removalRate);
-    stepoverToPercent();
+    CutValues solved = cut();
+    solve(solved);
+    m_surfaceSpeed = solved.surfaceSpeed;
+    m_workingSet.set(util::keys::spindleSpeed, solved.spindleSpeed);
+    m_feedPerTooth = solved.feedPerTooth;
+    m_workingSet.set(util::keys::feedrate, solved.feedrate);
+    m_workingSet.set(util::keys::stepover, solved.stepover);
+    m_chipThickness = solved.chipThickness;
+    m_removalRate = solved.removalRate;
+    m_stepoverPercent = stepoverInPercent();
 }
 
 void ChipControlRules::apply()
 {
-    percentToStepover();
+    // A stepover that says what the percentage says keeps its last digits, too.
+    if (!std::isfinite(m_stepoverPercent) || m_stepoverPercent != stepoverInPercent())
+        percentToStepover();
     m_target->clear();
     for (const auto& [key, value] : m_workingSet.params())
         m_target->set(key, value);

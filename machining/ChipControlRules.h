@@ -1,35 +1,16 @@
 #ifndef MACHINING_CHIPCONTROLRULES_H
 #define MACHINING_CHIPCONTROLRULES_H
 
+#include "machining/ChipControlFields.h"
+#include "machining/ChipControlNotes.h"
+#include "machining/CutValues.h"
 #include <tessaron/util/Parameterized.h>
 
-#include <array>
 #include <string>
+#include <vector>
 
 namespace TessaronResources
 {
-
-namespace chipControl
-{
-
-// Controls of the dialog's templates.
-inline constexpr int calculate = 3;
-inline constexpr int stepoverPercent = 1040;
-inline constexpr int stepoverLabel = 1041;
-inline constexpr int help = 1065;
-inline constexpr int surfaceSpeed = 4000;
-inline constexpr int spindleSpeed = 4001;
-inline constexpr int feedPerTooth = 4002;
-inline constexpr int feedrate = 4003;
-inline constexpr int stepover = 4004;
-inline constexpr int chipThickness = 4005;
-inline constexpr int removalRate = 4006;
-inline constexpr int derivedQuantity = 4057;
-
-/// The fields that hold a real number. The spindle speed is the only one that does not.
-inline constexpr std::array realFields{surfaceSpeed, feedPerTooth, feedrate, stepover, stepoverPercent, chipThickness};
-
-} // namespace chipControl
 
 /// The quantity that is derived from all others, as the index of its entry in the dialog's list.
 enum class DerivedQuantity
@@ -62,6 +43,7 @@ public:
     int stepoverLabelTextId() const;
     /// The string table id of a field's tooltip, which names its unit; 0 when it has none.
     int tooltipTextId(int field) const;
+    int removalRateUnitTextId() const;
     /// The name of the help file that lies beside the module.
     const char* helpFileName() const;
     /// Whether a field can be edited while a quantity is derived. True for controls that hold no quantity.
@@ -73,10 +55,16 @@ public:
     double& real(int field);
     /// The number behind the spindle speed's field.
     int& spindleSpeed();
+    /// With two decimals; with two significant digits where that would read zero and is not.
     std::string removalRateText() const;
+    /// What there is to tell about the cut.
+    std::vector<ChipControlNote> notes();
 
     // --- What the user does
 
+    /// Whether the fields satisfy the formulas already. A field that is left need not be recalculated then, unless
+    /// something was edited.
+    bool agree();
     /// To be called after all fields have been read, when one of them has lost the focus.
     void fieldLeft(int field, DerivedQuantity derived);
     /// Replaces the host's parameters by the working set. The percentage decides about the stepover.
@@ -86,8 +74,9 @@ private:
     int kindCode() const { return m_operationKind >> 16; }
     bool isCutWidth() const;
     double toolDiameter();
+    CutValues cut();
+    double stepoverInPercent();
     void percentToStepover();
-    void stepoverToPercent();
     void clear(DerivedQuantity derived);
     void recalculate();
 
@@ -95,6 +84,7 @@ private:
     util::Parameterized m_workingSet;
     int m_operationKind;
     bool m_metric;
+    DerivedQuantity m_lastDerived = DerivedQuantity::none;
     double m_surfaceSpeed = 0.0;
     double m_feedPerTooth = 0.0;
     double m_stepoverPercent = 0.0;

@@ -2,6 +2,7 @@
 
 #include "controls/TransparentImage.h"
 #include "frame/CurrentModule.h"
+#include "frame/Toolkit.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
 #include <tessaron/frame/DataExchange.h>
@@ -25,7 +26,7 @@ ProgressDialog::~ProgressDialog() = default;
 
 void ProgressDialog::makeWindow()
 {
-    const ModuleStateGuard guard(storedModuleState());
+    const EntryScope scope(storedModuleState());
     if (!create(m_templateId, nullptr))
         return;
     Show();
@@ -34,7 +35,9 @@ void ProgressDialog::makeWindow()
 
 void ProgressDialog::doProgressLoop()
 {
-    const ModuleStateGuard guard(storedModuleState());
+    const EntryScope scope(storedModuleState());
+    if (scope.isRefused())
+        return;
     ProgressControls view(control(progressIds::bar), control(progressIds::stage));
     runProgressLoop(*m_cancelled, [&] { return pollProgress(*m_progress, view, StageScope::job, currentString); });
 }

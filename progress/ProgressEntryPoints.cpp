@@ -37,6 +37,8 @@ template <class Dialog, class... Arguments>
 int runProgressDialog(AFX_MODULE_STATE* state, exchange::ProgressData* progress, Arguments... arguments)
 {
     const EntryScope scope(state);
+    if (scope.isRefused())
+        return cancelledByUser;
     if (!progress)
         return finished;
     if (!toolkitRunning())

@@ -38,6 +38,9 @@ boost::shared_ptr<exchange::ProgressData> progressOfJob(int jobId)
     boost::shared_ptr<exchange::ProgressData> progress = exchange::createLocallyLinkedProgressData();
     const boost::unique_lock<boost::mutex> lock(progress->mutex);
     progress->jobId = jobId;
+    // Such a record waits for a job. Nobody but us has this one, so none will come.
+    if (jobId == lowestRunningJobId)
+        progress->percent = -1.0;
     return progress;
 }
 

@@ -53,6 +53,15 @@ constexpr Entry table[] = {
     {texts::help, "Help"},
     {texts::clearance, "Clearance in the length unit of the part"},
     {texts::linkPreference, "0: rapid move links, 10: high-feed links"},
+    {texts::cubicInchesPerMinute, "in³/min"},
+    {texts::cubicCentimetersPerMinute, "cm³/min"},
+    {texts::readInPart, "%s was read of \"%s\"."},
+    {texts::chipThicknessContradicts, "At this feed per tooth and stepover the chip is %s thick."},
+    {texts::halfTheDiameterTaken, "From half the diameter up, any stepover gives this chip: half was taken."},
+    {texts::aboveMaximumSpindleSpeed, "Spindle speed above the maximum of %s."},
+    {texts::aboveMaximumFeedrate, "Feedrate above the maximum of %s."},
+    {texts::chipMayRub, "May rub: thinner than a usual edge radius, %s (Denkena/Biermann 2014)."},
+    {texts::thinningFactor, "Thinning factor %s."},
 };
 
 static_assert(std::ranges::adjacent_find(table, std::greater_equal{}, &Entry::id) == std::end(table));

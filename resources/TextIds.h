@@ -46,6 +46,17 @@ constexpr int help = 1115;
 constexpr int clearance = 1116;
 constexpr int linkPreference = 1117;
 
+// What the chip thickness dialog says below its removal rate. "%s" stands for a value.
+constexpr int cubicInchesPerMinute = 1120;
+constexpr int cubicCentimetersPerMinute = 1121;
+constexpr int readInPart = 1122;
+constexpr int chipThicknessContradicts = 1123;
+constexpr int halfTheDiameterTaken = 1124;
+constexpr int aboveMaximumSpindleSpeed = 1125;
+constexpr int aboveMaximumFeedrate = 1126;
+constexpr int chipMayRub = 1127;
+constexpr int thinningFactor = 1128;
+
 } // namespace TessaronResources::texts
 
 #endif

@@ -62,7 +62,7 @@ public:
 
     const util::TemplateInfo& info() const { return m_session.info(); }
 
-    /// The theme in force, a number of util::VisualTheme.
+    /// The theme in force, a number of util::VisualTheme: the host's, or where the host leaves it open, the user's.
     int theme() const;
 
 private:

@@ -1,6 +1,7 @@
 #include "templates/TemplateManagerFrameWnd.h"
 
 #include "frame/CurrentModule.h"
+#include "frame/HostWindows.h"
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
 #include "templates/TemplateManagerFormView.h"
@@ -29,6 +30,7 @@ TemplateManagerFrameWnd::TemplateManagerFrameWnd(wxWindow* owner, const Template
               wxDEFAULT_FRAME_STYLE | (owner ? wxFRAME_FLOAT_ON_PARENT : 0)),
       m_form(new TemplateManagerFormView(*this, inputs))
 {
+    detachFromOwner(*this);
     SetIcons(currentResources().icon(iconId));
     Bind(wxEVT_CLOSE_WINDOW, &TemplateManagerFrameWnd::onClose, this);
     Bind(wxEVT_CHAR_HOOK, &TemplateManagerFrameWnd::onCharHook, this);

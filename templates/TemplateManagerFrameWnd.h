@@ -20,6 +20,9 @@ public:
     /// \returns false when there is no form.
     bool initialUpdate();
 
+    /// A host does not live on because of a window of the module.
+    bool ShouldPreventAppExit() const override { return false; }
+
     /// Takes on the look in force.
     void applyLook();
 

@@ -1,5 +1,6 @@
 #include "templates/TemplateManagerRibbon.h"
 
+#include "frame/BitmapOfSize.h"
 #include "frame/CurrentModule.h"
 #include "frame/Translation.h"
 #include "frame/looks/RibbonArt.h"
@@ -64,7 +65,7 @@ const RibbonButton buttons[] = {
 wxBitmap imageOf(const ImageList& list, int index, const wxWindow& window)
 {
     const int edge = window.FromDIP(list.edge);
-    const wxBitmap all = currentResources().bitmap(list.id).GetBitmap(wxSize(edge * list.count, edge));
+    const wxBitmap all = bitmapOfSize(currentResources().bitmap(list.id), wxSize(edge * list.count, edge));
     return all.IsOk() ? all.GetSubBitmap(wxRect(edge * index, 0, edge, edge)) : all;
 }
 

@@ -70,7 +70,7 @@ void Job::setWorkerStage(int worker, std::string_view stage, double value)
         setOnly(m_workerStages.at(static_cast<std::size_t>(worker)), stage, value);
 }
 
-void Job::finish(boost::shared_ptr<const ToolpathRecords> toolpath)
+void Job::finish(boost::shared_ptr<const ToolpathRecords> toolpath, int code, std::vector<JobFinding> findings)
 {
     const std::lock_guard lock(m_mutex);
     if (m_info.state != JobState::running)
@@ -79,7 +79,8 @@ void Job::finish(boost::shared_ptr<const ToolpathRecords> toolpath)
         return end(JobState::cancelled, status::cancelled);
     m_toolpath = std::move(toolpath);
     m_info.percent = 100.0;
-    end(JobState::finished, status::ok);
+    m_info.findings = std::move(findings);
+    end(JobState::finished, code);
 }
 
 void Job::fail(int status, const std::string& text, const std::string& field)

@@ -39,7 +39,7 @@ public:
     void setWorkerStage(int worker, std::string_view stage, double value);
 
     /// Ends the job. A job that was asked to stop ends as cancelled in either case; only the first end counts.
-    void finish(boost::shared_ptr<const ToolpathRecords> toolpath);
+    void finish(boost::shared_ptr<const ToolpathRecords> toolpath, int status, std::vector<JobFinding> findings);
     void fail(int status, const std::string& text, const std::string& field);
 
     JobInfo info() const;

@@ -1,5 +1,6 @@
 #include "engine/jobs/WorkerPool.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -7,7 +8,7 @@ namespace exchange::jobs
 {
 
 WorkerPool::WorkerPool(ThreadGroup& threads, int workers, const std::shared_ptr<const CancelFlag>& cancel)
-    : m_shared(std::make_shared<Shared>(cancel))
+    : m_shared(std::make_shared<Shared>(cancel)), m_workers(workers)
 {
     try
     {
@@ -58,6 +59,62 @@ void WorkerPool::wait()
     }
     if (shared.failure)
         std::rethrow_exception(shared.failure);
+}
+
+struct WorkerPool::Calls
+{
+    Calls(const std::function<void(std::size_t)>* function, std::size_t number) : call(function), count(number) {}
+
+    const std::function<void(std::size_t)>* const call;
+    const std::size_t count;
+    std::mutex mutex;
+    std::condition_variable ended;
+    std::size_t next = 0;
+    int running = 0;
+    std::exception_ptr failure;
+
+    /// Makes calls until none is left to begin. Whoever comes later than that does not touch the function.
+    void work()
+    {
+        std::unique_lock lock(mutex);
+        while (next < count)
+        {
+            const std::size_t number = next++;
+            ++running;
+            lock.unlock();
+            std::exception_ptr thrown;
+            try
+            {
+                (*call)(number);
+            }
+            catch (...)
+            {
+                thrown = std::current_exception();
+            }
+            lock.lock();
+            --running;
+            if (thrown)
+            {
+                next = count;
+                if (!failure)
+                    failure = thrown;
+            }
+        }
+        if (running == 0)
+            ended.notify_all();
+    }
+};
+
+void WorkerPool::forEach(std::size_t count, const std::function<void(std::size_t)>& call)
+{
+    const auto calls = std::make_shared<Calls>(&call, count);
+    for (std::size_t helper = 1; helper < std::min(count, static_cast<std::size_t>(m_workers)); ++helper)
+        submit([calls](int) { calls->work(); });
+    calls->work();
+    std::unique_lock lock(calls->mutex);
+    calls->ended.wait(lock, [&calls] { return calls->running == 0; });
+    if (calls->failure)
+        std::rethrow_exception(calls->failure);
 }
 
 void WorkerPool::wake()

@@ -2,42 +2,15 @@
 
 #include "engine/pocketing/SegmentIndex.h"
 
+#include <boost/pending/disjoint_sets.hpp>
+
 #include <algorithm>
 #include <cstddef>
-#include <map>
+#include <limits>
 #include <numeric>
-#include <utility>
 
 namespace exchange::pocketing
 {
-
-namespace
-{
-
-/// Sets that can be joined; each is known by its smallest member.
-class JoinedSets
-{
-public:
-    explicit JoinedSets(std::size_t count) : m_parent(count) { std::iota(m_parent.begin(), m_parent.end(), 0); }
-
-    std::size_t find(std::size_t member)
-    {
-        while (m_parent[member] != member)
-            member = m_parent[member] = m_parent[m_parent[member]];
-        return member;
-    }
-    void join(std::size_t a, std::size_t b)
-    {
-        a = find(a);
-        b = find(b);
-        m_parent[std::max(a, b)] = std::min(a, b);
-    }
-
-private:
-    std::vector<std::size_t> m_parent;
-};
-
-} // namespace
 
 ContourClusters clusterContours(const Area& area, double distance)
 {
@@ -48,27 +21,37 @@ ContourClusters clusterContours(const Area& area, double distance)
     for (const Path& contour : area)
         boxes.push_back(boxOf(contour));
 
-    JoinedSets sets(area.size());
+    boost::disjoint_sets_with_storage<> sets(area.size());
     for (std::size_t i = 1; i < area.size(); ++i)
+        if (!outer.visitOverlapping(boxes[i].grown(reach), [](std::size_t) { return false; }))
+            sets.union_set(std::size_t{0}, i);
+    // From left to right each box meets those that begin before it ends.
+    std::vector<std::size_t> fromLeft(area.size() - 1);
+    std::iota(fromLeft.begin(), fromLeft.end(), std::size_t{1});
+    std::sort(fromLeft.begin(), fromLeft.end(),
+              [&boxes](std::size_t a, std::size_t b) { return boxes[a].left < boxes[b].left; });
+    for (std::size_t i = 0; i < fromLeft.size(); ++i)
     {
-        const Box near = boxes[i].grown(reach);
-        if (!outer.visitOverlapping(near, [](std::size_t) { return false; }))
-            sets.join(0, i);
-        for (std::size_t j = 1; j < i; ++j)
-            if (near.overlaps(boxes[j]))
-                sets.join(i, j);
+        const Box near = boxes[fromLeft[i]].grown(reach);
+        for (std::size_t j = i + 1; j < fromLeft.size() && boxes[fromLeft[j]].left <= near.right; ++j)
+            if (near.overlaps(boxes[fromLeft[j]]))
+                sets.union_set(fromLeft[i], fromLeft[j]);
     }
 
     ContourClusters clusters;
-    std::map<std::size_t, Paths> bySet;
+    // The clusters in the order of their first contours; that of the outer contour comes first.
+    constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+    std::vector<std::size_t> clusterOf(area.size(), none);
     for (std::size_t i = 0; i < area.size(); ++i)
-        bySet[sets.find(i)].push_back(area[i]);
-    for (auto& [set, contours] : bySet)
     {
-        if (set == 0)
-            clusters.outer = std::move(contours);
-        else
-            clusters.holes.push_back(std::move(contours));
+        std::size_t& cluster = clusterOf[sets.find_set(i)];
+        if (cluster == none)
+        {
+            cluster = i == 0 ? 0 : clusters.holes.size() + 1;
+            if (i > 0)
+                clusters.holes.emplace_back();
+        }
+        (cluster == 0 ? clusters.outer : clusters.holes[cluster - 1]).push_back(area[i]);
     }
     return clusters;
 }

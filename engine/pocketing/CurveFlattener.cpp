@@ -50,6 +50,11 @@ Polyline CurveFlattener::flatten(const geom::ParametricCurve<2>& curve)
     return std::exchange(m_points, {});
 }
 
+bool CurveFlattener::isExact(const geom::ParametricCurve<2>& curve)
+{
+    return dynamic_cast<const geom::Line<2>*>(&curve) || dynamic_cast<const geom::Polyline<2>*>(&curve);
+}
+
 void CurveFlattener::Visit(const geom::Line<2>& line)
 {
     addControlPoints(line);

@@ -34,6 +34,9 @@ public:
     ///     many points. Cancelled after a cancel.
     Polyline flatten(const geom::ParametricCurve<2>& curve);
 
+    /// Whether a curve is itself a polyline, so that flattening does not change it.
+    static bool isExact(const geom::ParametricCurve<2>& curve);
+
     void Visit(const geom::Line<2>& line) override;
     void Visit(const geom::Polyline<2>& polyline) override;
     void Visit(const geom::Arc<2>& arc) override;

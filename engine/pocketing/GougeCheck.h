@@ -1,15 +1,14 @@
 #ifndef ENGINE_POCKETING_GOUGECHECK_H
 #define ENGINE_POCKETING_GOUGECHECK_H
 
-#include "engine/jobs/CancelFlag.h"
-#include "engine/pocketing/Rings.h"
 #include "engine/pocketing/SegmentIndex.h"
+#include "engine/pocketing/moves/PlaneMove.h"
 
 namespace exchange::pocketing
 {
 
-/// Checks finished cuts against the boundaries they came from, by other means than those that made them: no cut may
-/// take the tool's axis nearer to a boundary than the clearance, or out of the stock, or into the part.
+/// Checks moves against the boundaries they came from, by other means than those that made them: no move may take the
+/// tool's axis nearer to the part than the clearance, or into it. Arcs are checked as arcs.
 class GougeCheck
 {
 public:
@@ -17,16 +16,26 @@ public:
     /// \param clearance in steps of the grid
     GougeCheck(Paths part, Paths stock, double clearance);
 
-    /// \throws jobs::JobError (status::internalError) when a cut of the ring would gouge, Cancelled after a cancel
-    void check(const Ring& ring, const jobs::CancelFlag& cancel) const;
+    /// Whether a move keeps clear of the edges of the part. One that starts outside the part then stays there.
+    bool keepsClear(const PlaneMove& move) const { return !isCloser(m_partIndex, move, m_clearance); }
+    /// Whether a move stays this far from the edges of the part.
+    bool keepsDistance(const PlaneMove& move, double distance) const { return !isCloser(m_partIndex, move, distance); }
+    /// Whether the tool may stand at a place.
+    bool mayStand(const Vec& place) const;
+    /// How far a place is from the edges of the part; at most `limit`.
+    double distanceToPart(const Vec& place, double limit) const;
+    /// Whether a disc there touches no stock.
+    bool isAir(const Vec& place, double radius) const;
+
+    /// \throws jobs::JobError (status::internalError) when a closed cut would gouge
+    void check(const Track& loop) const;
 
     const Paths& part() const { return m_part; }
     const Paths& stock() const { return m_stock; }
-    const SegmentIndex& partIndex() const { return m_partIndex; }
-    const SegmentIndex& stockIndex() const { return m_stockIndex; }
+    double clearance() const { return m_clearance; }
 
 private:
-    void checkPath(const Path& path, const jobs::CancelFlag& cancel) const;
+    static bool isCloser(const SegmentIndex& index, const PlaneMove& move, double distance);
 
     Paths m_part;
     Paths m_stock;

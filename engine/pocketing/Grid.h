@@ -40,10 +40,11 @@ public:
         return IntPoint(std::llround((point[0] - m_centre[0]) * m_scale),
                         std::llround((point[1] - m_centre[1]) * m_scale));
     }
+    /// A place given in steps, whole or not.
+    Point toPoint(double x, double y) const { return Point(m_centre[0] + x / m_scale, m_centre[1] + y / m_scale); }
     Point toPoint(const IntPoint& point) const
     {
-        return Point(m_centre[0] + static_cast<double>(point.X) / m_scale,
-                     m_centre[1] + static_cast<double>(point.Y) / m_scale);
+        return toPoint(static_cast<double>(point.X), static_cast<double>(point.Y));
     }
 
 private:

@@ -86,7 +86,42 @@ private:
     std::multimap<Cell, End> m_cells;
 };
 
-void append(Polyline& loop, const Polyline& piece, bool reversed)
+} // namespace
+
+std::vector<Chain> chainLoops(const std::vector<Polyline>& pieces, double tolerance, const jobs::CancelFlag& cancel)
+{
+    // Ends this near are one point: the loop is closed even if another one begins just there.
+    const double samePoint = tolerance / 1000;
+    EndFinder finder(pieces, tolerance);
+    std::vector<Chain> loops;
+    for (std::size_t first = 0; first < pieces.size(); ++first)
+    {
+        if (finder.isUsed(first))
+            continue;
+        Chain loop{{first, false}};
+        finder.use(first);
+        const Point& start = pieces[first].front();
+        Point end = pieces[first].back();
+        for (;;)
+        {
+            cancel.check();
+            const double gap = distance(end, start);
+            const End next = finder.nearest(end);
+            if (gap <= tolerance && (gap <= samePoint || gap <= next.distance))
+                break;
+            if (next.distance > tolerance)
+                throw jobs::JobError(status::notASingleClosedRegion,
+                                     "A boundary is open: nothing continues it at " + placeText(end) + ".");
+            loop.push_back({next.piece, next.last});
+            finder.use(next.piece);
+            end = next.last ? pieces[next.piece].front() : pieces[next.piece].back();
+        }
+        loops.push_back(std::move(loop));
+    }
+    return loops;
+}
+
+void appendPiece(Polyline& loop, const Polyline& piece, bool reversed)
 {
     // Where the ends coincide exactly, one of the two points is enough.
     const Point& first = reversed ? piece.back() : piece.front();
@@ -97,38 +132,14 @@ void append(Polyline& loop, const Polyline& piece, bool reversed)
         loop.insert(loop.end(), piece.begin() + static_cast<std::ptrdiff_t>(skip), piece.end());
 }
 
-} // namespace
-
-std::vector<Polyline> chainLoops(const std::vector<Polyline>& pieces, double tolerance, const jobs::CancelFlag& cancel)
+Polyline loopOf(const Chain& chain, const std::vector<Polyline>& pieces)
 {
-    // Ends this near are one point: the loop is closed even if another one begins just there.
-    const double samePoint = tolerance / 1000;
-    EndFinder finder(pieces, tolerance);
-    std::vector<Polyline> loops;
-    for (std::size_t first = 0; first < pieces.size(); ++first)
-    {
-        if (finder.isUsed(first))
-            continue;
-        Polyline loop = pieces[first];
-        finder.use(first);
-        for (;;)
-        {
-            cancel.check();
-            const double gap = distance(loop.back(), loop.front());
-            const End next = finder.nearest(loop.back());
-            if (gap <= tolerance && (gap <= samePoint || gap <= next.distance))
-                break;
-            if (next.distance > tolerance)
-                throw jobs::JobError(status::notASingleClosedRegion,
-                                     "A boundary is open: nothing continues it at " + placeText(loop.back()) + ".");
-            append(loop, pieces[next.piece], next.last);
-            finder.use(next.piece);
-        }
-        if (loop.size() > 1 && loop.front() == loop.back())
-            loop.pop_back();
-        loops.push_back(std::move(loop));
-    }
-    return loops;
+    Polyline loop;
+    for (const Link& link : chain)
+        appendPiece(loop, pieces[link.piece], link.reversed);
+    if (loop.size() > 1 && loop.front() == loop.back())
+        loop.pop_back();
+    return loop;
 }
 
 } // namespace exchange::pocketing

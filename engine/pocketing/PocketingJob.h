@@ -3,16 +3,25 @@
 
 #include "engine/jobs/Job.h"
 #include "engine/jobs/ThreadGroup.h"
+#include <tessaron/engine/JobService.h>
 #include <tessaron/exchange/Tessaron2dInput.h>
 #include <tessaron/exchange/ToolpathRecords.h>
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace exchange::pocketing
 {
 
 class PocketingWork;
+
+/// What a pocketing job comes to.
+struct PocketingResult
+{
+    boost::shared_ptr<const ToolpathRecords> toolpath;
+    std::vector<JobFinding> findings;
+};
 
 /// Computes the toolpath that clears a 2-D pocket. docs/engine-jobs.md describes what it does.
 class PocketingJob
@@ -29,7 +38,7 @@ public:
     void start(jobs::ThreadGroup& threads, const std::function<void(int)>& addWorkers);
     /// Computes the toolpath; after start.
     /// \throws jobs::JobError, jobs::Cancelled and whatever the library throws when memory ends
-    boost::shared_ptr<const ToolpathRecords> compute();
+    PocketingResult compute();
 
 private:
     std::shared_ptr<PocketingWork> m_work;

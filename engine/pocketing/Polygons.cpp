@@ -2,11 +2,14 @@
 
 #include "engine/pocketing/ContourClusters.h"
 #include "engine/pocketing/SegmentIndex.h"
+#include "engine/pocketing/Thinning.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <iterator>
+#include <limits>
+#include <optional>
 #include <utility>
 
 namespace exchange::pocketing
@@ -89,66 +92,186 @@ struct GrownHoles
     std::vector<Area> enclosed;
 };
 
-GrownHoles growHoles(Paths holes, double distance, const OffsetTolerance& tolerance)
+/// Contours of one set of points, however deep within each other.
+struct Shape
+{
+    Paths outers;
+    Paths holes;
+};
+
+void addContours(const PolyTree& tree, Shape& shape)
+{
+    for (const PolyNode* node = tree.GetFirst(); node; node = node->GetNext())
+        (node->IsHole() ? shape.holes : shape.outers).push_back(node->Contour);
+}
+
+/// Two shapes put together. Only contours that come near the other shape take part in an operation.
+Shape united(Shape a, Shape b)
+{
+    const auto boxesOf = [](const Paths& paths)
+    {
+        std::vector<Box> boxes;
+        for (const Path& path : paths)
+            boxes.push_back(boxOf(path));
+        return boxes;
+    };
+    const std::vector<Box> outersOfA = boxesOf(a.outers);
+    const std::vector<Box> outersOfB = boxesOf(b.outers);
+    Shape result;
+    Clipper clipper;
+    const auto sort = [&clipper](Paths& paths, const std::vector<Box>& others, Paths& untouched)
+    {
+        for (Path& path : paths)
+        {
+            const Box box = boxOf(path);
+            if (std::any_of(others.begin(), others.end(), [&box](const Box& other) { return other.overlaps(box); }))
+                clipper.AddPath(path, ClipperLib::ptSubject, true);
+            else
+                untouched.push_back(std::move(path));
+        }
+    };
+    sort(a.outers, outersOfB, result.outers);
+    sort(a.holes, outersOfB, result.holes);
+    sort(b.outers, outersOfA, result.outers);
+    sort(b.holes, outersOfA, result.holes);
+    PolyTree tree;
+    clipper.Execute(ClipperLib::ctUnion, tree, ClipperLib::pftNonZero, ClipperLib::pftNonZero);
+    addContours(tree, result);
+    return result;
+}
+
+/// Islands, counter-clockwise, grown by a distance. Many are halved by place, so that no operation is large: the halves
+/// meet along a line only.
+Shape grownShape(Paths islands, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel,
+                 const ForEach& forEach)
+{
+    cancel.check();
+    std::size_t points = 0;
+    Box whole;
+    for (const Path& island : islands)
+    {
+        points += island.size();
+        whole.include(boxOf(island));
+    }
+    if (points <= tolerance.largest || islands.size() < 2)
+    {
+        PolyTree tree;
+        offset(islands, distance, tolerance, tree);
+        Shape shape;
+        addContours(tree, shape);
+        return shape;
+    }
+    const bool byX = whole.right - whole.left > whole.top - whole.bottom;
+    const auto middle = [byX](const Path& island)
+    {
+        const Box box = boxOf(island);
+        return byX ? box.left + box.right : box.bottom + box.top;
+    };
+    std::stable_sort(islands.begin(), islands.end(),
+                     [&middle](const Path& a, const Path& b) { return middle(a) < middle(b); });
+    const auto half = static_cast<std::ptrdiff_t>(islands.size() / 2);
+    Paths parts[] = {{std::make_move_iterator(islands.begin()), std::make_move_iterator(islands.begin() + half)},
+                     {std::make_move_iterator(islands.begin() + half), std::make_move_iterator(islands.end())}};
+    Shape shapes[2];
+    forEach(2,
+            [&](std::size_t i) { shapes[i] = grownShape(std::move(parts[i]), distance, tolerance, cancel, forEach); });
+    cancel.check();
+    return united(std::move(shapes[0]), std::move(shapes[1]));
+}
+
+GrownHoles growHoles(Paths holes, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel,
+                     const ForEach& forEach)
 {
     ClipperLib::ReversePaths(holes);
-    PolyTree tree;
-    offset(holes, distance, tolerance, tree);
+    Shape shape = grownShape(std::move(holes), distance, tolerance, cancel, forEach);
     GrownHoles grown;
-    for (const PolyNode* node = tree.GetFirst(); node; node = node->GetNext())
+    for (const Path& hole : shape.holes)
     {
-        if (node->IsHole())
-        {
-            Area area;
-            addReversed(area, node->Contour, tolerance);
-            if (area.empty())
-                continue;
-            for (const PolyNode* island : node->Childs)
-                addReversed(area, island->Contour, tolerance);
+        Area area;
+        addReversed(area, hole, tolerance);
+        if (!area.empty())
             grown.enclosed.push_back(std::move(area));
-        }
-        else if (node->Parent == &tree)
-            addContour(grown.islands, node->Contour, tolerance);
+    }
+    // An island belongs to the smallest area that it lies in.
+    std::vector<std::pair<double, std::size_t>> bySize;
+    for (std::size_t i = 0; i < grown.enclosed.size(); ++i)
+        bySize.emplace_back(sizeOf(grown.enclosed[i]), i);
+    std::sort(bySize.begin(), bySize.end());
+    std::vector<Box> boxes;
+    for (const Area& area : grown.enclosed)
+        boxes.push_back(boxOf(area.front()));
+    for (const Path& outer : shape.outers)
+    {
+        cancel.check();
+        const Box box = boxOf(outer);
+        const auto holds = [&](const std::pair<double, std::size_t>& candidate)
+        {
+            const Area& area = grown.enclosed[candidate.second];
+            return boxes[candidate.second].overlaps(box) && SegmentIndex(Paths{area.front()}).encloses(outer.front());
+        };
+        const auto area = std::find_if(bySize.begin(), bySize.end(), holds);
+        if (area == bySize.end())
+            addContour(grown.islands, outer, tolerance);
+        else
+            addReversed(grown.enclosed[area->second], outer, tolerance);
     }
     return grown;
 }
 
-double squaredDistance(const IntPoint& point, const IntPoint& start, const IntPoint& end)
+/// Gives each island, counter-clockwise, to the area it lies in, as a hole. Nothing else comes near these islands.
+void placeIslands(Paths islands, std::vector<Area>& areas, const CancelFlag& cancel)
 {
-    const auto dx = static_cast<double>(end.X - start.X);
-    const auto dy = static_cast<double>(end.Y - start.Y);
-    const auto px = static_cast<double>(point.X - start.X);
-    const auto py = static_cast<double>(point.Y - start.Y);
-    const double length2 = dx * dx + dy * dy;
-    const double t = length2 > 0 ? std::clamp((px * dx + py * dy) / length2, 0.0, 1.0) : 0.0;
-    return (px - t * dx) * (px - t * dx) + (py - t * dy) * (py - t * dy);
+    if (islands.empty())
+        return;
+    std::vector<Box> boxes;
+    boxes.reserve(areas.size());
+    for (const Area& area : areas)
+        boxes.push_back(boxOf(area.front()));
+    // The contours of the areas before any island joins them: islands do not lie within each other.
+    std::vector<std::optional<SegmentIndex>> indices(areas.size());
+    for (Path& island : islands)
+    {
+        cancel.check();
+        const Box box = boxOf(island);
+        for (std::size_t i = 0; i < areas.size(); ++i)
+        {
+            if (!boxes[i].overlaps(box))
+                continue;
+            if (!indices[i])
+                indices[i].emplace(areas[i]);
+            if (!indices[i]->encloses(island.front()))
+                continue;
+            ClipperLib::ReversePath(island);
+            areas[i].push_back(std::move(island));
+            break;
+        }
+    }
 }
 
-/// Marks the points of an open run that must stay.
-void keepFarPoints(const Path& path, std::size_t first, std::size_t last, double tolerance, std::vector<char>& keep)
+/// Whether nothing can remain of an area that shrinks by a distance: no disc of that radius fits into its outer contour.
+/// Looks at the contour's size and its widths only.
+bool vanishes(const Path& outer, double distance)
 {
-    std::vector<std::pair<std::size_t, std::size_t>> runs{{first, last}};
-    while (!runs.empty())
+    const double halfTurn = std::acos(-1.0);
+    if (ClipperLib::Area(outer) < halfTurn * distance * distance)
+        return true;
+    constexpr int directions = 4;
+    for (int i = 0; i < directions; ++i)
     {
-        const auto [start, end] = runs.back();
-        runs.pop_back();
-        double greatest = tolerance * tolerance;
-        std::size_t farthest = start;
-        for (std::size_t i = start + 1; i < end; ++i)
+        const double x = std::cos(halfTurn * i / directions);
+        const double y = std::sin(halfTurn * i / directions);
+        double least = std::numeric_limits<double>::infinity();
+        double greatest = -least;
+        for (const IntPoint& point : outer)
         {
-            const double distance = squaredDistance(path[i], path[start], path[end % path.size()]);
-            if (distance > greatest)
-            {
-                greatest = distance;
-                farthest = i;
-            }
+            const double along = static_cast<double>(point.X) * x + static_cast<double>(point.Y) * y;
+            least = std::min(least, along);
+            greatest = std::max(greatest, along);
         }
-        if (farthest == start)
-            continue;
-        keep[farthest] = 1;
-        runs.emplace_back(start, farthest);
-        runs.emplace_back(farthest, end);
+        if (greatest - least < 2 * distance)
+            return true;
     }
+    return false;
 }
 
 } // namespace
@@ -163,38 +286,68 @@ std::vector<Area> subtract(const Paths& from, const Paths& loops)
     return areasOf(tree, {});
 }
 
-std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel)
+Paths grown(const Paths& loops, double distance, const OffsetTolerance& tolerance)
 {
-    const ContourClusters clusters = clusterContours(area, distance);
-    cancel.check();
+    Paths all;
+    for (const Area& area : subtract(loops, {}))
+        all.insert(all.end(), area.begin(), area.end());
     PolyTree tree;
-    offset(clusters.outer, -distance, tolerance, tree);
-    std::vector<Area> areas = areasOf(tree, tolerance);
+    offset(all, distance, tolerance, tree);
+    Paths result;
+    ClipperLib::PolyTreeToPaths(tree, result);
+    return result;
+}
+
+std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel,
+                         const ForEach& forEach)
+{
+    if (vanishes(area.front(), distance))
+        return {};
+    ContourClusters clusters = clusterContours(area, distance);
+    cancel.check();
+    // A task of its own for what takes about as long as to hand it over many times.
+    constexpr std::size_t pointsOfTask = 4000;
+    std::vector<std::size_t> begins;
+    std::size_t points = pointsOfTask;
+    for (std::size_t i = 0; i < clusters.holes.size(); ++i)
+    {
+        if (points >= pointsOfTask)
+        {
+            begins.push_back(i);
+            points = 0;
+        }
+        for (const Path& hole : clusters.holes[i])
+            points += hole.size();
+    }
+    begins.push_back(clusters.holes.size());
+
+    std::vector<Area> areas;
+    std::vector<GrownHoles> grown(clusters.holes.size());
+    forEach(begins.size(),
+            [&](std::size_t task)
+            {
+                cancel.check();
+                if (task == 0)
+                {
+                    PolyTree tree;
+                    offset(clusters.outer, -distance, tolerance, tree);
+                    areas = areasOf(tree, tolerance);
+                    return;
+                }
+                for (std::size_t i = begins[task - 1]; i < begins[task]; ++i)
+                {
+                    cancel.check();
+                    grown[i] = growHoles(std::move(clusters.holes[i]), distance, tolerance, cancel, forEach);
+                }
+            });
 
     Paths islands;
-    for (const Paths& holes : clusters.holes)
+    for (GrownHoles& part : grown)
     {
-        cancel.check();
-        GrownHoles grown = growHoles(holes, distance, tolerance);
-        std::move(grown.islands.begin(), grown.islands.end(), std::back_inserter(islands));
-        std::move(grown.enclosed.begin(), grown.enclosed.end(), std::back_inserter(areas));
+        std::move(part.islands.begin(), part.islands.end(), std::back_inserter(islands));
+        std::move(part.enclosed.begin(), part.enclosed.end(), std::back_inserter(areas));
     }
-    // Nothing else comes near these islands: each is a hole of the area it lies in.
-    std::vector<Box> boxes;
-    boxes.reserve(areas.size());
-    for (const Area& candidate : areas)
-        boxes.push_back(boxOf(candidate.front()));
-    for (Path& island : islands)
-    {
-        cancel.check();
-        for (std::size_t i = 0; i < areas.size(); ++i)
-            if (boxes[i].overlaps(boxOf(island)) && contains(areas[i], island.front()))
-            {
-                ClipperLib::ReversePath(island);
-                areas[i].push_back(std::move(island));
-                break;
-            }
-    }
+    placeIslands(std::move(islands), areas, cancel);
     return areas;
 }
 
@@ -215,55 +368,12 @@ std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& ot
     return areasOf(tree, tolerance);
 }
 
-Path simplified(const Path& path, double tolerance)
-{
-    if (path.size() < 3)
-        return {};
-    // Split where the loop is farthest from its first point, so that both runs have ends apart.
-    std::size_t opposite = 0;
-    double greatest = 0;
-    for (std::size_t i = 1; i < path.size(); ++i)
-    {
-        const double distance = squaredDistance(path[i], path[0], path[0]);
-        if (distance > greatest)
-        {
-            greatest = distance;
-            opposite = i;
-        }
-    }
-    if (greatest <= tolerance * tolerance)
-        return {};
-    std::vector<char> keep(path.size(), 0);
-    keep[0] = 1;
-    keep[opposite] = 1;
-    keepFarPoints(path, 0, opposite, tolerance, keep);
-    keepFarPoints(path, opposite, path.size(), tolerance, keep);
-    Path result;
-    for (std::size_t i = 0; i < path.size(); ++i)
-        if (keep[i])
-            result.push_back(path[i]);
-    return result;
-}
-
 double sizeOf(const Area& area)
 {
     double size = 0;
     for (const Path& contour : area)
         size += ClipperLib::Area(contour);
     return size;
-}
-
-bool contains(const Paths& loops, const IntPoint& point)
-{
-    bool inside = false;
-    for (const Path& loop : loops)
-    {
-        const int side = ClipperLib::PointInPolygon(point, loop);
-        if (side < 0)
-            return false;
-        inside = inside != (side == 1);
-    }
-    return inside;
 }
 
 } // namespace exchange::pocketing

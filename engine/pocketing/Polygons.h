@@ -4,6 +4,8 @@
 #include "engine/jobs/CancelFlag.h"
 #include "engine/pocketing/Grid.h"
 
+#include <cstddef>
+#include <functional>
 #include <vector>
 
 namespace exchange::pocketing
@@ -19,31 +21,41 @@ struct OffsetTolerance
     double arc = 1;
     /// How far a contour may move when points that hardly matter are left out; 0 keeps all.
     double simplify = 0;
+    /// How many points of islands one operation may have; more are done in parts.
+    std::size_t largest = 30000;
 };
+
+/// Calls a function for each number from 0 to below a count, in any order and maybe on several threads, and waits for
+/// all of them.
+using ForEach = std::function<void(std::size_t count, const std::function<void(std::size_t)>& call)>;
+
+/// One number after another, on this thread.
+inline void inTurn(std::size_t count, const std::function<void(std::size_t)>& call)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        call(i);
+}
 
 /// The connected areas of what is in one set of loops and not in another; loops within loops alternate between inside
 /// and outside.
 std::vector<Area> subtract(const Paths& from, const Paths& loops);
 
+/// What loops, alternating between inside and outside, become when they grow by a distance.
+Paths grown(const Paths& loops, double distance, const OffsetTolerance& tolerance);
+
 /// The connected areas that remain of an area when it shrinks by a distance, 0 or more.
+/// \param forEach does what contours that stay apart come to; the result does not depend on it
 /// \throws jobs::Cancelled when cancelled between two operations
 std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance,
-                         const jobs::CancelFlag& cancel);
+                         const jobs::CancelFlag& cancel, const ForEach& forEach = inTurn);
 
 /// What is in an area shrunk by a distance and not in any of some other areas grown by that distance.
 /// \throws jobs::Cancelled when cancelled between two operations
 std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& others, double distance,
                             const OffsetTolerance& tolerance, const jobs::CancelFlag& cancel);
 
-/// The closed path without the points that lie within the tolerance of what then remains (Douglas and Peucker 1973).
-/// Empty when nothing remains but a speck of the size of the tolerance.
-Path simplified(const Path& path, double tolerance);
-
 /// The size of an area, in square steps.
 double sizeOf(const Area& area);
-
-/// Whether a point lies in the interior of the area that loops bound, alternating between inside and outside.
-bool contains(const Paths& loops, const IntPoint& point);
 
 } // namespace exchange::pocketing
 

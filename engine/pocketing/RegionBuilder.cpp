@@ -4,6 +4,7 @@
 #include "engine/pocketing/CurveFlattener.h"
 #include "engine/pocketing/LoopChaining.h"
 #include "engine/pocketing/LoopCheck.h"
+#include "engine/pocketing/Thinning.h"
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
 
@@ -11,6 +12,7 @@
 #include <cmath>
 #include <limits>
 #include <locale>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -24,14 +26,22 @@ namespace
 using jobs::CancelFlag;
 using jobs::JobError;
 
-/// Flattening, rounding corners and leaving out points may each take this part of the cut tolerance.
+/// Flattening or thinning boundaries, rounding corners and leaving out points of offsets may each take this part of the cut tolerance.
 constexpr double toleranceShare = 1.0 / 8;
 /// What rounding to the grid may add up to, in steps.
 constexpr double roundingSteps = 4;
 
-std::vector<Polyline> flattenAll(const CurveList& curves, const char* name, CurveFlattener& flattener)
+/// What curves come to as polylines.
+struct Pieces
 {
-    std::vector<Polyline> pieces;
+    std::vector<Polyline> polylines;
+    /// Whether a polyline is the curve itself.
+    std::vector<char> exact;
+};
+
+Pieces flattenAll(const CurveList& curves, const char* name, CurveFlattener& flattener)
+{
+    Pieces pieces;
     for (std::size_t i = 0; i < curves.size(); ++i)
     {
         const std::string which = std::string(name) + " " + std::to_string(i + 1);
@@ -39,7 +49,8 @@ std::vector<Polyline> flattenAll(const CurveList& curves, const char* name, Curv
             throw JobError(status::notASingleClosedRegion, which + " is empty.");
         try
         {
-            pieces.push_back(flattener.flatten(*curves[i]));
+            pieces.polylines.push_back(flattener.flatten(*curves[i]));
+            pieces.exact.push_back(CurveFlattener::isExact(*curves[i]) ? 1 : 0);
         }
         catch (const jobs::Cancelled&)
         {
@@ -51,6 +62,54 @@ std::vector<Polyline> flattenAll(const CurveList& curves, const char* name, Curv
         }
     }
     return pieces;
+}
+
+/// The loop of a chain with fewer points. Only pieces that are exact may err now: the others do so already.
+Polyline thinnedLoop(const Chain& chain, const Pieces& pieces, double tolerance)
+{
+    const auto isExact = [&pieces](const Link& link) { return pieces.exact[link.piece] != 0; };
+    if (std::all_of(chain.begin(), chain.end(), isExact))
+        return simplified(loopOf(chain, pieces.polylines), tolerance);
+    Polyline loop;
+    for (std::size_t i = 0; i < chain.size();)
+    {
+        // Exact pieces in a row are one run.
+        std::size_t end = i + 1;
+        while (isExact(chain[i]) && end < chain.size() && isExact(chain[end]))
+            ++end;
+        Polyline run;
+        for (std::size_t k = i; k < end; ++k)
+            appendPiece(run, pieces.polylines[chain[k].piece], chain[k].reversed);
+        appendPiece(loop, isExact(chain[i]) ? simplifiedRun(run, tolerance) : run, false);
+        i = end;
+    }
+    if (loop.size() > 1 && loop.front() == loop.back())
+        loop.pop_back();
+    return loop;
+}
+
+/// The loops of a list of curves.
+struct Loops
+{
+    std::vector<Polyline> all;
+    /// The same loops with no more points than needed.
+    std::vector<Polyline> thinned;
+};
+
+Loops loopsOf(const CurveList& curves, const char* name, CurveFlattener& flattener, double chainingTolerance,
+              double thinning, const CancelFlag& cancel)
+{
+    const Pieces pieces = flattenAll(curves, name, flattener);
+    Loops loops;
+    for (const Chain& chain : chainLoops(pieces.polylines, chainingTolerance, cancel))
+    {
+        cancel.check();
+        loops.all.push_back(loopOf(chain, pieces.polylines));
+        Polyline thinned = thinnedLoop(chain, pieces, thinning);
+        if (thinned.size() >= 3)
+            loops.thinned.push_back(std::move(thinned));
+    }
+    return loops;
 }
 
 /// The grid for the given loops.
@@ -114,32 +173,64 @@ void checkTolerance(const PocketingParameters& parameters, const Grid& grid, dou
     throw JobError(status::internalError, text.str(), util::keys::cutTolerance);
 }
 
+/// Where areas of material lie that no region is in. Specks of the size of the tolerances do not count.
+std::vector<Point> unreachedPlaces(const std::vector<Area>& material, const RegionPlan& plan)
+{
+    std::vector<Box> regionBoxes;
+    for (const Area& region : plan.regions)
+        regionBoxes.push_back(boxOf(region.front()));
+    std::vector<Point> places;
+    for (const Area& area : material)
+    {
+        const Box box = boxOf(area.front());
+        std::optional<SegmentIndex> index;
+        bool reached = false;
+        for (std::size_t i = 0; i < plan.regions.size() && !reached; ++i)
+        {
+            if (!box.overlaps(regionBoxes[i]))
+                continue;
+            if (!index)
+                index.emplace(area);
+            const Path& outer = plan.regions[i].front();
+            reached = std::any_of(outer.begin(), outer.end(), [&](const IntPoint& p) { return index->encloses(p); });
+        }
+        const double speck = 16 * plan.tolerance.simplify;
+        const double width = static_cast<double>(std::min(box.right - box.left, box.top - box.bottom));
+        if (!reached && width > speck && sizeOf(area) > speck * speck * 4)
+            places.push_back(plan.grid.toPoint(static_cast<double>(box.left + box.right) / 2,
+                                               static_cast<double>(box.bottom + box.top) / 2));
+    }
+    return places;
+}
+
 } // namespace
 
 RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters& parameters, const CancelFlag& cancel,
-                        const std::function<void(double)>& done)
+                        const std::function<void(double)>& done, const ForEach& forEach)
 {
     const double share = parameters.cutTolerance * toleranceShare;
     CurveFlattener flattener(share, maxBoundaryPoints, cancel);
-    const auto loopsOf = [&](const CurveList& curves, const char* name)
-    { return chainLoops(flattenAll(curves, name, flattener), parameters.chainingTolerance, cancel); };
-    const std::vector<Polyline> stock = loopsOf(input.boundaries.materialBoundaries, "Material boundary");
+    const auto read = [&](const CurveList& curves, const char* name)
+    { return loopsOf(curves, name, flattener, parameters.chainingTolerance, share, cancel); };
+    const Loops stock = read(input.boundaries.materialBoundaries, "Material boundary");
     done(0.2);
-    const std::vector<Polyline> part = loopsOf(input.boundaries.partBoundaries, "Part boundary");
+    const Loops part = read(input.boundaries.partBoundaries, "Part boundary");
     done(0.4);
 
     RegionPlan plan;
-    plan.grid = gridOver(stock, part);
-    plan.stock = toGrid(stock, plan.grid);
-    plan.part = toGrid(part, plan.grid);
+    plan.grid = gridOver(stock.all, part.all);
+    plan.stock = toGrid(stock.all, plan.grid);
+    plan.part = toGrid(part.all, plan.grid);
     const double extent = std::max(extentOf(plan.stock), extentOf(plan.part));
     checkTolerance(parameters, plan.grid, extent);
     checkLoops(plan.stock, SegmentIndex(plan.stock), plan.grid, cancel);
     checkLoops(plan.part, SegmentIndex(plan.part), plan.grid, cancel);
     done(0.6);
 
-    const std::vector<Area> areas = subtract(plan.stock, plan.part);
-    if (areas.empty())
+    const Paths stockLoops = toGrid(stock.thinned, plan.grid);
+    const Paths partLoops = toGrid(part.thinned, plan.grid);
+    const std::vector<Area> material = subtract(stockLoops, partLoops);
+    if (material.empty())
         throw JobError(status::notASingleClosedRegion, statusText(status::notASingleClosedRegion));
     cancel.check();
     done(0.8);
@@ -148,12 +239,17 @@ RegionPlan buildRegions(const Tessaron2dInput& input, const PocketingParameters&
     // Each approximation errs by its share at most: with all three added the tool stays clear in any case.
     const double distance = plan.grid.toSteps(parameters.clearance() + 3 * share) + roundingSteps;
     if (distance < extent)
-        for (const Area& area : areas)
+    {
+        // An edge of the stock that is no wall is no limit: with room beyond it, the axis may go up to the edge.
+        const OffsetTolerance exact{plan.tolerance.arc, 0};
+        for (const Area& area : subtract(grown(stockLoops, distance, exact), partLoops))
         {
             cancel.check();
-            for (Area& region : shrink(area, distance, plan.tolerance, cancel))
+            for (Area& region : shrink(area, distance, plan.tolerance, cancel, forEach))
                 plan.regions.push_back(std::move(region));
         }
+    }
+    plan.unreached = unreachedPlaces(material, plan);
     if (plan.regions.empty())
         throw JobError(status::noToolpath, statusText(status::noToolpath));
     done(1.0);

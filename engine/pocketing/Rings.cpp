@@ -1,6 +1,7 @@
 #include "engine/pocketing/Rings.h"
 
 #include "engine/jobs/JobError.h"
+#include "engine/pocketing/SegmentIndex.h"
 #include <tessaron/exchange/StatusTable.h>
 
 #include <algorithm>
@@ -36,13 +37,40 @@ void RingStore::count(const Area& area)
                                                     "\"Depth of Cut\" or \"Cut Tolerance\" makes it shorter.");
 }
 
-RingBuilder::RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel)
-    : m_store(store), m_steps(steps), m_cancel(cancel)
+RingBuilder::RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel, ForEach forEach)
+    : m_store(store), m_steps(steps), m_cancel(cancel), m_forEach(std::move(forEach))
 {
+}
+
+bool RingBuilder::isNarrow(const Area& area) const
+{
+    // Area over perimeter is half the width of a channel.
+    double perimeter = 0;
+    for (const Path& path : area)
+        for (std::size_t i = 0; i < path.size(); ++i)
+            perimeter += norm(toVec(path[(i + 1) % path.size()]) - toVec(path[i]));
+    return sizeOf(area) < perimeter * blockRings * m_steps.stepover / 1.5;
+}
+
+std::vector<Ring*> RingBuilder::addInside(Ring& ring, double distance) const
+{
+    ring.children = shrunk(ring, distance);
+    return ring.children;
 }
 
 void RingBuilder::buildBlock(Ring& start, const BlockSink& nextBlock, const AreaSink& areaDone) const
 {
+    if (isNarrow(start.contours))
+    {
+        for (Ring* const ring : addInside(start, m_steps.stepover))
+            nextBlock(*ring);
+        addLeftovers(start);
+        double done = sizeOf(start.contours);
+        for (const Ring* const child : start.children)
+            done -= sizeOf(child->contours);
+        areaDone(std::max(0.0, done));
+        return;
+    }
     std::vector<Ring*> next = shrunk(start, blockRings * m_steps.stepover);
     for (Ring* const ring : next)
         nextBlock(*ring);
@@ -73,7 +101,7 @@ std::vector<Ring*> RingBuilder::shrunk(const Ring& ring, double distance) const
 {
     m_cancel.check();
     std::vector<Ring*> rings;
-    for (Area& area : shrink(ring.contours, distance, m_steps.offset, m_cancel))
+    for (Area& area : shrink(ring.contours, distance, m_steps.offset, m_cancel, m_forEach))
         rings.push_back(m_store.add(std::move(area)));
     return rings;
 }
@@ -101,8 +129,11 @@ void RingBuilder::addLeftovers(Ring& ring) const
 std::vector<Ring*> RingBuilder::takeInside(const Ring& ring, std::vector<Ring*>& candidates)
 {
     std::vector<Ring*> inside;
-    const auto isInside = [&ring](const Ring* candidate)
-    { return contains(ring.contours, candidate->contours.front().front()); };
+    if (candidates.empty())
+        return inside;
+    const SegmentIndex index(ring.contours);
+    const auto isInside = [&index](const Ring* candidate)
+    { return index.encloses(candidate->contours.front().front()); };
     std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(inside), isInside);
     std::erase_if(candidates, isInside);
     return inside;

@@ -3,6 +3,7 @@
 
 #include "engine/jobs/CancelFlag.h"
 #include "engine/pocketing/Polygons.h"
+#include "engine/pocketing/moves/PlaneMove.h"
 
 #include <cstddef>
 #include <deque>
@@ -20,6 +21,9 @@ struct Ring
     Area contours;
     /// Closed cuts for what neither this ring nor the ones inside it would remove.
     Paths leftovers;
+    /// The contours and leftovers as lines and arcs, once the rings are finished; then the points are let go.
+    std::vector<Track> loops;
+    std::vector<Track> leftoverLoops;
     /// The rings inside this one, one stepover away, in a fixed order.
     std::vector<Ring*> children;
 };
@@ -65,8 +69,11 @@ public:
     /// Receives the size of the area, in square steps, that has been dealt with since the last call.
     using AreaSink = std::function<void(double)>;
 
-    RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel);
+    /// \param forEach see shrink
+    RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel, ForEach forEach = inTurn);
 
+    /// Adds the rings at a distance inside a ring, as its children.
+    std::vector<Ring*> addInside(Ring& ring, double distance) const;
     /// Builds the rings inside `start`, as many as make a block.
     void buildBlock(Ring& start, const BlockSink& nextBlock, const AreaSink& areaDone) const;
 
@@ -74,6 +81,9 @@ private:
     /// How many stepovers a block spans.
     static constexpr int blockRings = 8;
 
+    /// Whether most of an area is narrower than a block: then the areas of the next blocks are a costly way to nearly
+    /// nothing, and a block is one ring.
+    bool isNarrow(const Area& area) const;
     std::vector<Ring*> shrunk(const Ring& ring, double distance) const;
     void addLeftovers(Ring& ring) const;
     static std::vector<Ring*> takeInside(const Ring& ring, std::vector<Ring*>& candidates);
@@ -81,6 +91,7 @@ private:
     RingStore& m_store;
     const RingSteps m_steps;
     const jobs::CancelFlag& m_cancel;
+    const ForEach m_forEach;
 };
 
 } // namespace exchange::pocketing

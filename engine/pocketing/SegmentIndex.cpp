@@ -17,7 +17,9 @@ double pointDistance(const IntPoint& point, const IntPoint& start, const IntPoin
     const auto py = static_cast<double>(point.Y - start.Y);
     const double length2 = dx * dx + dy * dy;
     const double t = length2 > 0 ? std::clamp((px * dx + py * dy) / length2, 0.0, 1.0) : 0.0;
-    return std::hypot(px - t * dx, py - t * dy);
+    const double x = px - t * dx;
+    const double y = py - t * dy;
+    return std::sqrt(x * x + y * y);
 }
 
 int sign(ClipperLib::cInt value)
@@ -87,6 +89,26 @@ bool SegmentIndex::isCloser(const IntPoint& start, const IntPoint& end, double d
     return !visitOverlapping(
         boxOf(start, end).grown(distance),
         [&](std::size_t i) { return segmentDistance(start, end, m_segments[i].start, m_segments[i].end) >= distance; });
+}
+
+bool SegmentIndex::encloses(const IntPoint& point) const
+{
+    // A ray upwards crosses the loops an odd number of times when it starts inside.
+    const Box ray{point.X, point.Y, point.X, std::numeric_limits<ClipperLib::cInt>::max()};
+    bool inside = false;
+    const bool clear =
+        visitOverlapping(ray,
+                         [&](std::size_t i)
+                         {
+                             const auto& [start, end, loop, position] = m_segments[i];
+                             const int side = sign(cross(start, end, point));
+                             if (side == 0 && boxOf(start, end).overlaps(boxOf(point, point)))
+                                 return false;
+                             if ((start.X <= point.X) != (end.X <= point.X) && side == (end.X > start.X ? -1 : 1))
+                                 inside = !inside;
+                             return true;
+                         });
+    return clear && inside;
 }
 
 double segmentDistance(const IntPoint& a, const IntPoint& b, const IntPoint& c, const IntPoint& d)

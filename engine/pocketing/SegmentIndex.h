@@ -64,6 +64,9 @@ public:
     /// Whether a segment of the index lies closer to the given one than a distance in steps.
     bool isCloser(const IntPoint& start, const IntPoint& end, double distance) const;
 
+    /// Whether a point lies in the interior of the area that the loops bound, alternating between inside and outside.
+    bool encloses(const IntPoint& point) const;
+
 private:
     static constexpr std::size_t leafSize = 4;
 

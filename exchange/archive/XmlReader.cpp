@@ -23,6 +23,7 @@ constexpr std::size_t maxTag = 4096;
 constexpr std::size_t numberWindow = 64;
 constexpr std::size_t maxNumberText = std::size_t{32} * 1024;
 constexpr std::ptrdiff_t longestExponent = 16;
+constexpr std::string_view numberEnds = "< \t\r\n";
 
 std::string_view trimmed(std::string_view text)
 {
@@ -101,20 +102,33 @@ const char* XmlReader::toTagSlow(std::size_t size)
     }
 }
 
+/// How far from the cursor the next of some bytes is, of which no more are fetched than it takes: on an open pipe there
+/// may be none behind it. `most`, or the rest of the input where that is shorter, when there is none within it.
+std::size_t XmlReader::findByte(std::string_view bytes, std::size_t most)
+{
+    for (std::size_t searched = 0;;)
+    {
+        const std::string_view window(m_source.cursor(), std::min(m_source.available(), most));
+        const std::size_t found = window.find_first_of(bytes, searched);
+        if (found != std::string_view::npos)
+            return found;
+        searched = window.size();
+        if (searched == most || !m_source.want(searched + 1))
+            return searched;
+    }
+}
+
 /// The text between "<" and ">" of the next tag, which is consumed.
 std::string_view XmlReader::wholeTag()
 {
     m_source.advanceTo(toTag(1));
-    m_source.want(maxTag);
+    const std::size_t length = findByte(">", maxTag);
     const char* const start = m_source.cursor();
-    const std::size_t length = std::min(m_source.available(), maxTag);
-    const char* const end = static_cast<const char*>(std::memchr(start, '>', length));
-    if (end == nullptr)
-    {
-        if (length < maxTag)
-            failInput();
+    const char* const end = start + length;
+    if (length == maxTag)
         failSyntax();
-    }
+    if (end == m_source.end())
+        failInput();
     if (*start != '<')
         failSyntax();
     m_source.advanceTo(end + 1);
@@ -228,21 +242,27 @@ template <class Number>
 Number XmlReader::number()
 {
     m_source.advanceTo(toTag(1));
-    m_source.want(numberWindow);
-    // The common case has the whole number at hand; otherwise fetch more, up to a length that no writer reaches.
-    for (std::size_t window = numberWindow;; window *= 2)
+    // The common case has the whole number at hand; otherwise fetch the rest, up to a length that no writer reaches.
+    bool isWhole = m_source.available() < numberWindow;
+    if (isWhole)
+        findByte(numberEnds, maxNumberText);
+    for (;;)
     {
         const char* at = m_source.cursor();
         const char* const end = m_source.end();
-        if (*at == '+')
+        if (at[0] == '+' && at[1] != '-')
             ++at;
         const char* const digits = *at == '-' ? at + 1 : at;
         const bool isNumber =
             (*digits >= '0' && *digits <= '9') || (std::is_floating_point_v<Number> && *digits == '.');
         Number value = 0;
         const auto [stop, error] = fromChars(at, end, value);
-        if (end - stop < longestExponent && window < maxNumberText && m_source.want(window * 2))
+        if (end - stop < longestExponent && !isWhole)
+        {
+            findByte(numberEnds, maxNumberText);
+            isWhole = true;
             continue;
+        }
         if (!isNumber || stop == at)
             failInput();
         // A number too small for a double is a zero.

@@ -138,6 +138,7 @@ private:
 
     void openSlow(const char* name, std::size_t size);
     void closeSlow(const char* name, std::size_t size);
+    std::size_t findByte(std::string_view bytes, std::size_t most);
     std::string_view wholeTag();
     void parseAttributes(std::string_view text);
     void setAttribute(std::string_view name, std::string_view value);

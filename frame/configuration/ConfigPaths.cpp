@@ -91,7 +91,8 @@ std::string getConfigFilePath(const char* subfolder, int productCode, bool creat
     if (!userHasFile)
     {
         util::makeUserFolder(userFolder);
-        addProfile(sharedFolder(util::sharedDataFolders(), below), product->profileList, userPath);
+        // The host has its path whether or not the list could take it.
+        static_cast<void>(addProfile(sharedFolder(util::sharedDataFolders(), below), product->profileList, userPath));
     }
     return userPath;
 }

@@ -148,25 +148,26 @@ std::optional<std::string> withProfile(const std::string& text, const std::strin
     return lines.text();
 }
 
-void addProfile(const std::string& folder, const std::string& listFile, const std::string& path)
+bool addProfile(const std::string& folder, const std::string& listFile, const std::string& path)
 {
     const util::FolderLock lock(folder, util::FolderLock::Kind::exclusive);
     if (lock.isBusy())
-        return;
+        return false;
     const std::string list = folder + configPaths::separator + listFile;
     const std::optional<std::string> before = readList(list);
     const std::optional<std::string> after = before ? withProfile(*before, path) : std::nullopt;
     if (!after)
-        return;
+        return false;
     try
     {
-        util::AtomicFile file(list);
+        util::AtomicFile file(list, util::AtomicFile::NewFile::ofFolder);
         file.stream() << *after;
         file.commit();
+        return true;
     }
     catch (const util::AtomicFileError&)
     {
-        // The host learns nothing of a list that it cannot write.
+        return false;
     }
 }
 

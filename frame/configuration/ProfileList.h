@@ -16,8 +16,11 @@ namespace TessaronResources
 std::optional<std::string> withProfile(const std::string& text, const std::string& path);
 
 /// Adds an entry to the list of profiles in a file. The file is made when it is missing, its folder is not. Two
-/// processes that add at the same time both get their entry. A failure is not reported and leaves the file as it was.
-void addProfile(const std::string& folder, const std::string& listFile, const std::string& path);
+/// processes that add at the same time both get their entry. The file keeps its access rights and its group, and a new
+/// one has those of its folder: it is every user's.
+/// \returns whether the entry is there. Otherwise the file is as it was: it cannot be read or written, its folder is
+/// missing or locked by somebody else for too long, or the entry cannot be added (see withProfile).
+bool addProfile(const std::string& folder, const std::string& listFile, const std::string& path);
 
 } // namespace TessaronResources
 

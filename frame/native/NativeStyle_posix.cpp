@@ -19,6 +19,9 @@ namespace
 // Above the desktop's theme, below the colours that a control is given by itself.
 constexpr guint priority = GTK_STYLE_PROVIDER_PRIORITY_SETTINGS + 1;
 
+// Of the backgrounds of fields that can be edited and fields that cannot.
+constexpr double leastFieldContrast = 1.05;
+
 constexpr char attached[] = "tessaron-style";
 
 // @name@ stands for a colour of the palette.
@@ -30,7 +33,7 @@ label:disabled, *:disabled label { color: @disabledText@; }
 entry, textview, textview text { background-color: @field@; background-image: none; color: @fieldText@;
   caret-color: @fieldText@; border-color: @border@; box-shadow: none; }
 entry:focus { border-color: @accent@; }
-entry:disabled { background-color: @dialog@; color: @disabledText@; }
+entry:disabled { background-color: @readOnlyField@; color: @disabledText@; }
 entry selection, entry:focus selection, textview text selection { background-color: @accent@; color: @accentText@; }
 entry image { color: @fieldText@; }
 button { background-color: @button@; background-image: @buttonImage@; color: @buttonText@; border-color: @border@;
@@ -77,6 +80,11 @@ std::string colourOf(std::string_view name, const VisualPalette& palette)
 {
     if (name == "buttonImage")
         return palette.surface == Surface::sheen ? sheen(palette.button) : "none";
+    // Apart from a field that can be edited, also where dialogs have the colour of fields.
+    if (name == "readOnlyField")
+        return colourText(contrastRatio(palette.dialog, palette.field) < leastFieldContrast
+                              ? mixed(palette.dialog, palette.text, 0.08)
+                              : palette.dialog);
     if (name == "slider")
         return colourText(mixed(palette.dialog, palette.text, 0.4));
     constexpr struct

@@ -25,9 +25,15 @@ private:
     std::unique_ptr<State> m_state;
 };
 
-/// Whether there is a display to connect to, as far as can be told without connecting. The toolkit connects by itself,
-/// and complains when that was done before it.
+/// Whether there is a display to connect to, as far as can be told without connecting.
 bool displayIsNamed();
+
+/// Starts the native toolkit unless the host has. The process's locale stays what it is, and nothing is printed.
+/// \returns whether a display is open
+bool start();
+
+/// Whether no other thread runs the native event loop now.
+bool ownsEventQueue();
 
 bool displayIsOpen();
 
@@ -47,6 +53,10 @@ void makeCompact(wxWindow& dialog);
 
 /// Keeps the text of a dialog's field easy to read while the field is disabled, because it shows a result.
 void markAsResult(wxWindow& field);
+
+/// Lets a text that is too long for its control continue on the next line, up to a number of lines, and end in dots
+/// when they are full.
+void wrapText(wxWindow& text, int lines);
 
 /// Gives a control the name that a screen reader says.
 void setAccessibleName(wxWindow& control, const wxString& name);

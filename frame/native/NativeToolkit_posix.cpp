@@ -112,6 +112,29 @@ bool displayIsNamed()
     return displayIsOpen() || named("DISPLAY") || named("WAYLAND_DISPLAY");
 }
 
+bool start()
+{
+    if (displayIsOpen())
+        return true;
+    // Once: a second time prints that it is too late, also when there was no display the first time.
+    static const bool localeIsKept = []
+    {
+        gtk_disable_setlocale();
+        return true;
+    }();
+    static_cast<void>(localeIsKept);
+    return gtk_init_check(nullptr, nullptr);
+}
+
+bool ownsEventQueue()
+{
+    GMainContext* const context = g_main_context_default();
+    if (!g_main_context_acquire(context))
+        return false;
+    g_main_context_release(context);
+    return true;
+}
+
 bool insideNativeLoop()
 {
     return gtk_main_level() > 0;
@@ -161,6 +184,16 @@ void makeCompact(wxWindow& dialog)
 void markAsResult(wxWindow& field)
 {
     gtk_style_context_add_class(gtk_widget_get_style_context(widgetOf(field)), "result");
+}
+
+void wrapText(wxWindow& text, int lines)
+{
+    if (!GTK_IS_LABEL(widgetOf(text)))
+        return;
+    GtkLabel* const label = GTK_LABEL(widgetOf(text));
+    gtk_label_set_line_wrap(label, lines > 1);
+    gtk_label_set_lines(label, lines);
+    gtk_label_set_ellipsize(label, PANGO_ELLIPSIZE_END);
 }
 
 void setAccessibleName(wxWindow& control, const wxString& name)

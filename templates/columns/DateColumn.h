@@ -41,8 +41,8 @@ public:
         constexpr std::uint64_t anyTime = 1700000000;
         SearchHints hints;
         hints.isPossible =
-            !hasOneShape() ||
-            shape(util::foldCase(printLocalTime(anyTime, m_definition.format))).find(shape(wanted)) != std::string::npos;
+            !hasOneShape() || shape(util::foldCase(printLocalTime(anyTime, m_definition.format))).find(shape(wanted)) !=
+                                  std::string::npos;
         return hints;
     }
     /// A date is of no use without its end: where the column is too narrow, it is written smaller.

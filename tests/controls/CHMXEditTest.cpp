@@ -50,11 +50,11 @@ protected:
     void start(WindowDriver& user, const char* text)
     {
         user.when(
-            "the dialog is up", [this] { return m_dialog.IsShownOnScreen(); },
+            "the dialog is up", [this] { return m_dialog.IsActive(); },
             [this, text]
             {
                 m_edit.ChangeValue(text);
-                m_edit.SetFocus();
+                click(&m_edit);
             });
         user.when("the focus is on the edit", [this] { return m_edit.HasFocus(); });
     }
@@ -171,8 +171,13 @@ TEST_F(EditsInADialog, AReadOnlyFieldCannotBeChangedByTheUser)
         {
             EXPECT_EQ(m_edit.GetValue(), "42");
             m_edit.SetEditable(true);
-            m_edit.SetFocus();
-            m_edit.SetInsertionPointEnd();
+            click(&m_edit);
+        });
+    user.when(
+        "the focus is back", [this] { return m_edit.HasFocus(); },
+        []
+        {
+            pressKey(WXK_END);
             type("9");
         });
     user.when("editable again", [this] { return m_edit.GetValue() == "429"; });

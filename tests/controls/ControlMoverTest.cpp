@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <memory>
 
 using namespace TessaronResources;
@@ -90,6 +92,20 @@ TEST_F(ControlMoverTest, MovesWhatIsThereAndPassesOverTheRest)
     m_mover.resize(m_client.x, m_client.y);
     EXPECT_EQ(growing->GetRect(), wxRect(10, 10, 100, 40));
     EXPECT_EQ(corner->GetRect(), wxRect(200, 200, 100, 40));
+}
+
+TEST_F(ControlMoverTest, NoControlGetsANegativeSize)
+{
+    wxButton* const small = addButton({10, 10, 100, 40});
+    m_mover.setUp(*m_dialog);
+    m_mover.add(small, {0, 0, 1, 1});
+    for (const int shrunk : {41, 101, 102, 300})
+    {
+        m_mover.resize(m_client.x - shrunk, m_client.y - shrunk);
+        EXPECT_EQ(small->GetRect(), wxRect(10, 10, std::max(100 - shrunk, 0), 0)) << shrunk;
+    }
+    m_mover.resize(m_client.x, m_client.y);
+    EXPECT_EQ(small->GetRect(), wxRect(10, 10, 100, 40));
 }
 
 TEST_F(ControlMoverTest, TheFirstMinimumSizeIsKept)

@@ -38,6 +38,15 @@ double distanceTo(const Polyline& polyline, const Point& point)
     return nearest;
 }
 
+std::vector<Polyline> loopsOf(const std::vector<Polyline>& pieces, double tolerance)
+{
+    const CancelFlag cancel;
+    std::vector<Polyline> loops;
+    for (const Chain& chain : chainLoops(pieces, tolerance, cancel))
+        loops.push_back(loopOf(chain, pieces));
+    return loops;
+}
+
 struct CurveCase
 {
     const char* name;
@@ -62,7 +71,7 @@ std::vector<CurveCase> curveCases()
 
 } // namespace
 
-TEST(CurveFlattener, staysWithinTheToleranceWithoutWastingPoints)
+TEST(CurveFlattener, StaysWithinTheToleranceWithoutWastingPoints)
 {
     const CancelFlag cancel;
     for (const double tolerance : {0.1, 0.001})
@@ -83,7 +92,7 @@ TEST(CurveFlattener, staysWithinTheToleranceWithoutWastingPoints)
         }
 }
 
-TEST(CurveFlattener, refusesToFillTheMemory)
+TEST(CurveFlattener, RefusesToFillTheMemory)
 {
     const CancelFlag cancel;
     CurveFlattener flattener(1e-9, 1000, cancel);
@@ -91,7 +100,7 @@ TEST(CurveFlattener, refusesToFillTheMemory)
     EXPECT_THROW(flattener.flatten(*curveCases()[6].curve), std::runtime_error);
 }
 
-TEST(CurveFlattener, stopsOnACancel)
+TEST(CurveFlattener, StopsOnACancel)
 {
     CancelFlag cancel;
     cancel.set();
@@ -99,23 +108,22 @@ TEST(CurveFlattener, stopsOnACancel)
     EXPECT_THROW(flattener.flatten(*curveCases()[6].curve), exchange::jobs::Cancelled);
 }
 
-TEST(LoopChaining, joinsPiecesInAnyOrderAndDirection)
+TEST(LoopChaining, JoinsPiecesInAnyOrderAndDirection)
 {
     const std::vector<Polyline> pieces = {{{0, 0}, {10, 0}},
                                           {{0, 10}, {10, 10}},
                                           {{10, 0}, {10.05, 5}, {10, 10}},
                                           {{30, 0}, {40, 0}, {35, 8}, {30, 0}},
                                           {{0, 0.02}, {0, 9.97}}};
-    const CancelFlag cancel;
-    const std::vector<Polyline> loops = chainLoops(pieces, 0.05, cancel);
+    const std::vector<Polyline> loops = loopsOf(pieces, 0.05);
     ASSERT_EQ(loops.size(), 2U);
     // The gaps at the left stay in the loop as pieces of their own: four corners, the bend and two ends.
     EXPECT_EQ(loops[0].size(), 7U);
     EXPECT_EQ(loops[1].size(), 3U);
-    EXPECT_THROW(chainLoops(pieces, 0.01, cancel), JobError);
+    EXPECT_THROW(loopsOf(pieces, 0.01), JobError);
 }
 
-TEST(LoopChaining, piecesShorterThanTheToleranceAreNotLost)
+TEST(LoopChaining, PiecesShorterThanTheToleranceAreNotLost)
 {
     // A circle of 400 pieces, each much shorter than the tolerance.
     std::vector<Polyline> pieces;
@@ -125,13 +133,12 @@ TEST(LoopChaining, piecesShorterThanTheToleranceAreNotLost)
         { return Point(std::cos(2 * util::pi * (k % 400) / 400), std::sin(2 * util::pi * (k % 400) / 400)); };
         pieces.push_back({at(i), at(i + 1)});
     }
-    const CancelFlag cancel;
-    const std::vector<Polyline> loops = chainLoops(pieces, 0.1, cancel);
+    const std::vector<Polyline> loops = loopsOf(pieces, 0.1);
     ASSERT_EQ(loops.size(), 1U);
     EXPECT_EQ(loops[0].size(), 400U);
 }
 
-TEST(LoopCheck, loopsMayTouchAndLieWithinEachOther)
+TEST(LoopCheck, LoopsMayTouchAndLieWithinEachOther)
 {
     const Path outer = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
     const Path within = {{20, 20}, {60, 20}, {60, 60}, {20, 60}};
@@ -142,7 +149,7 @@ TEST(LoopCheck, loopsMayTouchAndLieWithinEachOther)
     EXPECT_NO_THROW(checkLoops(loops, SegmentIndex(loops), Grid(), cancel));
 }
 
-TEST(SegmentIndex, agreesWithLookingAtEverySegment)
+TEST(SegmentIndex, AgreesWithLookingAtEverySegment)
 {
     std::mt19937 random(7);
     std::uniform_int_distribution<int> coordinate(-1000, 1000);
@@ -173,7 +180,50 @@ TEST(SegmentIndex, agreesWithLookingAtEverySegment)
     EXPECT_FALSE(SegmentIndex().isCloser({0, 0}, {1, 1}, 100));
 }
 
-TEST(RegionBuilder, boundariesInPiecesGiveTheRegionsOfWholeOnes)
+TEST(SegmentIndex, EnclosesWhatLiesBetweenTheLoops)
+{
+    const Paths loops = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}}, {{40, 40}, {40, 60}, {60, 60}, {60, 40}}};
+    const SegmentIndex index(loops);
+    const struct
+    {
+        IntPoint point;
+        bool inside;
+    } cases[] = {
+        {{20, 50}, true},  {{50, 50}, false},  {{50, 20}, true},  {{50, 80}, true},   {{-1, 50}, false},
+        {{50, -1}, false}, {{101, 50}, false}, {{0, 50}, false},  {{40, 50}, false},  {{100, 100}, false},
+        {{40, 20}, true},  {{60, 99}, true},   {{50, 60}, false}, {{100, 50}, false}, {{40, 101}, false},
+    };
+    for (const auto& test : cases)
+        EXPECT_EQ(index.encloses(test.point), test.inside) << test.point.X << ", " << test.point.Y;
+}
+
+TEST(RegionBuilder, ABoundaryOfManyPointsIsThinnedBeforeItIsOffset)
+{
+    // A wall of steps far smaller than the tolerance, as one polyline and as many lines with an arc among them.
+    exchange::Tessaron2dInput input = shapes::squarePocket();
+    std::vector<shapes::Point> steps;
+    for (int i = 0; i <= 4000; ++i)
+        steps.emplace_back(80 - 0.015 * i, 60 + (i % 2) * 1e-6);
+    exchange::CurveList lines = {shapes::line({80, 20}, {80, 60}), shapes::line({20, 20}, {75, 20}),
+                                 shapes::arc({77.5, 20}, 2.5, util::pi, 2 * util::pi),
+                                 shapes::line(steps.back(), {20, 20})};
+    for (std::size_t i = 0; i + 1 < steps.size(); ++i)
+        lines.push_back(shapes::line(steps[i], steps[i + 1]));
+    const CancelFlag cancel;
+    const auto pointsOf = [&](const exchange::CurveList& wall)
+    {
+        input.boundaries.partBoundaries.resize(1);
+        input.boundaries.partBoundaries.insert(input.boundaries.partBoundaries.end(), wall.begin(), wall.end());
+        const RegionPlan plan = buildRegions(input, readParameters(input), cancel, [](double) {});
+        EXPECT_GT(plan.part[1].size(), 4000U) << "the boundary that cuts are checked against keeps all points";
+        return plan.regions.at(0).at(0).size();
+    };
+    EXPECT_LT(pointsOf(lines), 60U);
+    steps.insert(steps.end(), {{20, 20}, {80, 20}, {80, 60}});
+    EXPECT_EQ(pointsOf({shapes::polyline(steps)}), 4U);
+}
+
+TEST(RegionBuilder, BoundariesInPiecesGiveTheRegionsOfWholeOnes)
 {
     const CancelFlag cancel;
     const auto regionsOf = [&cancel](const exchange::Tessaron2dInput& input)

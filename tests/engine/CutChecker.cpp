@@ -72,56 +72,6 @@ bool isInside(const std::vector<double>& crossings, double y)
     return (crossings.end() - std::upper_bound(crossings.begin(), crossings.end(), y)) % 2 == 1;
 }
 
-class RecordWalker : public boost::static_visitor<void>
-{
-public:
-    RecordWalker(Levels& levels, double rapidZ) : m_levels(levels), m_rapidZ(rapidZ) {}
-
-    void operator()(const exchange::RapidMove& move)
-    {
-        const geom::PointNd<3>& to = move.endPt;
-        const bool across = m_started && !sameXY(to);
-        if (across && (m_at[2] < m_rapidZ || to[2] < m_rapidZ))
-            fail("a rapid runs across the part below the rapid plane");
-        m_at = to;
-        m_started = true;
-    }
-    void operator()(const exchange::LinearMove& move)
-    {
-        const geom::PointNd<3>& to = move.endPt;
-        if (m_feed <= 0 || m_speed <= 0)
-            fail("a cut comes before feed rate and spindle speed");
-        if (m_at[2] == to[2])
-            m_levels[to[2]].push_back({Point(m_at[0], m_at[1]), Point(to[0], to[1])});
-        else if (!sameXY(to) || to[2] > m_at[2])
-            fail("a cutting move is neither level nor straight down");
-        m_at = to;
-    }
-    void operator()(const exchange::FeedRate& feed) { m_feed = feed.feedrate; }
-    void operator()(const exchange::SpindleSpeed& spindle) { m_speed = spindle.speed; }
-    template <class Other>
-    void operator()(const Other&)
-    {
-        fail("a record of a kind that pocketing does not make");
-    }
-
-private:
-    bool sameXY(const geom::PointNd<3>& to) const { return m_at[0] == to[0] && m_at[1] == to[1]; }
-    void fail(const char* what)
-    {
-        if (++m_failures <= enoughFailures)
-            ADD_FAILURE() << what << " at (" << m_at[0] << ", " << m_at[1] << ", " << m_at[2] << ")";
-    }
-
-    Levels& m_levels;
-    double m_rapidZ;
-    geom::PointNd<3> m_at;
-    bool m_started = false;
-    double m_feed = 0;
-    double m_speed = 0;
-    int m_failures = 0;
-};
-
 } // namespace
 
 double distance(const Point& point, const Segment& segment)
@@ -179,13 +129,172 @@ double SegmentCells::distanceTo(const Point& point) const
     return nearest;
 }
 
-Levels levelsOf(const exchange::ToolpathRecords& toolpath, const util::Parameterized& parameters)
+namespace
 {
-    Levels levels;
-    RecordWalker walker(levels, parameters.numberOr(keys::rapidPlaneZ, 0));
+
+constexpr double sameHeight = 1e-9;
+
+class RecordWalker : public boost::static_visitor<void>
+{
+public:
+    RecordWalker(Cuts& cuts, const exchange::Tessaron2dInput& input)
+        : RecordWalker(cuts, input.parameters, samples(input.boundaries.materialBoundaries))
+    {
+    }
+    RecordWalker(Cuts& cuts, const util::Parameterized& parameters, const std::vector<Segment>& stock)
+        : m_cuts(cuts), m_stock(stock), m_stockEdge(parameters.numberOr(keys::toolDiameter, 0) / 2),
+          m_rapidZ(parameters.numberOr(keys::rapidPlaneZ, 0)), m_top(parameters.numberOr(keys::topMaterialZ, 0)),
+          m_radius(parameters.numberOr(keys::toolDiameter, 0) / 2),
+          m_slope(std::tan(parameters.numberOr(keys::rampAngle, 3) * util::pi / 180)),
+          m_tolerance(parameters.numberOr(keys::cutTolerance, 2 * m_radius / 1000)),
+          m_mayPlunge(parameters.intOr(keys::plungeType, -1) == 1)
+    {
+        for (const Segment& segment : stock)
+            m_stockEdge.add(segment);
+    }
+
+    void operator()(const exchange::RapidMove& move)
+    {
+        const geom::PointNd<3>& to = move.endPt;
+        const bool across = m_started && !sameXY(to);
+        if (across && (m_at[2] < m_rapidZ || to[2] < m_rapidZ))
+            fail("a rapid runs across the part below the rapid plane");
+        if (m_started && !across && to[2] >= m_rapidZ && m_at[2] < m_top)
+            ++m_cuts.retracts;
+        m_at = to;
+        m_started = true;
+    }
+    void operator()(const exchange::LinearMove& move) { cutTo(move.endPt, distanceXY(m_at, move.endPt)); }
+    void operator()(const exchange::Arc<1>& arc) { turnTo(arc.endPt, arc.radius, 1); }
+    void operator()(const exchange::Arc<0>& arc) { turnTo(arc.endPt, arc.radius, -1); }
+    void operator()(const exchange::FeedRate& feed) { m_feed = feed.feedrate; }
+    void operator()(const exchange::SpindleSpeed& spindle) { m_speed = spindle.speed; }
+    template <class Other>
+    void operator()(const Other&)
+    {
+        fail("a record of a kind that pocketing does not make");
+    }
+
+private:
+    static double distanceXY(const geom::PointNd<3>& a, const geom::PointNd<3>& b)
+    {
+        return std::hypot(b[0] - a[0], b[1] - a[1]);
+    }
+
+    void turnTo(const geom::PointNd<3>& end, double radius, double sense)
+    {
+        // The centre lies on the left of the chord when a short arc turns left.
+        const double chord = distanceXY(m_at, end);
+        if (radius <= 0 || chord > 2 * radius * (1 + 1e-9))
+            return fail("an arc that its radius cannot reach, or that is longer than half a turn");
+        const double height = std::sqrt(std::max(0.0, radius * radius - chord * chord / 4));
+        const Point centre((m_at[0] + end[0]) / 2 - sense * height * (end[1] - m_at[1]) / chord,
+                           (m_at[1] + end[1]) / 2 + sense * height * (end[0] - m_at[0]) / chord);
+        const double from = std::atan2(m_at[1] - centre[1], m_at[0] - centre[0]);
+        const double sweep = 2 * std::asin(std::min(1.0, chord / (2 * radius)));
+        const double chordAngle = 2 * std::acos(std::max(0.0, 1 - m_tolerance / 20 / radius));
+        const int chords = std::clamp(static_cast<int>(std::ceil(sweep / chordAngle)), 1, 2000);
+        const geom::PointNd<3> start = m_at;
+        for (int i = 1; i <= chords; ++i)
+        {
+            const double angle = from + sense * sweep * i / chords;
+            const geom::PointNd<3> to(centre[0] + radius * std::cos(angle), centre[1] + radius * std::sin(angle),
+                                      start[2] + (end[2] - start[2]) * i / chords);
+            cutTo(i == chords ? end : to, radius * sweep / chords);
+        }
+    }
+
+    void cutTo(const geom::PointNd<3>& to, double length)
+    {
+        if (m_feed <= 0 || m_speed <= 0)
+            fail("a cut comes before feed rate and spindle speed");
+        const Segment segment{Point(m_at[0], m_at[1]), Point(to[0], to[1])};
+        if (std::fabs(m_at[2] - to[2]) < sameHeight)
+        {
+            m_cuts.levels[to[2]].push_back(segment);
+            m_swept.try_emplace(to[2], 2 * m_radius).first->second.add(segment);
+        }
+        else
+        {
+            if (std::min(m_at[2], to[2]) < m_top)
+                m_cuts.others.push_back(segment);
+            if (!sameXY(to))
+            {
+                if (std::fabs(to[2] - m_at[2]) > length * m_slope * (1 + 1e-6))
+                    fail("an entry is steeper than the ramp angle");
+            }
+            else if (!m_mayPlunge && !isCut(segment.start, to[2]) && !isBesideStock(segment.start))
+                fail("a plunge where nothing was cut before");
+        }
+        m_at = to;
+    }
+
+    bool isCut(const Point& place, double z) const
+    {
+        const auto found = m_swept.find(z);
+        return found != m_swept.end() && found->second.distanceTo(place) < 3 * m_tolerance;
+    }
+    bool isBesideStock(const Point& place) const
+    {
+        return !isInside(m_stock.crossings(place[0]), place[1]) && m_stockEdge.distanceTo(place) >= m_radius;
+    }
+    bool sameXY(const geom::PointNd<3>& to) const { return m_at[0] == to[0] && m_at[1] == to[1]; }
+    void fail(const char* what)
+    {
+        if (++m_failures <= enoughFailures)
+            ADD_FAILURE() << what << " at (" << m_at[0] << ", " << m_at[1] << ", " << m_at[2] << ")";
+    }
+
+    Cuts& m_cuts;
+    const Inside m_stock;
+    SegmentCells m_stockEdge;
+    std::map<double, SegmentCells> m_swept;
+    const double m_rapidZ;
+    const double m_top;
+    const double m_radius;
+    const double m_slope;
+    const double m_tolerance;
+    const bool m_mayPlunge;
+    geom::PointNd<3> m_at;
+    bool m_started = false;
+    double m_feed = 0;
+    double m_speed = 0;
+    int m_failures = 0;
+};
+
+double lengthOf(const std::vector<Segment>& segments)
+{
+    double length = 0;
+    for (const Segment& segment : segments)
+        length += std::hypot(segment.end[0] - segment.start[0], segment.end[1] - segment.start[1]);
+    return length;
+}
+
+} // namespace
+
+Cuts cutsOf(const exchange::ToolpathRecords& toolpath, const exchange::Tessaron2dInput& input)
+{
+    Cuts cuts;
+    RecordWalker walker(cuts, input);
     for (const exchange::ToolpathRecord& record : toolpath.records)
         boost::apply_visitor(walker, record);
-    return levels;
+    double longest = 0;
+    for (const auto& [z, segments] : cuts.levels)
+        longest = std::max(longest, lengthOf(segments));
+    const double top = input.parameters.numberOr(keys::topMaterialZ, 0);
+    for (auto level = cuts.levels.begin(); level != cuts.levels.end();)
+    {
+        const auto& [z, segments] = *level;
+        if (z < top && lengthOf(segments) > longest / 10)
+        {
+            ++level;
+            continue;
+        }
+        if (z < top)
+            cuts.others.insert(cuts.others.end(), segments.begin(), segments.end());
+        level = cuts.levels.erase(level);
+    }
+    return cuts;
 }
 
 namespace
@@ -230,20 +339,18 @@ std::vector<Segment> samples(const exchange::CurveList& curves)
     return segments;
 }
 
-void checkNoGouge(const exchange::Tessaron2dInput& input, const Levels& levels)
+void checkNoGouge(const exchange::Tessaron2dInput& input, const Cuts& cuts)
 {
     const Limits limits = limitsOf(input);
     SegmentCells walls(limits.clearance + 1);
     const std::vector<Segment> all = samples(input.boundaries.partBoundaries);
     const Inside part(all);
-    const Inside stock(samples(input.boundaries.materialBoundaries));
     for (const Segment& segment : all)
-        walls.add(segment);
-    for (const Segment& segment : samples(input.boundaries.materialBoundaries))
         walls.add(segment);
 
     int failures = 0;
-    for (const auto& [z, segments] : levels)
+    const auto check = [&](const std::vector<Segment>& segments)
+    {
         for (std::size_t i = 0; i < segments.size(); ++i)
         {
             const Segment& s = segments[i];
@@ -257,20 +364,21 @@ void checkNoGouge(const exchange::Tessaron2dInput& input, const Levels& levels)
                 if (clearance < limits.clearance - limits.tolerance)
                 {
                     ++failures;
-                    ADD_FAILURE() << "gouge: only " << clearance << " from a boundary at (" << point[0] << ", "
-                                  << point[1] << "), level " << z;
+                    ADD_FAILURE() << "gouge: only " << clearance << " from the part at (" << point[0] << ", "
+                                  << point[1] << ")";
                 }
             }
             // No wall lies near a cut, so all of a cut is on one side of them: one point in a few tells which.
-            if (i % 16 == 0 && failures < enoughFailures &&
-                (isInside(part.crossings(s.start[0]), s.start[1]) ||
-                 !isInside(stock.crossings(s.start[0]), s.start[1])))
+            if (i % 16 == 0 && failures < enoughFailures && isInside(part.crossings(s.start[0]), s.start[1]))
             {
                 ++failures;
-                ADD_FAILURE() << "a cut inside the part or outside the stock at (" << s.start[0] << ", " << s.start[1]
-                              << ")";
+                ADD_FAILURE() << "a cut inside the part at (" << s.start[0] << ", " << s.start[1] << ")";
             }
         }
+    };
+    for (const auto& [z, segments] : cuts.levels)
+        check(segments);
+    check(cuts.others);
 }
 
 void checkCoverage(const exchange::Tessaron2dInput& input, const Levels& levels, double pitch)
@@ -283,9 +391,8 @@ void checkCoverage(const exchange::Tessaron2dInput& input, const Levels& levels,
     SegmentCells walls(limits.clearance + limits.tolerance);
     Point low(1e300, 1e300);
     Point high(-1e300, -1e300);
-    for (const auto* list : {&partWalls, &stockWalls})
-        for (const Segment& segment : *list)
-            walls.add(segment);
+    for (const Segment& segment : partWalls)
+        walls.add(segment);
     for (const Segment& segment : stockWalls)
         for (int i = 0; i < 2; ++i)
         {

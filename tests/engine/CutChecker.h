@@ -4,6 +4,7 @@
 #include <tessaron/exchange/Tessaron2dInput.h>
 #include <tessaron/exchange/ToolpathRecords.h>
 
+#include <array>
 #include <map>
 #include <string>
 #include <unordered_map>
@@ -44,16 +45,27 @@ private:
 /// The cuts of a toolpath, depth by depth.
 using Levels = std::map<double, std::vector<Segment>>;
 
-/// The horizontal cutting moves of a toolpath. Adds a failure to the running test for cutting moves that are neither
-/// horizontal nor straight down, for rapids that run below the rapid plane across the part, and for cuts before a feed
-/// rate or a spindle speed was set.
-Levels levelsOf(const exchange::ToolpathRecords& toolpath, const util::Parameterized& parameters);
+/// What a toolpath cuts.
+struct Cuts
+{
+    /// The horizontal cutting moves, arcs as chords. Heights at which little is cut are links and no levels: those are
+    /// among the others.
+    Levels levels;
+    /// All other cutting moves below the top of the material, seen from above.
+    std::vector<Segment> others;
+    int retracts = 0;
+};
+
+/// The cuts of a toolpath. Adds a failure to the running test for rapids that run across below the rapid plane, for
+/// moves that go down more steeply than the ramp angle, for plunges where nothing has been cut before at that depth
+/// (beside the stock, and where plunging was asked for, aside), and for cuts before a feed rate or a spindle speed was set.
+Cuts cutsOf(const exchange::ToolpathRecords& toolpath, const exchange::Tessaron2dInput& input);
 
 /// The curves of a boundary as many short segments.
 std::vector<Segment> samples(const exchange::CurveList& curves);
 
-/// Adds a failure for every cut that comes nearer to a boundary than the tool radius and the stock to leave allow.
-void checkNoGouge(const exchange::Tessaron2dInput& input, const Levels& levels);
+/// Adds a failure for every cut that comes nearer to the part than the tool radius and the stock to leave allow.
+void checkNoGouge(const exchange::Tessaron2dInput& input, const Cuts& cuts);
 
 /// Adds a failure for every place that the tool can reach and a level does not clear. Places are tried on a grid.
 /// \param pitch the width of the grid

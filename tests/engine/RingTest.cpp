@@ -1,14 +1,17 @@
 #include "engine/jobs/JobError.h"
 #include "engine/pocketing/GougeCheck.h"
-#include "engine/pocketing/LevelWriter.h"
-#include "engine/pocketing/RingOrder.h"
+#include "engine/pocketing/PocketingParameters.h"
 #include "engine/pocketing/Rings.h"
+#include "engine/pocketing/Thinning.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <deque>
-#include <map>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
 
 // Rings, their check, their order and the records made of them.
 
@@ -52,7 +55,7 @@ std::vector<const Ring*> build(RingStore& store, const Area& area, const RingSte
 
 } // namespace
 
-TEST(Rings, squareHasOneRingForEachStepover)
+TEST(Rings, SquareHasOneRingForEachStepover)
 {
     RingStore store(1e6);
     double done = 0;
@@ -66,7 +69,7 @@ TEST(Rings, squareHasOneRingForEachStepover)
     EXPECT_NEAR(done, 1e10, 1e5);
 }
 
-TEST(Rings, wideStepoverLeavesLeftovers)
+TEST(Rings, WideStepoverLeavesLeftovers)
 {
     RingStore store(1e6);
     double done = 0;
@@ -75,7 +78,7 @@ TEST(Rings, wideStepoverLeavesLeftovers)
     EXPECT_EQ(rings.front()->leftovers.size(), 4U);
 }
 
-TEST(Rings, orderOfBlocksDoesNotMatter)
+TEST(Rings, OrderOfBlocksDoesNotMatter)
 {
     const Area area = {square(0, 0, 100000), hole(square(20000, 20000, 9000)), hole(square(60000, 50000, 20000))};
     const auto contours = [&area](bool takeLast)
@@ -92,7 +95,7 @@ TEST(Rings, orderOfBlocksDoesNotMatter)
     EXPECT_EQ(first, contours(true));
 }
 
-TEST(Rings, storeRefusesToFillTheMemory)
+TEST(Rings, StoreRefusesToFillTheMemory)
 {
     RingStore store(20);
     store.add({square(0, 0, 100)});
@@ -100,7 +103,7 @@ TEST(Rings, storeRefusesToFillTheMemory)
     EXPECT_THROW(store.add({square(0, 0, 100)}), JobError);
 }
 
-TEST(Shrink, contoursTakenApartGiveTheResultOfAllTogether)
+TEST(Shrink, ContoursTakenApartGiveTheResultOfAllTogether)
 {
     // A C that closes as it grows, with an island in the room it closes in; islands that merge with each other, with
     // the wall, and with nothing.
@@ -120,135 +123,88 @@ TEST(Shrink, contoursTakenApartGiveTheResultOfAllTogether)
         offsetter.AddPaths(area, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
         Paths together;
         offsetter.Execute(together, -distance);
-        ClipperLib::Clipper difference;
-        for (const Area& part : shrink(area, distance, {2, 0}, cancel))
-            difference.AddPaths(part, ClipperLib::ptSubject, true);
-        difference.AddPaths(together, ClipperLib::ptClip, true);
-        Paths apart;
-        difference.Execute(ClipperLib::ctXor, apart, ClipperLib::pftNonZero, ClipperLib::pftNonZero);
-        EXPECT_LT(std::fabs(sizeOf(apart)), 1e-4 * sizeOf(together)) << distance;
+        // As much as goes into one operation, and hardly more than a contour each.
+        for (const std::size_t largest : {20000U, 5U})
+        {
+            ClipperLib::Clipper difference;
+            for (const Area& part : shrink(area, distance, {2, 0, largest}, cancel))
+                difference.AddPaths(part, ClipperLib::ptSubject, true);
+            difference.AddPaths(together, ClipperLib::ptClip, true);
+            Paths apart;
+            difference.Execute(ClipperLib::ctXor, apart, ClipperLib::pftNonZero, ClipperLib::pftNonZero);
+            EXPECT_LT(std::fabs(sizeOf(apart)), 1e-4 * sizeOf(together)) << distance << ", " << largest;
+        }
         EXPECT_GT(sizeOf(together), 0) << distance;
     }
 }
 
-TEST(Simplified, dropsOnlyWhatLiesWithinTheTolerance)
+TEST(Shrink, ManyIslandsThatMeetGiveTheSameInParts)
+{
+    // Rings of islands about each other: grown, they close in areas within areas.
+    Area area = {square(0, 0, 400000)};
+    for (const int radius : {20000, 60000, 110000, 165000})
+        for (int i = 0; i < 40; ++i)
+        {
+            const double angle = 2 * std::acos(-1.0) * i / 40;
+            const auto at = [&](double part) { return 200000 + std::llround(radius * part); };
+            area.push_back(hole(square(at(std::cos(angle)) - 1000, at(std::sin(angle)) - 1000, 2000 + radius / 40)));
+        }
+    const CancelFlag cancel;
+    for (const double distance : {3000.0, 9000.0, 12000.0})
+    {
+        Paths sides[2];
+        std::size_t areas[2];
+        const std::size_t largest[] = {20000, 16};
+        for (int i = 0; i < 2; ++i)
+        {
+            const std::vector<Area> parts = shrink(area, distance, {2, 0, largest[i]}, cancel);
+            areas[i] = parts.size();
+            for (const Area& part : parts)
+                sides[i].insert(sides[i].end(), part.begin(), part.end());
+        }
+        EXPECT_EQ(areas[0], areas[1]) << distance;
+        ClipperLib::Clipper difference;
+        difference.AddPaths(sides[0], ClipperLib::ptSubject, true);
+        difference.AddPaths(sides[1], ClipperLib::ptClip, true);
+        Paths apart;
+        difference.Execute(ClipperLib::ctXor, apart, ClipperLib::pftNonZero, ClipperLib::pftNonZero);
+        EXPECT_LT(std::fabs(sizeOf(apart)), 1e-6 * sizeOf(sides[0])) << distance;
+    }
+}
+
+TEST(Shrink, FarPastTheMiddleNothingRemains)
+{
+    const CancelFlag cancel;
+    const Path sliver = {{0, 0}, {100000, 99000}, {100000, 100000}, {0, 1000}};
+    const Path l = {{0, 0}, {100000, 0}, {100000, 20000}, {20000, 20000}, {20000, 100000}, {0, 100000}};
+    const struct
+    {
+        Path outer;
+        double distance;
+        bool remains;
+    } cases[] = {
+        {square(0, 0, 100000), 49990, true},
+        {square(0, 0, 100000), 50010, false},
+        {square(0, 0, 100000), 1e9, false},
+        {sliver, 340, true},
+        {sliver, 370, false},
+        {l, 10500, true},
+        {l, 14000, false},
+    };
+    for (const auto& test : cases)
+        EXPECT_EQ(shrink({test.outer}, test.distance, {2, 0}, cancel).empty(), !test.remains) << test.distance;
+}
+
+TEST(Simplified, DropsOnlyWhatLiesWithinTheTolerance)
 {
     const Path path = {{0, 0}, {500, 3}, {1000, 0}, {1000, 1000}, {500, 1020}, {0, 1000}};
     EXPECT_EQ(simplified(path, 5).size(), 5U);
     EXPECT_EQ(simplified(path, 2).size(), 6U);
     EXPECT_EQ(simplified(path, 30).size(), 4U);
-    EXPECT_TRUE(simplified({{0, 0}, {3, 0}, {3, 3}, {0, 3}}, 10).empty());
+    EXPECT_TRUE(simplified(Path{{0, 0}, {3, 0}, {3, 3}, {0, 3}}, 10).empty());
 }
 
-TEST(GougeCheck, findsEveryKindOfGouge)
-{
-    const GougeCheck check({square(40000, 40000, 20000)}, {square(0, 0, 100000)}, 1000);
-    const CancelFlag cancel;
-    const auto ring = [](const Path& path)
-    {
-        Ring made;
-        made.contours = {path};
-        return made;
-    };
-    EXPECT_NO_THROW(check.check(ring(square(10000, 10000, 20000)), cancel));
-    EXPECT_NO_THROW(check.check(ring(square(1000, 1000, 98000)), cancel));
-    const std::map<const char*, Path> gouging = {
-        {"too near to the part", square(10000, 10000, 29300)},
-        {"through a corner of the part", {{39000, 50000}, {50000, 39000}, {30000, 30000}}},
-        {"too near to the edge of the stock", square(999, 1000, 20000)},
-        {"inside the part", square(45000, 45000, 5000)},
-        {"outside the stock", square(200000, 200000, 5000)},
-    };
-    for (const auto& [name, path] : gouging)
-        EXPECT_THROW(check.check(ring(path), cancel), JobError) << name;
-    Ring leftover = ring(square(10000, 10000, 20000));
-    leftover.leftovers = {square(45000, 45000, 5000)};
-    EXPECT_THROW(check.check(leftover, cancel), JobError);
-}
-
-TEST(RingOrder, insideFirstAndNearestFirst)
-{
-    Ring outer;
-    Ring left;
-    Ring right;
-    Ring inRight;
-    outer.contours = {square(0, 0, 1000)};
-    left.contours = {square(10, 10, 300)};
-    right.contours = {square(600, 10, 300)};
-    inRight.contours = {square(700, 110, 100)};
-    right.leftovers = {square(610, 20, 10)};
-    right.children = {&inRight};
-    outer.children = {&left, &right};
-
-    const CancelFlag cancel;
-    IntPoint from(900, 0);
-    const std::vector<Pass> passes = orderRings(outer, from, cancel);
-    std::vector<const Path*> order;
-    order.reserve(passes.size());
-    for (const Pass& pass : passes)
-        order.push_back(pass.path);
-    EXPECT_EQ(order, (std::vector<const Path*>{&inRight.contours[0], &right.leftovers[0], &right.contours[0],
-                                               &left.contours[0], &outer.contours[0]}));
-    // From (600, 10) or so the nearest corner of the left square is its lower right one.
-    EXPECT_EQ((*passes[3].path)[passes[3].start], IntPoint(310, 10));
-}
-
-namespace
-{
-
-struct Written
-{
-    PocketingParameters parameters;
-    Path path = square(0, 0, 10);
-
-    Written()
-    {
-        parameters.rapidPlaneZ = 20;
-        parameters.feedrate = 800;
-        parameters.rampFeedrate = 300;
-    }
-    /// "R x y z", "L x y z" or "F feed", for short.
-    std::vector<std::string> records() const
-    {
-        const CancelFlag cancel;
-        std::vector<std::string> texts;
-        for (const exchange::ToolpathRecord& record :
-             writeLevel({{&path, 1}}, -4, -2, parameters, Grid(), cancel, [](double) {}))
-        {
-            const auto point = [](const geom::PointNd<3>& p)
-            {
-                return std::to_string(static_cast<int>(p[0])) + " " + std::to_string(static_cast<int>(p[1])) + " " +
-                       std::to_string(static_cast<int>(p[2]));
-            };
-            if (const auto* rapid = boost::get<exchange::RapidMove>(&record))
-                texts.push_back("R " + point(rapid->endPt));
-            else if (const auto* linear = boost::get<exchange::LinearMove>(&record))
-                texts.push_back("L " + point(linear->endPt));
-            else if (const auto* feed = boost::get<exchange::FeedRate>(&record))
-                texts.push_back("F " + std::to_string(static_cast<int>(feed->feedrate)));
-        }
-        return texts;
-    }
-};
-
-} // namespace
-
-TEST(LevelWriter, onePass)
-{
-    Written written;
-    EXPECT_EQ(written.records(), (std::vector<std::string>{"R 10 0 20", "F 300", "L 10 0 -4", "F 800", "L 10 10 -4",
-                                                           "L 0 10 -4", "L 0 0 -4", "L 10 0 -4", "R 10 0 20"}));
-    written.parameters.counterClockwise = false;
-    written.parameters.plungeClearance = 1;
-    EXPECT_EQ(written.records(),
-              (std::vector<std::string>{"R 10 0 20", "R 10 0 -1", "F 300", "L 10 0 -4", "F 800", "L 0 0 -4",
-                                        "L 0 10 -4", "L 10 10 -4", "L 10 0 -4", "R 10 0 20"}));
-    // A clearance above the rapid plane is no reason to climb.
-    written.parameters.plungeClearance = 100;
-    EXPECT_EQ(written.records()[1], "F 300");
-}
-
-TEST(PocketingParameters, levels)
+TEST(PocketingParameters, Levels)
 {
     struct Case
     {
@@ -256,15 +212,23 @@ TEST(PocketingParameters, levels)
         double bottom;
         double step;
         double stock;
+        double axialStock;
+        double finalStep;
+        std::vector<double> additional;
         std::vector<double> levels;
     };
+    const double none = PocketingParameters::notGiven;
     const Case cases[] = {
-        {0, -5, 3, 0, {-3, -5}},
-        {0, -6, 3, 0, {-3, -6}},
-        {0, -5, 50, 0, {-5}},
-        {2, -1, 1, 0.5, {1, 0, -0.5}},
+        {0, -5, 3, 0, 0, none, {}, {-2.5, -5}},
+        {0, -6, 3, 0, 0, none, {}, {-3, -6}},
+        {0, -5, 50, 0, 0, none, {}, {-5}},
+        {2, -1, 1, 0.75, 0, none, {}, {1.25, 0.5, -0.25}},
         // Ten steps of a tenth come to a little more or less than one.
-        {1, 0, 0.1, 0, {0.9, 0.8, 0.7, 0.6, 0.5, 0.4, 0.3, 0.2, 0.1, 0}},
+        {1, 0, 0.1, 0, 0, none, {}, {0.9, 0.8, 0.7, 0.6, 0.5, 0.4, 0.3, 0.2, 0.1, 0}},
+        {0, -5, 3, 0, 0.2, none, {}, {-2.4, -4.8, -5}},
+        {0, -5, 3, 0, 0, 0.5, {}, {-2.25, -4.5, -5}},
+        {0, -5, 3, 0, 0, none, {-1, -1, 7, -9, -5}, {-1, -3, -5}},
+        {0, -6, 3, 0, 0.5, 1, {-4}, {-2, -4, -5, -5.5, -6}},
     };
     for (const Case& test : cases)
     {
@@ -273,10 +237,40 @@ TEST(PocketingParameters, levels)
         parameters.zDepth = test.bottom;
         parameters.depthOfCut = test.step;
         parameters.zStockToLeave = test.stock;
+        parameters.partAxialStock = test.axialStock;
+        parameters.finalStepHeight = test.finalStep;
+        parameters.additionalCutDepths = test.additional;
         const std::vector<double> levels = parameters.levels();
         ASSERT_EQ(levels.size(), test.levels.size());
         for (std::size_t i = 0; i < levels.size(); ++i)
             EXPECT_NEAR(levels[i], test.levels[i], 1e-12);
         EXPECT_EQ(levels.back(), test.bottom + test.stock);
     }
+}
+
+TEST(PocketingParameters, AreThoseOfTheDocumentation)
+{
+    std::ifstream file(TESSARON_SAMPLES "/../docs/engine-jobs.md");
+    ASSERT_TRUE(file);
+    // Rows of the table: | "key" | kind | unit | default | ...
+    std::vector<std::string> documented;
+    for (std::string line; std::getline(file, line);)
+    {
+        std::vector<std::string> cells;
+        std::istringstream stream(line);
+        for (std::string cell; std::getline(stream, cell, '|');)
+        {
+            const std::size_t first = cell.find_first_not_of(' ');
+            const std::size_t last = cell.find_last_not_of(' ');
+            cells.push_back(first == std::string::npos ? "" : cell.substr(first, last - first + 1));
+        }
+        if (cells.size() == 7 && cells[1].front() == '"')
+            documented.push_back(cells[1] + " " + cells[2] + (cells[4] == "required" ? " required" : ""));
+    }
+    std::vector<std::string> read;
+    for (const ParameterRow& row : parameterTable())
+        read.push_back('"' + row.key + "\" " + row.kind + (row.required ? " required" : ""));
+    std::sort(documented.begin(), documented.end());
+    std::sort(read.begin(), read.end());
+    EXPECT_EQ(documented, read);
 }

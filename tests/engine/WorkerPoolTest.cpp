@@ -64,6 +64,27 @@ TEST_F(WorkerPools, FirstFailureEndsTheWait)
     EXPECT_EQ(later, 0);
 }
 
+TEST_F(WorkerPools, ForEachMakesAllCallsEvenFromTasksThatKeepAllWorkersBusy)
+{
+    WorkerPool pool(m_threads, 2, m_cancel);
+    std::atomic<int> sum{0};
+    for (int task = 0; task < 8; ++task)
+        pool.submit([&](int) { pool.forEach(100, [&](std::size_t number) { sum += static_cast<int>(number); }); });
+    pool.wait();
+    EXPECT_EQ(sum, 8 * 4950);
+    pool.forEach(0, [](std::size_t) { ADD_FAILURE(); });
+
+    std::atomic<int> begun{0};
+    const auto failing = [&begun](std::size_t)
+    {
+        ++begun;
+        throw std::runtime_error("broken");
+    };
+    pool.submit([&](int) { pool.forEach(1000, failing); });
+    EXPECT_THROW(pool.wait(), std::runtime_error);
+    EXPECT_LE(begun, 2);
+}
+
 TEST_F(WorkerPools, CancelDoesNotWaitForATaskThatDoesNotEnd)
 {
     std::atomic<bool> started{false};

@@ -174,6 +174,29 @@ TEST_F(ConfigPaths, MakesTheUsersFoldersButNotTheSharedOne)
     EXPECT_FALSE(fs::exists(m_root / "data"));
 }
 
+TEST_F(ConfigPaths, TheListStaysEveryUsersWhateverOneUsersNewFilesAre)
+{
+    // Any group that this user may give a file to.
+    gid_t group = 54321;
+    if (::geteuid() != 0 && ::getgroups(1, &group) < 1)
+        group = ::getegid();
+    writeFile(shared() / "Tessaron2x.ini", "[Profiles]\nCount=0\n");
+    ASSERT_EQ(::chown((shared() / "Tessaron2x.ini").c_str(), static_cast<uid_t>(-1), group), 0);
+    fs::permissions(shared() / "Tessaron2x.ini", fs::perms(0664));
+    fs::permissions(shared(), fs::perms(0775));
+    const mode_t before = ::umask(077);
+    getConfigFilePath("", product(100), true);
+    getConfigFilePath("", product(101), true);
+    ::umask(before);
+    struct stat data = {};
+    ASSERT_EQ(::stat((shared() / "Tessaron2x.ini").c_str(), &data), 0);
+    EXPECT_NE(contents(shared() / "Tessaron2x.ini").find("Count=1"), std::string::npos);
+    EXPECT_EQ(data.st_mode & 0777, 0664u);
+    EXPECT_EQ(data.st_gid, group);
+    ASSERT_EQ(::stat((shared() / "Tessaron3x.ini").c_str(), &data), 0);
+    EXPECT_EQ(data.st_mode & 0777, 0664u) << "a new list has its folder's rights";
+}
+
 TEST_F(ConfigPaths, AFolderThatCannotBeMadeIsIgnored)
 {
     writeFile(config(), "a file where the maker's folder should be");

@@ -68,7 +68,7 @@ TEST_F(LateToolkitHost, ShowsWindowsOfAModuleThatItLoadedInsideItsLoop)
                 failure = text;
             wxTheApp->ExitMainLoop();
         });
-    wxTheApp->OnRun();
+    EXPECT_TRUE(runMainLoop());
     EXPECT_EQ(failure, "");
     EXPECT_EQ(progressResult, 1);
     EXPECT_EQ(managerResult, 0) << "ended by the quit message";

@@ -1,4 +1,5 @@
 #include "frame/configuration/ProfileList.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -44,6 +45,20 @@ TEST(ProfileList, AddsNothingThatWouldDamageTheList)
 {
     EXPECT_EQ(withProfile("", "/a\nCount=100"), std::nullopt);
     EXPECT_EQ(withProfile("[Profiles]\nCount=2147483648\n", "/p"), std::nullopt);
+}
+
+TEST(ProfileList, TellsWhetherTheEntryIsThere)
+{
+    const TemporaryFolder folder;
+    EXPECT_TRUE(TessaronResources::addProfile(folder.path(), "list.ini", "/p"));
+    EXPECT_FALSE(TessaronResources::addProfile(folder / "none", "list.ini", "/p"));
+    EXPECT_FALSE(TessaronResources::addProfile(folder.path(), "list.ini", "/p\n"));
+    EXPECT_EQ(readBytes(folder / "list.ini"), "[Profiles]\n__UserProfile0=/p\nCount=1\n");
+
+    // Nobody can read a link to itself, the superuser included.
+    std::filesystem::create_symlink(folder / "loop.ini", folder / "loop.ini");
+    EXPECT_FALSE(TessaronResources::addProfile(folder.path(), "loop.ini", "/p"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "loop.ini"));
 }
 
 } // namespace

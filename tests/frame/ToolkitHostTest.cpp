@@ -3,10 +3,16 @@
 #include "tests/progress/ScriptedProgress.h"
 #include <tessaron/frame/EntryPoints.h>
 #include <tessaron/frame/PlainEntryPoints.h>
+#include <tessaron/machining/GougeCheckData.h>
+#include <tessaron/machining/SmartLinkData.h>
+#include <tessaron/util/Parameterized.h>
+#include <tessaron/util/VisualTheme.h>
 
 #include <boost/make_shared.hpp>
 
 #include <gtest/gtest.h>
+
+#include <thread>
 
 using namespace testing_support;
 
@@ -53,7 +59,7 @@ TEST_F(ToolkitHostTest, AQuitWhileWindowsAreUpEndsTheCallsAndThenTheHostsLoop)
             if (ticks == 1000)
                 m_progress->report(-1.0);
         });
-    wxTheApp->OnRun();
+    EXPECT_TRUE(runMainLoop());
     EXPECT_EQ(outer, 1);
     EXPECT_EQ(inner, 1);
     EXPECT_GE(ticksAtReturn, 60) << "the host's timers keep running";
@@ -77,7 +83,7 @@ TEST_F(ToolkitHostTest, TheHostsLoopGoesOnAfterAnOrdinaryCall)
                     wxTheApp->ExitMainLoop();
                 });
         });
-    wxTheApp->OnRun();
+    EXPECT_TRUE(runMainLoop());
     EXPECT_TRUE(wentOn);
 }
 
@@ -102,6 +108,182 @@ TEST_F(ToolkitHostTest, NullWhereARecordIsDueShowsNothing)
     EXPECT_EQ(displayGougeCheckDialog(nullptr), 2);
     EXPECT_EQ(displaySmartLinkDialog(nullptr), 2);
     EXPECT_EQ(ticks, 0);
+}
+
+TEST_F(ToolkitHostTest, ClosingTheMainWindowDuringACallEndsTheCallAndThenTheHost)
+{
+    for (const bool multi : {false, true})
+    {
+        if (!m_frame)
+            makeFrame();
+        m_progress = boost::make_shared<ScriptedProgress>();
+        int result = 0;
+        wxTheApp->CallAfter([&] { result = show(multi); });
+        int ticks = 0;
+        const testing_support::Ticker user(
+            [&]
+            {
+                if (++ticks == 20)
+                    m_frame->Close();
+            });
+        EXPECT_TRUE(runMainLoop());
+        EXPECT_EQ(result, 1);
+        EXPECT_EQ(m_progress->m_cancelRequests, 0) << "the job goes on";
+    }
+}
+
+TEST_F(ToolkitHostTest, AHostThatStaysWithoutWindowsStays)
+{
+    wxTheApp->SetExitOnFrameDelete(false);
+    int result = 0;
+    bool wentOn = false;
+    m_progress->m_onRefresh = [&](int poll)
+    {
+        if (poll == 2)
+            m_frame->Close();
+        m_progress->report(poll < 6 ? 50.0 : -1.0);
+    };
+    wxTheApp->CallAfter(
+        [&]
+        {
+            result = show(false);
+            EXPECT_EQ(m_progress->m_polls, 6);
+            EXPECT_FALSE(wxTheApp->GetExitOnFrameDelete());
+            wxTheApp->CallAfter(
+                [&]
+                {
+                    wentOn = true;
+                    wxTheApp->ExitMainLoop();
+                });
+        });
+    EXPECT_TRUE(runMainLoop());
+    EXPECT_EQ(result, 1);
+    EXPECT_TRUE(wentOn);
+}
+
+class StartingHost : public ToolkitHostTest
+{
+protected:
+    void onInit() override
+    {
+        if (m_frameFirst)
+            makeFrame();
+        m_progress->m_onRefresh = [&](int poll)
+        {
+            if (poll == 2 && m_closesFrame)
+                m_frame->Close();
+            m_progress->report(poll < 6 ? 50.0 : -1.0);
+        };
+        EXPECT_EQ(show(false), 1);
+        if (!m_frameFirst)
+            makeFrame();
+    }
+
+    void start(bool frameFirst, bool closesFrame)
+    {
+        m_frameFirst = frameFirst;
+        m_closesFrame = closesFrame;
+        ToolkitHostTest::SetUp();
+    }
+
+private:
+    void SetUp() override {}
+
+    bool m_frameFirst = false;
+    bool m_closesFrame = false;
+};
+
+TEST_F(StartingHost, ThatCallsBeforeItsMainLoopEndsWithItsLastWindow)
+{
+    start(false, false);
+    int ticks = 0;
+    const testing_support::Ticker user(
+        [&]
+        {
+            if (++ticks == 20)
+                m_frame->Close();
+        });
+    EXPECT_TRUE(runMainLoop());
+    EXPECT_GE(ticks, 20);
+}
+
+TEST_F(StartingHost, WhoseWindowIsClosedBeforeItsMainLoopEndsAtOnce)
+{
+    start(true, true);
+    EXPECT_TRUE(runMainLoop());
+}
+
+int assertions = 0;
+
+void countAssertion(const wxString&, int, const wxString&, const wxString&, const wxString&)
+{
+    ++assertions;
+}
+
+TEST_F(ToolkitHostTest, TheHostsAssertionHandlerIsInForceDuringACall)
+{
+    const wxAssertHandler_t before = wxSetAssertHandler(countAssertion);
+    m_progress->m_onRefresh = [&](int poll)
+    {
+        wxASSERT_MSG(poll != 2, "the host's own");
+        m_progress->report(poll < 4 ? 50.0 : -1.0);
+    };
+    assertions = 0;
+    EXPECT_EQ(show(false), 1);
+    EXPECT_EQ(assertions, 1);
+    EXPECT_EQ(wxSetAssertHandler(before), &countAssertion);
+}
+
+// A window that came up all the same would stay.
+TEST_F(ToolkitHostTest, AThreadThatDoesNotOwnTheUserInterfaceIsRefused)
+{
+    using namespace TessaronResources;
+    GougeCheckData gouge{};
+    SmartLinkData link{};
+    int spindleSpeed = 5000;
+    double feedrate = 1000;
+    double stepover = 1;
+    util::Parameterized loaded;
+    bool loadSaved = false;
+    Record record = m_progress;
+    const std::pair<std::function<int()>, int> calls[] = {
+        {[&] { return displayProgressDialog(record, "Job"); }, 2},
+        {[&] { return displayOrrimantMultiProgressDialog(record); }, 2},
+        {[&] { return displayProgressDialogForJobId(123456, "Job"); }, 2},
+        {[&] { return displayChipControlDialogEx(0, 10, 4, 2, &spindleSpeed, &feedrate, &stepover, true); }, 1},
+        {[&] { return displayGougeCheckDialog(&gouge); }, 2},
+        {[&] { return displaySmartLinkDialog(&link); }, 2},
+        {[&] { return displayTemplateManagerDialogLoad(0, 0, "/tmp", loaded, &loaded, nullptr, util::VisualTheme{}); },
+         2},
+        {[&] {
+             return displayTemplateManagerDialogSave(0, 0, "/tmp", loaded, &loaded, &loadSaved, nullptr,
+                                                     util::VisualTheme{});
+         },
+         2},
+    };
+    std::vector<int> results;
+    std::vector<int> expected;
+    for (const auto& call : calls)
+        expected.push_back(call.second);
+    const std::size_t windows = wxTopLevelWindows.GetCount();
+    std::thread worker;
+    wxTheApp->CallAfter(
+        [&]
+        {
+            worker = std::thread(
+                [&]
+                {
+                    for (const auto& call : calls)
+                        results.push_back(call.first());
+                    wxTheApp->CallAfter([] { wxTheApp->ExitMainLoop(); });
+                });
+        });
+    EXPECT_TRUE(runMainLoop());
+    worker.join();
+    EXPECT_EQ(results, expected);
+    EXPECT_EQ(wxTopLevelWindows.GetCount(), windows);
+    EXPECT_EQ(m_progress->m_polls, 0);
+    EXPECT_TRUE(wxTheApp->GetExitOnFrameDelete());
 }
 
 } // namespace

@@ -16,6 +16,7 @@ typedef int (*ShowJob)(int, const char*);
 typedef int (*ShowMultiJob)(int);
 typedef int (*JobState)(int);
 typedef void (*Quit)(void);
+typedef const char* (*ProgramName)(void);
 
 static int failures = 0;
 
@@ -50,6 +51,15 @@ static void* find(void* library, const char* name)
     return symbol;
 }
 
+static size_t environmentSize(void)
+{
+    extern char** environ;
+    size_t size = 0;
+    while (environ[size])
+        ++size;
+    return size;
+}
+
 static void onSignal(int number)
 {
     (void)number;
@@ -74,6 +84,8 @@ int main(int argc, char** argv)
     char locale[256];
     snprintf(locale, sizeof locale, "%s", setlocale(LC_ALL, NULL));
 
+    const size_t environmentBefore = environmentSize();
+
     fflush(stdout);
     FILE* const printed = tmpfile();
     const int realOut = dup(1);
@@ -91,8 +103,10 @@ int main(int argc, char** argv)
     const JobState state = (JobState)find(engine, "tessaronJobState");
     const JobState cancel = (JobState)find(engine, "tessaronJobCancel");
 
-    const int unknown[] = {show(123456789, "Unknown"), showTurning(123456789, NULL), showMulti(123456789),
-                           showMultiTurning(123456789)};
+    /* Also the id that says that a record follows no job yet, which nobody could change here. */
+    const int unknown[] = {show(123456789, "Unknown"), showTurning(123456789, NULL),
+                           showMulti(123456789),       showMultiTurning(123456789),
+                           show(-1, "None"),           showMulti(-1)};
     char text[512] = "";
     const int job = start(argv[3], text, sizeof text);
     const int finished = job > 0 ? show(job, "Job") : job;
@@ -111,6 +125,10 @@ int main(int argc, char** argv)
     dup2(realOut, 1);
     dup2(realErr, 2);
 
+    ProgramName programName = (ProgramName)find(load("libglib-2.0.so.0"), "g_get_prgname");
+    const char* const own = strrchr(argv[0], '/');
+    check(!programName() || strcmp(programName(), own ? own + 1 : argv[0]) == 0, "the program's name is its own");
+    check(environmentSize() == environmentBefore, "the environment is as it was");
     for (size_t i = 0; i < sizeof unknown / sizeof *unknown; ++i)
         check(unknown[i] == 1, "a job that the engine does not know has ended: 1");
     if (job <= 0)

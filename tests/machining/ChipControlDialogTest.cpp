@@ -13,6 +13,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace testing_support;
@@ -68,37 +69,45 @@ wxChoice* list()
     return dynamic_cast<wxChoice*>(child(dialog(), 4057));
 }
 
+bool isMarked(int id)
+{
+    return edit(id)->UseBackgroundColour();
+}
+
 wxString label(int id)
 {
     return wxControl::GetLabelText(child(dialog(), id)->GetLabel());
 }
 
-// Chooses an entry of the list with the keyboard.
+// Chooses an entry of the list with pointer and keyboard.
 void choose(WindowDriver& user, int index)
 {
-    user.then("focus on the list", [] { list()->SetFocus(); });
-    user.when("entry chosen",
-              [index, pressedAt = -1]() mutable
+    user.then("click on the list", [] { click(list()); });
+    user.when("the list is open", menuIsUp,
+              [index]
               {
-                  const int at = list()->GetSelection();
-                  if (at != index && at != pressedAt) // one key at a time
-                      pressKey(at < index ? WXK_DOWN : WXK_UP);
-                  pressedAt = at;
-                  return at == index;
+                  pressKey(WXK_HOME);
+                  for (int i = 0; i < index; ++i)
+                      pressKey(WXK_DOWN);
+                  pressKey(WXK_RETURN);
               });
+    user.when("entry chosen", [index] { return !menuIsUp() && list()->GetSelection() == index; });
+}
+
+// Puts the focus on a field, with all of its text selected.
+void goTo(WindowDriver& user, int id)
+{
+    user.then("click on the field", [id] { click(edit(id)); });
+    user.when(
+        "field has the focus", [id] { return edit(id)->HasFocus(); }, [] { pressKey('A', wxMOD_CONTROL); });
+    user.when("selected", [id] { return edit(id)->IsEmpty() || edit(id)->GetStringSelection() == text(id); });
 }
 
 // Types into a field with real keys, in place of what it shows.
 void enter(WindowDriver& user, int id, const char* typed)
 {
-    user.then("focus on the field",
-              [id]
-              {
-                  edit(id)->SetFocus();
-                  edit(id)->SelectAll();
-              });
-    user.when(
-        "field has the focus", [id] { return edit(id)->HasFocus(); }, [typed] { type(typed); });
+    goTo(user, id);
+    user.then("type", [typed] { type(typed); });
     user.when("typed", [id, typed] { return text(id) == typed; });
 }
 
@@ -290,6 +299,20 @@ TEST(ChipControlDialog, ReplacesTextThatIsNoExpressionByItsLeadingNumber)
     press(user, WXK_TAB);
     shows(user, 4003, "12");
     shows(user, 4002, "0.0012");
+    user.when(
+        "marked", [] { return isMarked(4003); },
+        []
+        {
+            EXPECT_TRUE(label(4008).StartsWith("MMPM: 12 was read of \"12abc\".")) << label(4008);
+            savePicture(dialog(), "chip-control-misread");
+        });
+    enter(user, 4003, "13");
+    user.then("edited",
+              []
+              {
+                  EXPECT_FALSE(isMarked(4003));
+                  EXPECT_FALSE(label(4008).Contains("12abc")) << label(4008);
+              });
     press(user, WXK_ESCAPE);
     EXPECT_EQ(displayChipControlDialog(0, &set, metric), 2);
 }
@@ -298,21 +321,18 @@ TEST(ChipControlDialog, HearsNothingOfAnEmptyField)
 {
     util::Parameterized set = operation();
     WindowDriver user;
-    user.when("the dialog is up", dialogIsUp,
-              []
-              {
-                  edit(4003)->SetFocus();
-                  edit(4003)->SelectAll();
-              });
+    user.when("the dialog is up", dialogIsUp);
+    goTo(user, 4003);
     press(user, WXK_DELETE);
     user.when(
         "empty", [] { return text(4003).empty(); }, [] { pressKey(WXK_TAB); });
     user.when(
-        "the focus has moved on", [] { return edit(4002)->HasFocus(); },
+        "the focus has moved on", [] { return edit(4002)->HasFocus() && isMarked(4003); },
         []
         {
             EXPECT_EQ(text(4003), "");
             EXPECT_EQ(text(4002), "0.1");
+            EXPECT_EQ(label(4008), "MMPM: Please enter a number. Thinning factor 1.25.");
             pressKey(WXK_TAB); // leaving another field reads the form, and finds the empty one
         });
     user.when("the empty field is reported", messageIsUp,
@@ -326,6 +346,7 @@ TEST(ChipControlDialog, HearsNothingOfAnEmptyField)
         []
         {
             EXPECT_EQ(text(4003), "1000");
+            EXPECT_FALSE(isMarked(4003));
             pressKey(WXK_ESCAPE);
         });
     EXPECT_EQ(displayChipControlDialog(0, &set, metric), 2);
@@ -334,13 +355,15 @@ TEST(ChipControlDialog, HearsNothingOfAnEmptyField)
 TEST(ChipControlDialog, ReportsASpindleSpeedThatIsNoWholeNumber)
 {
     const util::Parameterized before = operation();
-    for (const bool byApply : {false, true})
+    for (const auto& [typed, byApply] : {std::pair("12.5", false), {"12.5", true}, {"+-5", false}, {"", true}})
     {
         util::Parameterized set = before;
         WindowDriver user;
         user.when("the dialog is up", dialogIsUp);
-        enter(user, 4001, "12.5");
-        user.then("leave", [byApply] { byApply ? click(child(dialog(), 1)) : pressKey(WXK_TAB); });
+        goTo(user, 4001);
+        user.then("type", [typed = typed] { *typed == '\0' ? pressKey(WXK_DELETE) : type(typed); });
+        user.when("typed", [typed = typed] { return text(4001) == typed; });
+        user.then("leave", [byApply = byApply] { byApply ? click(child(dialog(), 1)) : pressKey(WXK_TAB); });
         user.when("the message is up", messageIsUp,
                   []
                   {
@@ -482,6 +505,142 @@ TEST(ChipControlDialog, PlainEntryPointReturnsZeroWhenApplied)
     EXPECT_EQ(spindleSpeed, 8000);
     EXPECT_EQ(feedrate, 1000);
     EXPECT_DOUBLE_EQ(stepover, 3);
+}
+
+TEST(ChipControlDialog, ChangesNothingThatNobodyEdited)
+{
+    util::Parameterized set = operation(inch);
+    set.set(keys::toolDiameter, 0.3125);
+    set.set(keys::toolNumFlutes, 3);
+    set.set(keys::spindleSpeed, 7000);
+    set.set(keys::feedrate, 40.0);
+    set.set(keys::stepover, 0.1 / 3);
+    for (const int derived : {3, 2, 1, 0})
+    {
+        util::Parameterized applied = set;
+        WindowDriver user;
+        user.when("the dialog is up", dialogIsUp);
+        if (derived != 3)
+            choose(user, derived);
+        for (int field = 0; field < 8; ++field)
+            press(user, WXK_TAB);
+        press(user, 'C', wxMOD_ALT);
+        press(user, 'A', wxMOD_ALT);
+        EXPECT_EQ(displayChipControlDialog(0, &applied, inch), 1);
+        EXPECT_EQ(applied, set) << derived;
+    }
+}
+
+TEST(ChipControlDialog, ReadsAllFieldsButTheOneAtFault)
+{
+    util::Parameterized set = operation();
+    WindowDriver user;
+    user.when("the dialog is up", dialogIsUp);
+    goTo(user, 4000);
+    press(user, WXK_DELETE);
+    enter(user, 4003, "1500");
+    press(user, WXK_TAB);
+    user.when("the empty field is reported", messageIsUp,
+              []
+              {
+                  EXPECT_TRUE(child(topWindow(), 10)->GetLabel().Contains("SMM")) << child(topWindow(), 10)->GetLabel();
+                  pressKey(WXK_RETURN);
+              });
+    user.when("the entry has come in", dialogIsUp,
+              []
+              {
+                  EXPECT_EQ(text(4000), "157.079633");
+                  EXPECT_EQ(text(4003), "1500");
+                  EXPECT_EQ(text(4002), "0.15");
+              });
+    goTo(user, 4004);
+    press(user, WXK_DELETE);
+    press(user, 'A', wxMOD_ALT);
+    user.when("a field that is empty is not applied", messageIsUp,
+              []
+              {
+                  EXPECT_TRUE(child(topWindow(), 10)->GetLabel().Contains("Stepover"));
+                  pressKey(WXK_RETURN);
+              });
+    user.when("back", dialogIsUp, [] { pressKey(WXK_ESCAPE); });
+    EXPECT_EQ(displayChipControlDialog(0, &set, metric), 2);
+}
+
+TEST(ChipControlDialog, MarksAChipThatContradictsTheRest)
+{
+    util::Parameterized set = operation();
+    set.set(keys::maximumSpindleSpeed, 4000);
+    WindowDriver user;
+    user.when("the dialog is up", dialogIsUp);
+    choose(user, 2);
+    enter(user, 4005, "0.3");
+    press(user, WXK_TAB);
+    user.when(
+        "marked", [] { return isMarked(4005); },
+        []
+        {
+            EXPECT_EQ(text(4004), "5");
+            wxString notes = label(4008);
+            notes.Replace("\n", " ");
+            EXPECT_EQ(notes, "At this feed per tooth and stepover the chip is 0.1 mm thick. "
+                             "Spindle speed above the maximum of 4000.");
+            EXPECT_EQ(label(4007), wxString::FromUTF8("cm³/min"));
+            expectWellLaidOut(dialog());
+            savePicture(dialog(), "chip-control-contradiction");
+        });
+    enter(user, 4005, "0.1");
+    press(user, WXK_TAB);
+    user.when(
+        "not any more", [] { return !isMarked(4005); },
+        [] { EXPECT_TRUE(label(4008).StartsWith("From half the diameter up")) << label(4008); });
+    press(user, WXK_ESCAPE);
+    EXPECT_EQ(displayChipControlDialog(0, &set, metric), 2);
+}
+
+TEST(ChipControlDialog, ServesTheKeysOfItsButtonsOnTheList)
+{
+    util::Parameterized set = operation();
+    WindowDriver user;
+    user.when("the dialog is up", dialogIsUp);
+    press(user, WXK_TAB, wxMOD_SHIFT);
+    user.when(
+        "on the help button", [] { return child(dialog(), 1065)->HasFocus(); }, [] { pressKey(WXK_TAB); });
+    user.when(
+        "on the list", [] { return !child(dialog(), 1065)->HasFocus(); },
+        []
+        {
+            child(dialog(), 3)
+                ->Bind(wxEVT_SET_FOCUS,
+                       [](wxFocusEvent& event)
+                       {
+                           event.Skip();
+                           dialog()->SetName("calculated");
+                       });
+            pressKey('C', wxMOD_ALT);
+        });
+    user.when(
+        "calculated", [] { return dialog()->GetName() == "calculated"; }, [] { pressKey(WXK_UP); });
+    user.when(
+        "the list has the focus again", [] { return list()->GetSelection() == 2; }, [] { pressKey('A', wxMOD_ALT); });
+    EXPECT_EQ(displayChipControlDialog(0, &set, metric), 1);
+}
+
+TEST(ChipControlDialog, KeepsTheDerivedQuantityUnderTheWheel)
+{
+    util::Parameterized set = operation();
+    WindowDriver user;
+    user.when("the dialog is up", dialogIsUp, [] { person().moveTo(Person::middleOf(list())); });
+    for (int turn = 0; turn < 3; ++turn)
+        user.then("wheel", [] { person().wheel(-1); });
+    press(user, WXK_TAB);
+    user.when(
+        "the wheel has been turned", [] { return edit(4001)->HasFocus() || list()->GetSelection() != 3; },
+        []
+        {
+            EXPECT_EQ(list()->GetSelection(), 3);
+            pressKey(WXK_ESCAPE);
+        });
+    EXPECT_EQ(displayChipControlDialog(0, &set, metric), 2);
 }
 
 } // namespace

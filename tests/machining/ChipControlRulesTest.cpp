@@ -1,4 +1,5 @@
 #include "machining/ChipControlRules.h"
+#include "resources/TextIds.h"
 
 #include <tessaron/util/Assertion.h>
 #include <tessaron/util/Keys.h>
@@ -9,6 +10,7 @@
 #include <cmath>
 #include <numbers>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -164,6 +166,7 @@ TEST(ChipControlRules, DerivesTheChosenQuantityAfterEachField)
         {"feed at a new spindle speed", 4001, 10000, feed, {speedAt(10000), 10000, 0.1, 2000, 2, 20, chip}},
         {"stepover from the chip", 4005, 0.06, stepover, {speedAt(5000), 5000, 0.1, 1000, 1, 10, 0.06}},
         {"no wider than half for a thick chip", 4005, 0.5, stepover, {speedAt(5000), 5000, 0.1, 1000, 5, 50, 0.5}},
+        {"a cut of more than half the diameter", 4004, 6, chipThickness, {speedAt(5000), 5000, 0.1, 1000, 6, 60, 0.1}},
         {"nothing chosen", 4003, 2000, none, {speedAt(5000), 5000, 0.2, 2000, 2, 20, chip}},
     };
     for (const auto& one : cases)
@@ -188,6 +191,23 @@ TEST(ChipControlRules, DerivesTheChosenQuantityAfterEachField)
     }
 }
 
+// A chip that does not match the feed per tooth must not decide about it.
+TEST(ChipControlRules, KeepsBothFeedsWhileSpeedIsDerived)
+{
+    for (const int field : {4002, 4003})
+    {
+        util::Parameterized set = operation();
+        ChipControlRules rules(0, &set, metric);
+        rules.real(4003) = 2000;
+        rules.real(4005) = 0.05;
+        rules.fieldLeft(field, DerivedQuantity::speed);
+        EXPECT_EQ(rules.spindleSpeed(), 10000) << field;
+        EXPECT_EQ(rules.real(4002), 0.1) << field;
+        EXPECT_EQ(rules.real(4003), 2000) << field;
+        EXPECT_EQ(rules.real(4005), 0.05) << field;
+    }
+}
+
 TEST(ChipControlRules, HandsTheWorkingSetBackOnApplyOnly)
 {
     util::Parameterized set = operation();
@@ -207,13 +227,14 @@ TEST(ChipControlRules, HandsTheWorkingSetBackOnApplyOnly)
     EXPECT_EQ(set.size(), before.size());
 }
 
-TEST(ChipControlRules, ShowsTheRemovalRateWithTwoDecimals)
+TEST(ChipControlRules, ShowsTheRemovalRateWithTwoDecimalsUnlessItWouldReadZero)
 {
     const struct
     {
         double depth;
         const char* text;
-    } cases[] = {{0, "0.00"}, {-1, "0.00"}, {6.1728, "12.35"}, {5000, "10000.00"}};
+    } cases[] = {{0, "0.00"},      {-1, "0.00"},       {6.1728, "12.35"}, {5000, "10000.00"},
+                 {0.002, "0.004"}, {0.0017, "0.0034"}, {0.0025, "0.01"}};
     for (const auto& one : cases)
     {
         util::Parameterized set = operation();
@@ -249,6 +270,121 @@ TEST(ChipControlRules, NamesUnitsInTheTooltipOfEveryField)
         EXPECT_TRUE(inches.tooltipTextId(field) != 0 && millimetres.tooltipTextId(field) != 0) << field;
     EXPECT_NE(inches.tooltipTextId(4003), millimetres.tooltipTextId(4003));
     EXPECT_EQ(inches.tooltipTextId(2), 0);
+}
+
+TEST(ChipControlRules, KeepsTheLastDigitsOfTheStepover)
+{
+    for (const double stepover : {0.1, 1.0 / 3, 2.7182818284590452, 9.9})
+    {
+        util::Parameterized set = operation();
+        set.set(keys::toolDiameter, 9.7);
+        set.set(keys::stepover, stepover);
+        const util::Parameterized before = set;
+        ChipControlRules(0, &set, metric).apply();
+        EXPECT_EQ(set, before) << stepover;
+    }
+}
+
+TEST(ChipControlRules, TellsWhetherThereIsSomethingToCalculate)
+{
+    const struct
+    {
+        int field;
+        double value;
+        bool agree;
+    } cases[] = {
+        {4000, speedAt(5000) * 1.00005, true}, // the spindle speed is a whole number
+        {4000, speedAt(5003), false},
+        {4002, 0.1001, false},
+        {4003, 1000.05, true},
+        {4003, 1001, false},
+        {4004, 2.01, false},
+        {4005, 0.0801, false},
+    };
+    for (const auto& one : cases)
+    {
+        util::Parameterized set = operation();
+        ChipControlRules rules(0, &set, metric);
+        EXPECT_TRUE(rules.agree());
+        rules.real(one.field) = one.value;
+        EXPECT_EQ(rules.agree(), one.agree) << one.field << " " << one.value;
+    }
+}
+
+// A 10 mm or 10 inch tool with two flutes, at 5000 revolutions.
+CutValues cut(double feedPerTooth, double stepover, double chip, bool inMillimetres = true)
+{
+    return {.toolDiameter = 10,
+            .depthOfCut = 4,
+            .numFlutes = 2,
+            .metric = inMillimetres,
+            .spindleSpeed = 5000,
+            .feedPerTooth = feedPerTooth,
+            .feedrate = 10000 * feedPerTooth,
+            .stepover = stepover,
+            .chipThickness = chip};
+}
+
+TEST(ChipControlNotes, TellWhatAProgrammerShouldKnow)
+{
+    using namespace texts;
+    using Texts = std::vector<std::pair<int, std::string>>;
+    const struct
+    {
+        const char* what;
+        CutValues cut;
+        MachineLimits limits;
+        bool stepoverIsDerived;
+        Texts notes;
+    } cases[] = {
+        {"a full cut", cut(0.1, 6, 0.1), {}, false, {}},
+        {"a narrow cut", cut(0.1, 2, 0.08), {}, false, {{thinningFactor, "1.25"}}},
+        {"hardly thinned", cut(0.1, 4.7, 0.0998198377), {}, false, {}},
+        {"another chip",
+         cut(0.1, 2, 0.07),
+         {},
+         false,
+         {{chipThicknessContradicts, "0.08 mm"}, {thinningFactor, "1.25"}}},
+        {"another chip, inches",
+         cut(0.1, 2, 0.07, inch),
+         {},
+         false,
+         {{chipThicknessContradicts, "0.08 in"}, {thinningFactor, "1.25"}}},
+        {"a chip that no stepover gives", cut(0.1, 5, 0.2), {}, true, {{chipThicknessContradicts, "0.1 mm"}}},
+        {"half the diameter taken", cut(0.1, 5, 0.1), {}, true, {{halfTheDiameterTaken, ""}}},
+        {"half the diameter given", cut(0.1, 5, 0.1), {}, false, {}},
+        {"rubbing", cut(0.006, 2, 0.0048), {}, false, {{chipMayRub, "0.005 mm"}, {thinningFactor, "1.25"}}},
+        {"rubbing, inches", cut(0.00019, 6, 0.00019, inch), {}, false, {{chipMayRub, "0.0002 in"}}},
+        {"thin, inches", cut(0.00021, 6, 0.00021, inch), {}, false, {}},
+        {"too fast",
+         cut(0.1, 6, 0.1),
+         {4999, 999.5},
+         false,
+         {{aboveMaximumSpindleSpeed, "4999"}, {aboveMaximumFeedrate, "999.5"}}},
+        {"just fast enough", cut(0.1, 6, 0.1), {5000, 1000}, false, {}},
+        {"nothing known", {}, {1, 1}, true, {}},
+    };
+    for (const auto& one : cases)
+    {
+        Texts told;
+        for (const ChipControlNote& note : chipControlNotes(one.cut, one.limits, one.stepoverIsDerived))
+        {
+            told.emplace_back(note.textId, note.values.empty() ? "" : note.values.front());
+            EXPECT_EQ(note.field, note.textId == chipThicknessContradicts ? 4005 : 0) << one.what;
+        }
+        EXPECT_EQ(told, one.notes) << one.what;
+    }
+}
+
+TEST(ChipControlRules, TakesTheMachinesLimitsFromTheSet)
+{
+    util::Parameterized set = operation();
+    set.set(keys::maximumSpindleSpeed, 4000);
+    set.set(keys::maximumFeedrate, 900.0);
+    const std::vector<ChipControlNote> notes = ChipControlRules(0, &set, metric).notes();
+    ASSERT_EQ(notes.size(), 3U);
+    EXPECT_EQ(notes[0].values, std::vector<std::string>{"4000"});
+    EXPECT_EQ(notes[1].values, std::vector<std::string>{"900"});
 }
 
 } // namespace

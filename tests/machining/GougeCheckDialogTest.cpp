@@ -31,11 +31,20 @@ bool checked(int id)
     return dynamic_cast<wxCheckBox*>(child(topWindow(), id))->GetValue();
 }
 
-void fill(int id, const char* text)
+// Puts the focus on a field, with all of its text selected.
+void goTo(WindowDriver& user, int id)
 {
-    edit(id)->SetFocus();
-    edit(id)->SelectAll();
-    type(text);
+    user.then("click on the field", [id] { click(edit(id)); });
+    user.when(
+        "the field has the focus", [id] { return edit(id)->HasFocus(); }, [] { pressKey('A', wxMOD_CONTROL); });
+    user.when("selected", [id] { return edit(id)->GetStringSelection() == edit(id)->GetValue(); });
+}
+
+void fill(WindowDriver& user, int id, const char* text)
+{
+    goTo(user, id);
+    user.then("type", [text] { *text == '\0' ? pressKey(WXK_DELETE) : type(text); });
+    user.when("typed", [id, text] { return edit(id)->GetValue() == text; });
 }
 
 TEST(GougeCheckDialog, ShowsTheRecordAndWritesItOnOk)
@@ -53,10 +62,9 @@ TEST(GougeCheckDialog, ShowsTheRecordAndWritesItOnOk)
                   EXPECT_EQ(edit(1021)->GetValue(), "0.1");
                   EXPECT_EQ(edit(1022)->GetValue(), "100000");
                   savePicture(topWindow(), "gouge-check");
-                  fill(1021, "-0.75");
               });
-    user.when(
-        "typed", [] { return edit(1021)->GetValue() == "-0.75"; }, [] { click(child(topWindow(), 2020)); });
+    fill(user, 1021, "-0.75");
+    user.then("check", [] { click(child(topWindow(), 2020)); });
     user.when(
         "arbor on", [] { return checked(2020); }, [] { click(child(topWindow(), 2021)); });
     user.when(
@@ -85,9 +93,9 @@ TEST(GougeCheckDialog, LeavesTheRecordAloneOnCancel)
     {
         GougeCheckData data{1, 0, 7, 2.5, 0.1, -3};
         WindowDriver user;
-        user.when("the dialog is up", dialogIsUp, [] { fill(1020, "9"); });
-        user.when(
-            "typed", [] { return edit(1020)->GetValue() == "9"; }, cancel);
+        user.when("the dialog is up", dialogIsUp);
+        fill(user, 1020, "9");
+        user.then("cancel", cancel);
         EXPECT_EQ(displayGougeCheckDialog(&data), 2) << name;
         EXPECT_EQ(data.checkShaft, 7) << name;
         EXPECT_EQ(data.holderClearance, 2.5) << name;
@@ -102,13 +110,10 @@ TEST_P(GougeCheckBadNumber, IsReportedWithTheFieldAndKeepsTheDialogOpen)
 {
     GougeCheckData data{1, 0, 1, 2.5, 0.1, 3};
     WindowDriver user;
-    user.when("the dialog is up", dialogIsUp,
-              []
-              {
-                  fill(1020, "8");
-                  edit(1021)->ChangeValue(GetParam());
-                  pressKey(WXK_RETURN);
-              });
+    user.when("the dialog is up", dialogIsUp);
+    fill(user, 1020, "8");
+    fill(user, 1021, GetParam());
+    user.then("accept", [] { pressKey(WXK_RETURN); });
     user.when(
         "the message is up", [] { return topWindow() && topWindow()->IsActive() && topWindow()->FindWindow(10); },
         []
@@ -134,6 +139,6 @@ TEST_P(GougeCheckBadNumber, IsReportedWithTheFieldAndKeepsTheDialogOpen)
     EXPECT_EQ(data.arborClearance, 4);
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, GougeCheckBadNumber, testing::Values("12abc", "", "1/2", "nan", "1,5"));
+INSTANTIATE_TEST_SUITE_P(Texts, GougeCheckBadNumber, testing::Values("12abc", "", "1/2", "nan", "1,5", "+-5"));
 
 } // namespace

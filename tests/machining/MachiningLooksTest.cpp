@@ -19,6 +19,22 @@ using namespace TessaronResources;
 namespace
 {
 
+// What the screen shows of a field where it has no text.
+wxColour fieldColour(int id)
+{
+    wxWindow* const field = child(topWindow(), id);
+    const wxImage picture =
+        pictureOf(topWindow(), wxRect(field->GetPosition() + wxPoint(field->GetSize().x - 12, 12), wxSize(1, 1)));
+    return picture.IsOk() ? wxColour(picture.GetRed(0, 0), picture.GetGreen(0, 0), picture.GetBlue(0, 0)) : wxColour();
+}
+
+double luminanceRatio(const wxColour& one, const wxColour& other)
+{
+    const auto rgb = [](const wxColour& colour) -> Rgb
+    { return colour.Red() << 16 | colour.Green() << 8 | colour.Blue(); };
+    return one.IsOk() && other.IsOk() ? contrastRatio(rgb(one), rgb(other)) : 1;
+}
+
 class MachiningLooks : public testing::TestWithParam<int>
 {
 protected:
@@ -56,6 +72,22 @@ TEST_P(MachiningLooks, AreTakenByAllButSmartLink)
     look("smartlink", false, [&] { displaySmartLinkDialog(&link); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Themes, MachiningLooks, testing::Values(0, 5, 25, 26, 27));
+TEST_P(MachiningLooks, ShowAFieldThatIsDerivedAsReadOnly)
+{
+    constexpr int derived = 4005;
+    constexpr int editable = 4004;
+    ASSERT_TRUE(installVisualTheme(GetParam()));
+    int spindleSpeed = 5000;
+    double feedrate = 1000;
+    double stepover = 2;
+    WindowDriver user;
+    user.when("the dialog is up", [] { return topWindow() && topWindow()->IsActive(); });
+    user.when(
+        "painted apart", [] { return luminanceRatio(fieldColour(derived), fieldColour(editable)) >= 1.05; },
+        [] { pressKey(WXK_ESCAPE); });
+    displayChipControlDialogEx(0, 10, 4, 2, &spindleSpeed, &feedrate, &stepover, true);
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, MachiningLooks, testing::Range(0, 28));
 
 } // namespace

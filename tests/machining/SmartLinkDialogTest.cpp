@@ -44,7 +44,15 @@ bool preferenceEnabled()
 // Moves the track bar with the arrow keys, one step at a time.
 void moveTo(WindowDriver& user, int position)
 {
-    user.then("focus", [] { trackBar()->SetFocus(); });
+    user.when("focus",
+              [pressedOn = static_cast<wxWindow*>(nullptr)]() mutable
+              {
+                  wxWindow* const at = wxWindow::FindFocus();
+                  if (at != trackBar() && at != pressedOn) // one key at a time
+                      pressKey(WXK_TAB);
+                  pressedOn = at;
+                  return at == trackBar();
+              });
     user.when("moved",
               [position, pressedAt = -1]() mutable
               {

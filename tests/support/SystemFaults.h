@@ -27,6 +27,7 @@ public:
         install<&util::system::Calls::write>("write");
         install<&util::system::Calls::fsync>("fsync");
         install<&util::system::Calls::fchmod>("fchmod");
+        install<&util::system::Calls::fchown>("fchown");
         install<&util::system::Calls::fstat>("fstat");
         install<&util::system::Calls::fstatat>("fstatat");
         install<&util::system::Calls::rename>("rename");

@@ -2,9 +2,11 @@
 #define TESTS_SUPPORT_TOOLKITHOST_H
 
 #include <wx/app.h>
+#include <wx/evtloop.h>
 #include <wx/frame.h>
 #include <wx/init.h>
 #include <wx/timer.h>
+#include <wx/weakref.h>
 
 #include <gtest/gtest.h>
 
@@ -26,7 +28,7 @@ private:
     std::function<void()> m_tick;
 };
 
-/// A host with a main window and a main loop of its own, which each test runs with wxTheApp->OnRun().
+/// A host with a main window and a main loop of its own, which each test runs with runMainLoop().
 class ToolkitHost : public testing::Test
 {
 protected:
@@ -35,26 +37,61 @@ protected:
         int argc = 1;
         char name[] = "host";
         char* argv[] = {name, nullptr};
-        wxApp::SetInstance(new App);
+        wxApp::SetInstance(new App(*this));
         ASSERT_TRUE(wxEntryStart(argc, argv));
         ASSERT_TRUE(wxTheApp->CallOnInit());
-        m_frame = new wxFrame(nullptr, wxID_ANY, "Host");
-        m_frame->Show();
     }
 
     void TearDown() override
     {
-        delete m_frame;
+        delete m_frame.get();
         wxEntryCleanup();
     }
 
-    wxFrame* m_frame = nullptr;
+    /// What the host does as it starts, before its main loop runs.
+    virtual void onInit() { makeFrame(); }
+
+    void makeFrame()
+    {
+        m_frame = new wxFrame(nullptr, wxID_ANY, "Host");
+        m_frame->Show();
+    }
+
+    /// Runs the main loop until the host ends it.
+    /// \returns whether it ended before the deadline, after which it is ended by force.
+    static bool runMainLoop()
+    {
+        bool late = false;
+        int ticks = 0;
+        const Ticker deadline(
+            [&]
+            {
+                if (++ticks < deadlineTicks)
+                    return;
+                late = true;
+                wxTheApp->GetMainLoop()->ScheduleExit();
+            });
+        wxTheApp->OnRun();
+        return !late;
+    }
+
+    static constexpr int deadlineTicks = 3000;
+
+    wxWeakRef<wxFrame> m_frame;
 
 private:
     class App : public wxApp
     {
     public:
-        bool OnInit() override { return true; }
+        explicit App(ToolkitHost& host) : m_host(host) {}
+        bool OnInit() override
+        {
+            m_host.onInit();
+            return true;
+        }
+
+    private:
+        ToolkitHost& m_host;
     };
 };
 

@@ -134,6 +134,22 @@ TEST_F(AtomicFile, ErrorsNameFileStepAndReason)
     EXPECT_EQ(fileCount(), 1);
 }
 
+TEST_F(AtomicFile, APathWithAZeroByteIsRefused)
+{
+    write(path("a"), "old");
+    try
+    {
+        write(path("a") + std::string("\0.txt", 5), "new");
+        ADD_FAILURE() << "written";
+    }
+    catch (const util::AtomicFileError& error)
+    {
+        EXPECT_EQ(std::string(error.what()), "Cannot write '" + path("a") + "': a zero byte follows in the path");
+    }
+    EXPECT_EQ(content(path("a")), "old");
+    EXPECT_EQ(fileCount(), 1);
+}
+
 TEST_F(AtomicFile, FullDiskLeavesTheOldFile)
 {
     write(path("a"), "old");

@@ -71,6 +71,24 @@ TEST_F(SystemFailure, CallsThatASignalInterruptsAreMadeAgain)
     }
 }
 
+TEST_F(SystemFailure, WhatAGroupWasAllowedDoesNotBecomeAnothers)
+{
+    ASSERT_EQ(save("old"), "");
+    ASSERT_EQ(::chmod(target.c_str(), 0664), 0);
+    if (::chown(target.c_str(), static_cast<uid_t>(-1), 54321) != 0)
+        GTEST_SKIP() << "only the superuser can give a file to any group";
+    struct stat data = {};
+    {
+        SystemFaults faults;
+        faults.fail("fchown", EPERM);
+        EXPECT_EQ(save("refused"), "");
+        EXPECT_EQ(faults.failures(), 1);
+    }
+    ASSERT_EQ(::stat(target.c_str(), &data), 0);
+    EXPECT_EQ(data.st_mode & 07777, 0644u);
+    EXPECT_NE(data.st_gid, 54321u);
+}
+
 TEST_F(SystemFailure, ASaveThatFailsLeavesTheOldFileAndTellsTheStep)
 {
     const struct

@@ -25,14 +25,23 @@ public:
 /// when it fails, the target stays as it was and the temporary file is removed; only when the very last step fails, the
 /// new file is in place and may still be lost in a power failure.
 ///
-/// A target that exists keeps its access rights; a target that is a symbolic link stays one, and what it leads to is
-/// replaced. Two writers of one target do not disturb each other: the last to commit wins.
+/// A target that exists keeps its access rights and its group; where the system does not let us keep the group, the new
+/// one may do what everybody may. A target that is a symbolic link stays one, and what it leads to is replaced. A pipe or
+/// a device is written into, without a temporary file. Two writers of one target do not disturb each other: the last to
+/// commit wins.
 class AtomicFile
 {
 public:
+    /// The access rights of a target that does not exist yet.
+    enum class NewFile
+    {
+        ofUser,   ///< those that this user's new files have
+        ofFolder, ///< whoever may use the folder may read and write the file, whatever this user's new files have
+    };
+
     /// Creates the temporary file.
-    /// \throws AtomicFileError
-    explicit AtomicFile(const std::string& path);
+    /// \throws AtomicFileError, also for a path with a zero byte in it
+    explicit AtomicFile(const std::string& path, NewFile rights = NewFile::ofUser);
     /// Discards what was not committed.
     ~AtomicFile();
     AtomicFile(const AtomicFile&) = delete;

@@ -11,13 +11,45 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
+#include <time.h>
 
 namespace util
 {
 
 namespace
 {
+
+/// Has a write to a pipe whose reader is gone fail, where the host's process would end by the signal.
+class BrokenPipeGuard
+{
+public:
+    BrokenPipeGuard()
+    {
+        sigemptyset(&m_pipe);
+        sigaddset(&m_pipe, SIGPIPE);
+        sigset_t pending;
+        m_wasPending = sigpending(&pending) == 0 && sigismember(&pending, SIGPIPE) == 1;
+        pthread_sigmask(SIG_BLOCK, &m_pipe, &m_before);
+    }
+    ~BrokenPipeGuard()
+    {
+        const int error = errno;
+        constexpr timespec now{};
+        if (!m_wasPending)
+            sigtimedwait(&m_pipe, nullptr, &now);
+        pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+        errno = error;
+    }
+    BrokenPipeGuard(const BrokenPipeGuard&) = delete;
+    BrokenPipeGuard& operator=(const BrokenPipeGuard&) = delete;
+
+private:
+    sigset_t m_pipe{};
+    sigset_t m_before{};
+    bool m_wasPending = false;
+};
 
 /// A buffered output to a file descriptor that remembers the first error.
 class FdBuffer : public std::streambuf
@@ -63,6 +95,7 @@ private:
     {
         while (size != 0 && m_error == 0)
         {
+            const BrokenPipeGuard guard;
             const ssize_t written = system::write(m_fd, bytes, size);
             if (written < 0)
                 m_error = errno;
@@ -101,6 +134,14 @@ std::string folderOf(const std::string& path)
     return folder.empty() ? "." : folder;
 }
 
+/// A path, if it has no zero byte: the system would take it to end there, and find another file.
+const std::string& withoutZero(const std::string& path)
+{
+    if (const std::size_t zero = path.find('\0'); zero != std::string::npos)
+        throw AtomicFileError("Cannot write '" + path.substr(0, zero) + "': a zero byte follows in the path");
+    return path;
+}
+
 } // namespace
 
 AtomicFileError::~AtomicFileError() = default;
@@ -108,14 +149,16 @@ AtomicFileError::~AtomicFileError() = default;
 class AtomicFile::Impl
 {
 public:
-    explicit Impl(const std::string& path)
-        : m_path(path), m_target(resolved(path)), m_file(create()), m_buffer(m_file.get()), m_stream(&m_buffer)
+    Impl(const std::string& path, NewFile rights)
+        : m_path(withoutZero(path)), m_target(resolved(path)), m_file(isForPassing() ? open() : create()),
+          m_buffer(m_file.get()), m_stream(&m_buffer)
     {
-        keepRights();
+        if (isTemporary())
+            setRights(rights);
     }
     ~Impl()
     {
-        if (!m_committed)
+        if (isTemporary() && !m_committed)
             system::unlinkat(AT_FDCWD, m_temporary.c_str(), 0);
     }
     Impl(const Impl&) = delete;
@@ -128,7 +171,12 @@ public:
     {
         m_stream.flush();
         if (m_buffer.error() != 0)
-            failStep(m_path, "writing the temporary file", m_buffer.error());
+            failStep(m_path, isTemporary() ? "writing the temporary file" : "writing", m_buffer.error());
+        if (!isTemporary())
+        {
+            check(m_file.close(), "closing it");
+            return;
+        }
         check(system::fsync(m_file.get()) == 0, "bringing it to the disk");
         check(m_file.close(), "closing the temporary file");
         const UniqueFd folder(system::open(folderOf(m_target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -146,6 +194,20 @@ private:
         if (!done)
             failStep(m_path, step, errno);
     }
+    bool isTemporary() const { return !m_temporary.empty(); }
+    /// Whether the target passes bytes on, as pipes and devices do, and has none that could be replaced.
+    bool isForPassing() const
+    {
+        struct stat target = {};
+        return system::fstatat(AT_FDCWD, m_target.c_str(), &target, 0) == 0 && !S_ISREG(target.st_mode) &&
+               !S_ISDIR(target.st_mode);
+    }
+    int open()
+    {
+        const int fd = system::open(m_target.c_str(), O_WRONLY | O_CLOEXEC);
+        check(fd >= 0, "opening it");
+        return fd;
+    }
     int create()
     {
         for (;;)
@@ -157,12 +219,24 @@ private:
             check(errno == EEXIST, "creating a temporary file beside it");
         }
     }
-    void keepRights()
+    // The new file is ours in any case; where the rights cannot be copied, it has the usual ones.
+    void setRights(NewFile rights)
     {
-        struct stat old = {};
-        if (system::fstatat(AT_FDCWD, m_target.c_str(), &old, 0) == 0)
-            // The new file is ours in any case; where the rights cannot be copied, it has the usual ones.
-            static_cast<void>(system::fchmod(m_file.get(), old.st_mode & 07777));
+        struct stat model = {};
+        if (system::fstatat(AT_FDCWD, m_target.c_str(), &model, 0) == 0)
+            copyRights(model.st_gid, model.st_mode & 07777);
+        else if (rights == NewFile::ofFolder && system::fstatat(AT_FDCWD, folderOf(m_target).c_str(), &model, 0) == 0)
+            copyRights(model.st_gid, model.st_mode & 0666);
+    }
+    void copyRights(gid_t group, mode_t mode)
+    {
+        struct stat own = {};
+        const bool sameGroup = (system::fstat(m_file.get(), &own) == 0 && own.st_gid == group) ||
+                               system::fchown(m_file.get(), static_cast<uid_t>(-1), group) == 0;
+        // What one group was allowed must not become another's.
+        if (!sameGroup)
+            mode = (mode & ~static_cast<mode_t>(S_IRWXG | S_ISGID)) | (mode & S_IRWXO) << 3;
+        static_cast<void>(system::fchmod(m_file.get(), mode));
     }
 
     std::string m_path;
@@ -174,7 +248,7 @@ private:
     bool m_committed = false;
 };
 
-AtomicFile::AtomicFile(const std::string& path) : m_impl(std::make_unique<Impl>(path)) {}
+AtomicFile::AtomicFile(const std::string& path, NewFile rights) : m_impl(std::make_unique<Impl>(path, rights)) {}
 
 AtomicFile::~AtomicFile() = default;
 

@@ -33,6 +33,7 @@ constinit Calls calls = {
     ::write,
     ::fsync,
     ::fchmod,
+    ::fchown,
     ::fstat,
     ::fstatat,
     ::rename,
@@ -75,6 +76,11 @@ int fsync(int file)
 int fchmod(int file, mode_t mode)
 {
     return retryOnEintr([&] { return calls.fchmod(file, mode); });
+}
+
+int fchown(int file, uid_t user, gid_t group)
+{
+    return retryOnEintr([&] { return calls.fchown(file, user, group); });
 }
 
 int fstat(int file, struct stat* result)

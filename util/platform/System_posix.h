@@ -22,6 +22,7 @@ struct Calls
     ssize_t (*write)(int file, const void* bytes, std::size_t size);
     int (*fsync)(int file);
     int (*fchmod)(int file, mode_t mode);
+    int (*fchown)(int file, uid_t user, gid_t group);
     int (*fstat)(int file, struct stat* result);
     int (*fstatat)(int folder, const char* path, struct stat* result, int flags);
     int (*rename)(const char* from, const char* to);
@@ -39,6 +40,7 @@ ssize_t read(int file, void* bytes, std::size_t size);
 ssize_t write(int file, const void* bytes, std::size_t size);
 int fsync(int file);
 int fchmod(int file, mode_t mode);
+int fchown(int file, uid_t user, gid_t group);
 int fstat(int file, struct stat* result);
 int fstatat(int folder, const char* path, struct stat* result, int flags);
 /// Not repeated: whether an interrupted call has done its work cannot be told.

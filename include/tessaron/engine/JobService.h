@@ -38,6 +38,32 @@ enum class JobState
     cancelled, ///< ended by a cancel; the status code is status::cancelled
 };
 
+/// Codes of findings beside the warnings of <tessaron/exchange/StatusTable.h>; the texts come with the findings.
+namespace finding
+{
+constexpr int notUsed = -2003;       ///< something is set and does not change the toolpath
+constexpr int unknownKey = -2004;    ///< a parameter that no list knows
+constexpr int notReached = -2005;    ///< the tool does not fit into a part of the material
+constexpr int leadLeftOut = -2006;   ///< there is no room for a lead
+constexpr int preDrillPlace = -2007; ///< no fault: a place proposed for drilling
+} // namespace finding
+
+/// Something that the input asks for and the job does not do, or that the user should look at in the toolpath. Shown
+/// beside the toolpath; it is no failure.
+struct JobFinding
+{
+    /// A warning: -2000 and below.
+    int code = 0;
+    /// The name of the parameter it is about, such as "Holder Clearance"; empty when it is about none.
+    std::string field;
+    /// In words for the user.
+    std::string text;
+    /// Whether it is about a place, and the place in the host's unit.
+    bool hasPlace = false;
+    double x = 0;
+    double y = 0;
+};
+
 /// What starting a job came to.
 struct JobStart
 {
@@ -67,6 +93,8 @@ struct JobInfo
     std::string text;
     /// The name of the parameter at fault, such as "Tool Diameter"; empty when no parameter is.
     std::string field;
+    /// Of a finished job: what was set and not used, and what was left out. Empty for any other.
+    std::vector<JobFinding> findings;
 };
 
 /// A finding of checkJobInput.
@@ -78,6 +106,8 @@ struct JobInputProblem
     std::string field;
     /// What is wrong, in words for the user.
     std::string text;
+    /// With status::ok: what is set and will not be used.
+    std::vector<JobFinding> findings;
 };
 
 /// Checks everything about an input that can be checked without computing: that there are boundaries and that every

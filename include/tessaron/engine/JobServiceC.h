@@ -67,6 +67,13 @@ extern "C"
     /* The text of a failed job, empty for any other. Returns the length of the whole text. */
     TESSARON_ENGINES_API size_t tessaronJobText(int jobId, char* text, size_t size);
 
+    /* How many findings a finished job has: what was set and not used, and what was left out. 0 for any other. */
+    TESSARON_ENGINES_API size_t tessaronJobFindingCount(int jobId);
+
+    /* Copies the text of finding `index`, counted from 0. Returns its code, -2000 or below, or 0 when there is no such
+     * finding. */
+    TESSARON_ENGINES_API int tessaronJobFinding(int jobId, size_t index, char* text, size_t size);
+
     /* The percentage of a job, 0 to 100; -1 for an unknown id. */
     TESSARON_ENGINES_API double tessaronJobPercent(int jobId);
 

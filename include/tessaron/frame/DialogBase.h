@@ -26,6 +26,8 @@ public:
     /// \returns the value given there; 2 when there is no window (no display, no template) or a quit message came.
     int ShowModal() override;
     void EndModal(int result) override;
+    /// A host does not live on because of a window of the module.
+    bool ShouldPreventAppExit() const override { return false; }
     bool IsModal() const override { return m_modal; }
 
     /// Fills the form from the members (false) or reads it into them (true).

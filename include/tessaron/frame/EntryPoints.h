@@ -26,14 +26,17 @@ enum class VisualTheme : int;
 /*
  * The entry points of the module. What all of them promise:
  *
- * - Call them from the thread that owns the user interface. A call returns when its window has gone.
+ * - Call them from the thread that owns the user interface. A call returns when its window has gone. On any other thread
+ * a call is refused: it shows nothing and returns 2, displayChipControlDialogEx 1.
  * - The module state that was current on the calling thread is current again on every way out.
- * - The process's locale, signal handlers, working directory and log target are what they were.
+ * - The process's locale, signal handlers, environment, working directory, log target, and the toolkit's assertion
+ * handler are what they were, also while the call lasts.
  * - A host that runs the toolkit shares its application object and event loop; for any other host the toolkit is
  * started at the first call. Without a display the progress calls run without a window and the modal calls return 2.
  * - While a window is up the host's timers and windows stay alive, so one entry point may be called from inside
  * another. The inner window works as usual, and the outer call goes on when the inner one has returned.
- * - A quit message ends the call at once and is handed on to the host's loop.
+ * - A quit message ends the call at once and is handed on to the host's loop. Closing the host's last window is one, in
+ * a host of the toolkit that ends with its last window. Closing a dialog of the host's is none, wherever it was opened.
  * - Arguments passed by pointer or reference belong to the caller and must outlive the call. Where one of them must be
  * a record, null shows nothing: the progress calls return 1 and the modal calls 2.
  */
@@ -104,7 +107,8 @@ TESSARON_RESOURCES_API int displaySmartLinkDialog(SmartLinkData* data);
 /// \param current  the current operation's parameter set
 /// \param result   receives the chosen template without its three tool keys; untouched otherwise
 /// \param parent   owner window; null for the main window of the calling thread
-/// \param theme    visual theme
+/// \param theme    visual theme, which holds; any number that is no theme leaves the choice to the user, who makes it in
+///                 the window
 /// \returns 1 applied; 0 cancelled, nothing selected, or quit
 TESSARON_RESOURCES_API int displayTemplateManagerDialogLoad(int kind, int selector, const std::string& path,
                                                             const util::Parameterized& current,

@@ -110,6 +110,16 @@ TEST(OddArchive, NumbersMayBeWrittenInManyWays)
     }
 }
 
+TEST(OddArchive, NumbersHaveOneSign)
+{
+    for (const char* const text : {"+-5", "-+5", "++5", "--5", "+", "-", "+-.5"})
+    {
+        const std::string archive = replaced(golden("rec_customrecord.xml"), "<string>a&lt;b &amp; c&gt;d</string>",
+                                             std::string("<feedrate>") + text + "</feedrate>");
+        EXPECT_THROW(readFrom<exchange::FeedRate>(archive), boost::archive::archive_exception) << text;
+    }
+}
+
 TEST(OddArchive, StringsKeepEveryByteAndTakeEveryReference)
 {
     const auto read = [](const std::string& content)

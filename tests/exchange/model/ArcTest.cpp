@@ -35,6 +35,8 @@ TEST(Arc, FoldsTheStartAngleOnce)
         {"start above 0 by more than the tolerance", 1, 2e-6, 1, 2e-6, 1},
         {"the tolerance is a length: small angle, large radius", 1000, 9e-7, 1, 9e-7, 1},
         {"the tolerance is a length: larger angle, small radius", 1e-3, 9e-4, 1, 0, 1},
+        {"the tolerance is a length: small negative angle, large radius", 1000, -9e-7, 1, -9e-7 + turn, 1 + turn},
+        {"the tolerance is a length: larger negative angle, small radius", 1e-3, -9e-4, 1, 0, 1},
         {"only one turn is folded, above", 1, 3 * turn, 3 * turn + 1, 3 * turn - turn, 3 * turn + 1 - turn},
         {"only one turn is folded, below", 1, -3 * turn, -3 * turn + 1, -3 * turn + turn, -3 * turn + 1 + turn},
         {"a full turn from 0", 1, 0, turn, 0, turn},
