@@ -16,7 +16,8 @@ TemplateColumnList::TemplateColumnList(const std::vector<util::TemplateColumn>& 
 
 void TemplateColumnList::setShown(int item, bool shown)
 {
-    m_items.at(static_cast<std::size_t>(item)).shown = shown;
+    // The first column is the name, without which rows cannot be told apart.
+    m_items.at(static_cast<std::size_t>(item)).shown = shown || item == 0;
 }
 
 bool TemplateColumnList::canMoveUp(int selected) const

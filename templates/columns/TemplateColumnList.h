@@ -23,6 +23,7 @@ public:
     explicit TemplateColumnList(const std::vector<util::TemplateColumn>& definitions);
 
     const std::vector<Item>& items() const { return m_items; }
+    /// The first item stays shown.
     void setShown(int item, bool shown);
 
     // The first item, the name column, neither moves nor is displaced.

@@ -38,8 +38,13 @@ bool TemplateColumnsDialog::OnInitDialog()
         m_list->Append(wxEmptyString);
         showItem(k);
     }
-    m_list->Bind(wxEVT_CHECKLISTBOX, [this](wxCommandEvent& event)
-                 { m_columns.setShown(event.GetInt(), m_list->IsChecked(static_cast<unsigned>(event.GetInt()))); });
+    m_list->Bind(wxEVT_CHECKLISTBOX,
+                 [this](wxCommandEvent& event)
+                 {
+                     const auto item = static_cast<unsigned>(event.GetInt());
+                     m_columns.setShown(event.GetInt(), m_list->IsChecked(item));
+                     showItem(item);
+                 });
     // The list itself answers the space bar only on some desktops.
     m_list->Bind(wxEVT_KEY_DOWN,
                  [this](wxKeyEvent& event)

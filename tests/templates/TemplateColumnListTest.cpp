@@ -53,6 +53,8 @@ TEST(TemplateColumnList, MovesKeepCheckMarksAndGiveTheNewOrder)
 {
     TemplateColumnList list(makeColumns("abcd"));
     list.setShown(3, false);
+    list.setShown(0, false);
+    EXPECT_TRUE(list.items()[0].shown) << "the name cannot be hidden";
     EXPECT_EQ(list.moveUp(3), 2);
     EXPECT_EQ(list.moveDown(1), 2);
     EXPECT_EQ(list.moveUp(1), 1);
