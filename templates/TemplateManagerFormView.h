@@ -67,7 +67,7 @@ public:
 
 private:
     // What the session tells: the buttons follow
-    void rowsReplaced() override { updateButtons(); }
+    void rowsReplaced(const std::vector<std::size_t>&) override { updateButtons(); }
     void rowsReordered(const std::vector<std::size_t>&) override {}
     void rowsEdited() override { updateButtons(); }
 

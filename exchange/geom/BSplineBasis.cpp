@@ -1,6 +1,7 @@
 #include "exchange/geom/BSplineBasis.h"
 
 #include "exchange/geom/CurveAssertion.h"
+#include <tessaron/exchange/geom/BSplineCurve.h>
 
 #include <algorithm>
 #include <cmath>
@@ -45,6 +46,7 @@ void checkKnots(const std::vector<double>& knots, std::size_t controlPointCount)
 BSplineBasis::BSplineBasis(const std::vector<double>& knots, std::size_t controlPointCount, double t, int nderivs)
     : m_knots(knots), m_degree(impliedDegree(controlPointCount, knots.size())), m_nderivs(nderivs)
 {
+    GEOM_CURVE_ASSERT(m_degree <= maxEvaluatedDegree);
     const std::size_t p = static_cast<std::size_t>(m_degree);
     m_span = findSpan(knots, controlPointCount, p, t);
 

@@ -1,8 +1,13 @@
 #include "CurveChecks.h"
+#include <tessaron/exchange/Archives.h>
 #include <tessaron/exchange/geom/BSplineCurveImpl.h>
 #include <tessaron/exchange/geom/RationalBSplineCurveImpl.h>
 
+#include <boost/smart_ptr/make_shared.hpp>
+
 #include <limits>
+#include <sstream>
+#include <string>
 #include <vector>
 
 namespace
@@ -185,6 +190,48 @@ TEST(RationalBSpline, WithEqualWeightsIsThePlainCurve)
     }
 }
 
+// A curve that reading has filled, of which nothing has been checked yet.
+RationalBSplineCurveImpl<2> rationalFromArchive(const std::vector<PointNd<2>>& points, const std::vector<double>& knots,
+                                                const std::vector<double>& weights)
+{
+    std::stringstream stream;
+    const auto filled = boost::make_shared<RationalBSplineCurveImpl<2>>(
+        std::vector<PointNd<2>>(points), std::vector<double>(knots), std::vector<double>(points.size(), 1.0));
+    exchange::writeArchive(stream, boost::shared_ptr<ParametricCurve<2>>(filled));
+    std::string text = stream.str();
+    const std::size_t begin = text.find("<m_weights>");
+    const std::size_t end = text.find("</m_weights>");
+    std::string stored =
+        "<m_weights><count>" + std::to_string(weights.size()) + "</count><item_version>0</item_version>";
+    for (const double weight : weights)
+        stored += "<item>" + std::to_string(weight) + "</item>";
+    std::istringstream edited(text.replace(begin, end - begin, stored));
+    boost::shared_ptr<ParametricCurve<2>> curve;
+    exchange::readArchive(edited, curve);
+    return dynamic_cast<const RationalBSplineCurveImpl<2>&>(*curve);
+}
+
+// The cost of an evaluation grows with the square of the degree, and archives come from outside.
+TEST(BSpline, OfADegreeThatNobodyCanAffordIsNotEvaluated)
+{
+    for (const int degree : {maxEvaluatedDegree, maxEvaluatedDegree + 1, 20'000})
+    {
+        const std::vector<double> knots = clampedKnots(degree);
+        const std::vector<PointNd<2>> points(static_cast<std::size_t>(degree) + 1, PointNd<2>(1, 2));
+        const BSplineCurveImpl<2> plain(points, knots);
+        const RationalBSplineCurveImpl<2> rational(points, knots, std::vector<double>(points.size(), 1.0));
+        if (degree == maxEvaluatedDegree)
+        {
+            EXPECT_NEAR(plain.pointAt(0.3)[1], 2, 1e-9);
+            EXPECT_NEAR(rational.pointAt(0.3)[1], 2, 1e-9);
+            continue;
+        }
+        EXPECT_EQ(plain.degree(), degree);
+        EXPECT_THROW(plain.pointAt(0.3), util::AssertionError) << degree;
+        EXPECT_THROW(rational.pointAt(0.3), util::AssertionError) << degree;
+    }
+}
+
 TEST(BSpline, RefusesUnsoundData)
 {
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
@@ -217,6 +264,10 @@ TEST(BSpline, RefusesUnsoundData)
     EXPECT_THROW(RationalBSplineCurveImpl<2>({{0, 0}, {1, 1}}, {0, 0, 1, 1}, {0, 0}).pointAt(0.5), util::AssertionError)
         << "weights that sum to 0";
     // As an archive may leave them.
+    EXPECT_THROW(rationalFromArchive({{0, 0}, {1, 1}}, {0, 0, 1, 1}, {1}).pointAt(0.5), util::AssertionError)
+        << "fewer weights than points";
+    EXPECT_THROW(rationalFromArchive({{0, 0}, {1, 1}}, {0, 0, 1, 1}, {1, 1, 1}).pointAt(0.5), util::AssertionError)
+        << "more weights than points";
     EXPECT_THROW(BSplineCurveImpl<2>().pointAt(0), util::AssertionError);
     EXPECT_THROW(BSplineCurveImpl<2>().startParam(), util::AssertionError);
     EXPECT_THROW(RationalBSplineCurveImpl<2>().endParam(), util::AssertionError);

@@ -10,7 +10,11 @@
 namespace geom
 {
 
-/// A B-spline curve. Its degree follows from its data: number of knots - number of control points - 1.
+/// The highest degree that is evaluated: an evaluation costs the square of the degree, and at this one still takes
+/// tens of microseconds. Curves of higher degrees can be stored and passed on.
+inline constexpr int maxEvaluatedDegree = 100;
+
+/// A B-spline curve. Evaluating one of a degree above maxEvaluatedDegree throws util::AssertionError. Its degree follows from its data: number of knots - number of control points - 1.
 template <int N>
 class TESSARON_EXCHANGE_API BSplineCurve : public virtual ControlPointCurveBase<N>
 {
