@@ -13,8 +13,8 @@ using util::Parameterized;
 
 constexpr int milling = 0;
 constexpr int anySelector = 0;
-// The look of the toolkit that goes with a light window.
-constexpr int theme = 21;
+// The user chooses the look.
+constexpr int theme = -1;
 
 // Takes over what a dialog says, and keeps what it does not mention.
 bool merge(const Parameterized& changes, Parameterized& parameters)

@@ -13,6 +13,7 @@
 #include <wx/weakref.h>
 
 #include <algorithm>
+#include <chrono>
 
 namespace TessaronResources
 {
@@ -26,6 +27,9 @@ constexpr int lineRight = 220;
 constexpr int firstLineTop = 110;
 constexpr int lineHeight = 15;
 constexpr int lineId = 65535;
+// The window has to answer while the lines of a thousand workers come in.
+constexpr std::size_t newLinesPerPoll = 50;
+constexpr std::chrono::milliseconds timeForNewLines{10};
 
 // The window owns its controls: a line that leaves the list before the window is destroyed has to be destroyed here, a
 // later one has been already.
@@ -103,8 +107,14 @@ void MultiProgressDialog::matchLines(std::size_t workers)
         return;
     if (m_textLines.size() > workers)
         m_textLines.resize(workers);
-    while (m_textLines.size() < workers)
+    const auto deadline = std::chrono::steady_clock::now() + timeForNewLines;
+    const std::size_t wanted = std::min(workers, m_textLines.size() + newLinesPerPoll);
+    while (m_textLines.size() < wanted)
+    {
         m_textLines.push_back(makeLine(m_textLines.size()));
+        if (std::chrono::steady_clock::now() > deadline)
+            break;
+    }
 }
 
 boost::shared_ptr<wxStaticText> MultiProgressDialog::makeLine(std::size_t index)

@@ -124,7 +124,6 @@ void TemplateManagerCommands::sort()
     TemplateSortDialog dialog(m_session.info().columns, m_session.info().sortLevels, &m_frame);
     if (dialog.ShowModal() != acceptId)
         return;
-    m_session.info().sortLevels = dialog.result();
     m_changed = true;
     m_grid->sortBy(dialog.result());
 }

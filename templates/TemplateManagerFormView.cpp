@@ -82,6 +82,9 @@ bool TemplateManagerFormView::makeControls()
         for (int theme = 0; theme < visualThemeCount; ++theme)
             themes->Append(visualThemeName(theme));
         native::setAccessibleName(*themes, translatedLabel("Theme"));
+        if (isVisualTheme(m_inputs.theme))
+            themes->SetToolTip(translatedLabel(
+                "The application sets the theme. Your choice is kept for windows in which it does not."));
     }
     if (wxWindow* const accept = FindWindow(acceptId))
         accept->SetLabel(m_inputs.saving ? translatedLabel("Save") : translatedLabel("Apply"));
@@ -140,8 +143,7 @@ void TemplateManagerFormView::setResultSlot(int* slot, std::function<void()> fin
 
 int TemplateManagerFormView::theme() const
 {
-    const int chosen = m_session.info().preferences.theme;
-    return chosen >= 0 && chosen < visualThemeCount ? chosen : m_inputs.theme;
+    return isVisualTheme(m_inputs.theme) ? m_inputs.theme : m_session.info().preferences.theme;
 }
 
 void TemplateManagerFormView::applyLook()
@@ -258,11 +260,12 @@ bool TemplateManagerFormView::onKey(int key, int modifiers)
 
 void TemplateManagerFormView::themeChosen(int theme)
 {
-    if (theme == this->theme())
+    int& chosen = m_session.info().preferences.theme;
+    if (theme == chosen)
         return;
     m_commands.markChanged();
-    m_session.info().preferences.theme = theme;
-    installVisualTheme(theme);
+    chosen = theme;
+    installVisualTheme(this->theme());
     applyLook();
     m_session.refresh();
 }

@@ -62,12 +62,12 @@ public:
 
     const util::TemplateInfo& info() const { return m_session.info(); }
 
-    /// The theme in force, a number of util::VisualTheme.
+    /// The theme in force, a number of util::VisualTheme: the host's, or where the host leaves it open, the user's.
     int theme() const;
 
 private:
     // What the session tells: the buttons follow
-    void rowsReplaced() override { updateButtons(); }
+    void rowsReplaced(const std::vector<std::size_t>&) override { updateButtons(); }
     void rowsReordered(const std::vector<std::size_t>&) override {}
     void rowsEdited() override { updateButtons(); }
 

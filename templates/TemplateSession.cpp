@@ -13,6 +13,8 @@
 #include <filesystem>
 #include <map>
 #include <system_error>
+#include <unordered_map>
+#include <utility>
 
 namespace TessaronResources
 {
@@ -90,8 +92,26 @@ void TemplateSession::fill()
     m_existingNames.reserve(listed.size());
     for (const util::Parameterized& set : listed)
         m_existingNames.push_back(nameOf(set));
+    const TemplateRows formerRows = std::exchange(m_rows, {});
     m_rows.fill(std::move(listed), m_info.preferences.matchFilter, m_current);
-    notify([](TemplateSessionObserver& observer) { observer.rowsReplaced(); });
+    m_rows.reorder(sortedOrder(m_rows, m_info.sortLevels, m_info.columns));
+    const std::vector<std::size_t> former = formerNumbers(formerRows);
+    notify([&former](TemplateSessionObserver& observer) { observer.rowsReplaced(former); });
+}
+
+std::vector<std::size_t> TemplateSession::formerNumbers(const TemplateRows& formerRows) const
+{
+    std::unordered_map<std::string, std::size_t> byName;
+    for (std::size_t row = 0; row < formerRows.size(); ++row)
+        byName.emplace(nameOf(formerRows.storedAt(row)), row);
+    std::vector<std::size_t> former;
+    former.reserve(m_rows.size());
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+    {
+        const auto found = byName.extract(nameOf(m_rows.at(row)));
+        former.push_back(found ? found.mapped() : TemplateSessionObserver::newRow);
+    }
+    return former;
 }
 
 void TemplateSession::refresh()
@@ -192,6 +212,7 @@ void TemplateSession::editCell(std::size_t row, const GridColumnInfo& column, co
 
 void TemplateSession::sort(const std::vector<util::TemplateSortLevel>& levels)
 {
+    m_info.sortLevels = levels;
     const std::vector<std::size_t> order = sortedOrder(m_rows, levels, m_info.columns);
     m_rows.reorder(order);
     notify([&order](TemplateSessionObserver& observer) { observer.rowsReordered(order); });

@@ -22,10 +22,13 @@ namespace TessaronResources
 class TemplateSessionObserver
 {
 public:
+    static constexpr std::size_t newRow = static_cast<std::size_t>(-1);
+
     virtual ~TemplateSessionObserver() = default;
 
-    /// The rows are others now.
-    virtual void rowsReplaced() = 0;
+    /// The rows are others now: former[i] is the number that the template of row i had before, newRow for one that was
+    /// not there.
+    virtual void rowsReplaced(const std::vector<std::size_t>& former) = 0;
     /// The rows stand in another order: order[i] is the former number of row i.
     virtual void rowsReordered(const std::vector<std::size_t>& order) = 0;
     /// Templates have been edited, or edits stored. The rows are the same, in the same order.
@@ -50,7 +53,8 @@ public:
 
     /// Reads the known folders and the definitions; the first start makes the definitions. Does not fill the rows.
     DefinitionsState open(bool titleVariant);
-    /// Lists the folder's templates into the rows, those that the match filter displays. Edits are dropped. Files that
+    /// Lists the folder's templates into the rows, those that the match filter displays, in the order of the sort last
+    /// chosen. Edits are dropped. Files that
     /// cannot be read are named in one message, each once and not at every refill.
     void fill();
     /// Fills the rows again unless edits would be dropped by it.
@@ -86,7 +90,7 @@ public:
 
     /// Takes what the user typed into a cell.
     void editCell(std::size_t row, const GridColumnInfo& column, const std::string& text);
-    /// Brings the rows into the order of these levels.
+    /// Brings the rows into the order of these levels, here and at every fill() from now on.
     void sort(const std::vector<util::TemplateSortLevel>& levels);
 
     // Names
@@ -138,6 +142,7 @@ public:
 
 private:
     std::string chosenFolder(const std::string& typed) const;
+    std::vector<std::size_t> formerNumbers(const TemplateRows& formerRows) const;
     void report(int code);
     void reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty);
     util::Parameterized currentAs(const std::string& name) const;

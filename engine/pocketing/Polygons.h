@@ -22,7 +22,7 @@ struct OffsetTolerance
     /// How far a contour may move when points that hardly matter are left out; 0 keeps all.
     double simplify = 0;
     /// How many points of islands one operation may have; more are done in parts.
-    std::size_t largest = 20000;
+    std::size_t largest = 30000;
 };
 
 /// Calls a function for each number from 0 to below a count, in any order and maybe on several threads, and waits for

@@ -50,21 +50,21 @@ const ThemeEntry themes[visualThemeCount] = {
     {"NX 11", wxCLASSINFO(QdrVisualManagerNX11), nullptr, 0},
 };
 
-bool isTheme(int theme)
+} // namespace
+
+bool isVisualTheme(int theme)
 {
     return theme >= 0 && theme < visualThemeCount;
 }
 
-} // namespace
-
 const char* visualThemeName(int theme)
 {
-    return isTheme(theme) ? themes[theme].name : "";
+    return isVisualTheme(theme) ? themes[theme].name : "";
 }
 
 bool installVisualTheme(int theme)
 {
-    if (!isTheme(theme))
+    if (!isVisualTheme(theme))
         return false;
     const ThemeEntry& entry = themes[theme];
     if (entry.setStyle)

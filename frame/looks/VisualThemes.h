@@ -9,6 +9,9 @@ namespace TessaronResources
 /// How many themes there are; their numbers start at 0.
 constexpr int visualThemeCount = 28;
 
+/// Whether a number is that of a theme.
+bool isVisualTheme(int theme);
+
 /// The name that the user reads; empty for a number that is no theme.
 const char* visualThemeName(int theme);
 

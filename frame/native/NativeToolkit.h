@@ -54,6 +54,10 @@ void makeCompact(wxWindow& dialog);
 /// Keeps the text of a dialog's field easy to read while the field is disabled, because it shows a result.
 void markAsResult(wxWindow& field);
 
+/// Lets a text that is too long for its control continue on the next line, up to a number of lines, and end in dots
+/// when they are full.
+void wrapText(wxWindow& text, int lines);
+
 /// Gives a control the name that a screen reader says.
 void setAccessibleName(wxWindow& control, const wxString& name);
 

@@ -186,6 +186,16 @@ void markAsResult(wxWindow& field)
     gtk_style_context_add_class(gtk_widget_get_style_context(widgetOf(field)), "result");
 }
 
+void wrapText(wxWindow& text, int lines)
+{
+    if (!GTK_IS_LABEL(widgetOf(text)))
+        return;
+    GtkLabel* const label = GTK_LABEL(widgetOf(text));
+    gtk_label_set_line_wrap(label, lines > 1);
+    gtk_label_set_lines(label, lines);
+    gtk_label_set_ellipsize(label, PANGO_ELLIPSIZE_END);
+}
+
 void setAccessibleName(wxWindow& control, const wxString& name)
 {
     if (AtkObject* const accessible = gtk_widget_get_accessible(widgetOf(control)))

@@ -29,7 +29,7 @@ private:
 
     TemplateSortLevels& m_levels;
     TemplateRows m_noTemplates;
-    HeadingState m_headings{-1, true, util::TemplateInfo::noColour, util::TemplateInfo::noColour};
+    HeadingState m_headings;
 };
 
 } // namespace TessaronResources

@@ -10,7 +10,9 @@
 #include <wx/time.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
+#include <utility>
 
 namespace TessaronResources
 {
@@ -19,6 +21,7 @@ namespace
 {
 
 constexpr int nameColumn = 0;
+constexpr int dragDistance = 4;
 constexpr long typeAheadMilliseconds = 1000;
 
 bool isTyping(const wxKeyEvent& event)
@@ -55,6 +58,7 @@ TemplateGridInput::TemplateGridInput(TemplateManagerGrid& grid, TemplateGridTabl
                                      TemplateGridCommands& commands)
     : m_grid(grid), m_table(table), m_session(session), m_commands(commands)
 {
+    followHeadingClicks();
     m_grid.Bind(wxEVT_GRID_CELL_LEFT_CLICK, &TemplateGridInput::onCellClick, this);
     m_grid.Bind(wxEVT_GRID_CELL_RIGHT_CLICK, [this](wxGridEvent& event) { showMenu(event.GetRow()); });
     m_grid.Bind(wxEVT_GRID_LABEL_RIGHT_CLICK, [this](wxGridEvent& event) { showMenu(event.GetRow()); });
@@ -67,6 +71,40 @@ TemplateGridInput::TemplateGridInput(TemplateManagerGrid& grid, TemplateGridTabl
                     });
     m_grid.Bind(wxEVT_KEY_DOWN, &TemplateGridInput::onKeyDown, this);
     m_grid.Bind(wxEVT_CHAR, &TemplateGridInput::onChar, this);
+}
+
+void TemplateGridInput::followHeadingClicks()
+{
+    // The toolkit tells of no click on a heading that can also be dragged.
+    wxWindow* const headings = m_grid.GetGridColLabelWindow();
+    const auto onPress = [this](wxMouseEvent& event)
+    {
+        event.Skip();
+        m_pressedAt = event.GetPosition();
+        m_pressedHeading = headingAt(event.GetPosition());
+    };
+    headings->Bind(wxEVT_LEFT_DOWN, onPress);
+    headings->Bind(wxEVT_LEFT_DCLICK, onPress);
+    headings->Bind(wxEVT_LEFT_UP,
+                   [this](wxMouseEvent& event)
+                   {
+                       event.Skip();
+                       const int column = std::exchange(m_pressedHeading, wxNOT_FOUND);
+                       const int way = std::abs(event.GetPosition().x - m_pressedAt.x);
+                       if (column != wxNOT_FOUND && way <= m_grid.FromDIP(dragDistance))
+                           m_grid.CallAfter(
+                               [this, column]
+                               {
+                                   if (column < m_grid.GetNumberCols())
+                                       m_grid.sortByHeading(column);
+                               });
+                   });
+}
+
+int TemplateGridInput::headingAt(wxPoint place) const
+{
+    const int x = m_grid.CalcUnscrolledPosition(place).x;
+    return m_grid.XToEdgeOfCol(x) == wxNOT_FOUND ? m_grid.XToCol(x) : wxNOT_FOUND;
 }
 
 void TemplateGridInput::selectCurrentRowLater()

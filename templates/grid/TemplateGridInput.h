@@ -1,6 +1,8 @@
 #ifndef TEMPLATES_GRID_TEMPLATEGRIDINPUT_H
 #define TEMPLATES_GRID_TEMPLATEGRIDINPUT_H
 
+#include <wx/defs.h>
+#include <wx/gdicmn.h>
 #include <wx/longlong.h>
 #include <wx/string.h>
 
@@ -30,6 +32,9 @@ private:
     void onCellClick(wxGridEvent& event);
     void onKeyDown(wxKeyEvent& event);
     void onChar(wxKeyEvent& event);
+    void followHeadingClicks();
+    /// The column whose heading is at this place of the headings' window; wxNOT_FOUND at an edge that can be dragged.
+    int headingAt(wxPoint place) const;
     void selectCurrentRowLater();
     void changeByClick(int row, int col);
     /// \returns whether the key means something to the current cell.
@@ -46,6 +51,8 @@ private:
     TemplateGridCommands& m_commands;
     wxString m_typed;
     wxLongLong m_lastTyped;
+    wxPoint m_pressedAt;
+    int m_pressedHeading = wxNOT_FOUND;
 };
 
 } // namespace TessaronResources

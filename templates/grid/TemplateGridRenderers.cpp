@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <vector>
 
 namespace TessaronResources
@@ -165,17 +166,25 @@ void TemplateHeadings::ColumnHeading::DrawLabel(const wxGrid& grid, wxDC& dc, co
 {
     const bool ownColour = m_state.textColour != util::TemplateInfo::noColour;
     const wxColour colour = toColour(ownColour ? m_state.textColour : palette().headingText);
-    if (m_column == m_state.sortColumn)
+    dc.SetTextForeground(colour);
+    dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
+    for (std::size_t level = 0; level < m_state.sortMarks.size(); ++level)
     {
+        if (m_state.sortMarks[level].column != m_column)
+            continue;
         // Above the text, so that it takes none of its width.
         const int half = grid.FromDIP(5);
         dc.SetPen(*wxTRANSPARENT_PEN);
         dc.SetBrush(wxBrush(colour));
-        drawArrow(dc, {rect.x + rect.width / 2, rect.y + half}, half, m_state.sortAscending);
+        drawArrow(dc, {rect.x + rect.width / 2, rect.y + half}, half, m_state.sortMarks[level].ascending);
+        if (m_state.sortMarks.size() > 1)
+        {
+            constexpr float ofTheText = 0.7F;
+            dc.SetFont(grid.GetLabelFont().Scaled(ofTheText));
+            dc.DrawText(std::to_string(level + 1), rect.x + rect.width / 2 + 2 * half, rect.y);
+        }
     }
     dc.SetFont(grid.GetLabelFont());
-    dc.SetTextForeground(colour);
-    dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
     const int width = headingTextWidth(grid, rect.width);
     const wxRect inside = wxRect(rect).Deflate((rect.width - width) / 2, 0);
     // A single word may still be too long.

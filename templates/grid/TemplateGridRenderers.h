@@ -9,17 +9,24 @@
 #include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace TessaronResources
 {
 
+/// The arrow of a column that the rows are sorted by.
+struct SortMark
+{
+    int column;
+    bool ascending;
+};
+
 /// What the headings of the template grid show besides their titles.
 struct HeadingState
 {
-    int sortColumn = -1; ///< -1: none carries an arrow
-    bool sortAscending = true;
-    std::uint32_t textColour;
-    std::uint32_t backColour;
+    std::vector<SortMark> sortMarks; ///< one a sort level, the first level first
+    std::uint32_t textColour = util::TemplateInfo::noColour;
+    std::uint32_t backColour = util::TemplateInfo::noColour;
 };
 
 /// A cell's place, as columns take it.

@@ -13,6 +13,7 @@
 #include <wx/generic/gridsel.h>
 
 #include <algorithm>
+#include <numeric>
 
 namespace TessaronResources
 {
@@ -43,13 +44,6 @@ TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSessi
     SetTabBehaviour(Tab_Leave);
     native::setAccessibleName(*this, translatedLabel("Templates"));
 
-    Bind(wxEVT_GRID_COL_SORT,
-         [this](wxGridEvent& event)
-         {
-             event.Veto();
-             const bool descending = m_headings.sortColumn == event.GetCol() && m_headings.sortAscending;
-             sortBy({{m_table->column(event.GetCol()).definition().key, descending}});
-         });
     Bind(wxEVT_GRID_COL_SIZE,
          [this](wxGridSizeEvent& event)
          {
@@ -98,18 +92,45 @@ void TemplateManagerGrid::setHeading(int column, const std::string&, int width, 
 void TemplateManagerGrid::rebuildColumns()
 {
     finishEdit();
-    const util::TemplateInfo& info = m_session.info();
-    m_headings.sortColumn = -1;
+    Held before = held();
+    const std::string current = before.column >= 0 ? m_columnKeys[static_cast<std::size_t>(before.column)] : "";
     BeginBatch();
-    m_table->setColumns(makeGridColumns(info.columns, true));
+    m_table->setColumns(makeGridColumns(m_session.info().columns, true));
     ResetColPos();
+    m_columnKeys.clear();
     for (const GridColumnPtr& column : m_table->columns())
+    {
         setUpColumn(column);
+        m_columnKeys.push_back(column->definition().key);
+    }
+    showSortMarks();
     sizeColumns();
     sizeRows();
     fitHeadings();
     EndBatch();
     updateHint();
+    if (before.column < 0 || m_table->columns().empty())
+        return;
+    before.column = std::max(columnOf(current), nameColumn);
+    if (!IsColShown(before.column))
+        before.column = nameColumn;
+    std::vector<std::size_t> sameRows(m_session.rows().size());
+    std::iota(sameRows.begin(), sameRows.end(), std::size_t{0});
+    restore(before, sameRows);
+}
+
+int TemplateManagerGrid::columnOf(const std::string& key) const
+{
+    const auto found = std::find(m_columnKeys.begin(), m_columnKeys.end(), key);
+    return found == m_columnKeys.end() ? wxNOT_FOUND : static_cast<int>(found - m_columnKeys.begin());
+}
+
+void TemplateManagerGrid::showSortMarks()
+{
+    m_headings.sortMarks.clear();
+    for (const util::TemplateSortLevel& level : m_session.info().sortLevels)
+        if (const int column = columnOf(level.key); column >= 0)
+            m_headings.sortMarks.push_back({column, !level.descending});
 }
 
 void TemplateManagerGrid::setUpColumn(const GridColumnPtr& column)
@@ -215,10 +236,11 @@ void TemplateManagerGrid::onColumnMoved()
 
 // Rows
 
-void TemplateManagerGrid::rowsReplaced()
+void TemplateManagerGrid::rowsReplaced(const std::vector<std::size_t>& former)
 {
+    const Held before = held();
     ClearSelection();
-    m_headings.sortColumn = -1;
+    showSortMarks();
     BeginBatch();
     m_table->rowsChanged();
     sizeColumns();
@@ -226,7 +248,25 @@ void TemplateManagerGrid::rowsReplaced()
     fitHeadings();
     EndBatch();
     updateHint();
+    restore(before, former);
     ForceRefresh();
+}
+
+void TemplateManagerGrid::restore(const Held& before, const std::vector<std::size_t>& former)
+{
+    std::vector<bool> selected(former.size());
+    int current = std::min(before.row, static_cast<int>(former.size()) - 1);
+    for (std::size_t row = 0; row < former.size(); ++row)
+    {
+        if (former[row] == newRow)
+            continue;
+        selected[row] = std::binary_search(before.selected.begin(), before.selected.end(), former[row]);
+        if (static_cast<int>(former[row]) == before.row)
+            current = static_cast<int>(row);
+    }
+    if (current >= 0 && before.column >= 0)
+        GoToCell(current, before.column);
+    select(selected);
 }
 
 void TemplateManagerGrid::updateHint()
@@ -284,42 +324,29 @@ void TemplateManagerGrid::select(const std::vector<bool>& selected)
 void TemplateManagerGrid::sortBy(const std::vector<util::TemplateSortLevel>& levels)
 {
     finishEdit();
-    m_headings.sortColumn = -1;
     m_session.sort(levels);
-    if (levels.size() == 1)
-        for (const GridColumnPtr& column : m_table->columns())
-            if (column->definition().key == levels.front().key)
-            {
-                m_headings.sortColumn = column->index;
-                m_headings.sortAscending = !levels.front().descending;
-                break;
-            }
+    showSortMarks();
     ForceRefresh();
 }
 
 void TemplateManagerGrid::rowsReordered(const std::vector<std::size_t>& order)
 {
-    std::vector<bool> wasSelected(order.size());
-    for (const std::size_t row : selectedRows())
-        wasSelected[row] = true;
-    const auto wasCurrent = static_cast<std::size_t>(std::max(GetGridCursorRow(), 0));
-
-    std::vector<bool> selected(order.size());
+    const Held before = held();
     std::vector<int> heights;
-    int current = -1;
-    for (std::size_t row = 0; row < order.size(); ++row)
-    {
-        selected[row] = wasSelected[order[row]];
-        if (order[row] == wasCurrent)
-            current = static_cast<int>(row);
-        if (!m_rowHeights.empty())
-            heights.push_back(m_rowHeights[order[row]]);
-    }
+    if (!m_rowHeights.empty())
+        for (const std::size_t former : order)
+            heights.push_back(m_rowHeights[former]);
     if (!heights.empty())
         setRowHeights(heights);
-    if (current >= 0 && GetGridCursorCol() >= 0)
-        GoToCell(current, GetGridCursorCol());
-    select(selected);
+    restore(before, order);
+}
+
+void TemplateManagerGrid::sortByHeading(int column)
+{
+    const std::string key = m_table->column(column).definition().key;
+    const std::vector<util::TemplateSortLevel>& levels = m_session.info().sortLevels;
+    const bool again = levels.size() == 1 && levels.front().key == key;
+    sortBy({{key, again && !levels.front().descending}});
 }
 
 void TemplateManagerGrid::quickSort(bool descending)

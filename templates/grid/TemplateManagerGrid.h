@@ -53,6 +53,8 @@ public:
 
     /// Has the session sort its rows. A mark is shown only for a sort by one column.
     void sortBy(const std::vector<util::TemplateSortLevel>& levels);
+    /// Sorts by a column, the other way round when the rows are in its order already.
+    void sortByHeading(int column);
     /// Sorts by the current column.
     void quickSort(bool descending);
 
@@ -71,13 +73,24 @@ private:
                     std::uint32_t backColour) override;
 
     // What the session tells
-    /// Takes the selection and the sort mark away.
-    void rowsReplaced() override;
+    void rowsReplaced(const std::vector<std::size_t>& former) override;
     /// Selected rows, the current cell and heights go with their templates.
     void rowsReordered(const std::vector<std::size_t>& order) override;
     void rowsEdited() override;
 
     void setUpColumn(const GridColumnPtr& column);
+    void showSortMarks();
+    int columnOf(const std::string& key) const;
+    /// Which rows are selected, and the current one.
+    struct Held
+    {
+        std::vector<std::size_t> selected;
+        int row;
+        int column;
+    };
+    Held held() const { return {selectedRows(), GetGridCursorRow(), GetGridCursorCol()}; }
+    /// Selects the rows whose templates were selected, and goes to the current one; where that is gone, to its place.
+    void restore(const Held& before, const std::vector<std::size_t>& former);
     void sizeColumns();
     void sizeRows();
     /// As high as their text needs, and no lower than stored.
@@ -92,6 +105,7 @@ private:
     TemplateGridCommands& m_commands;
     HeadingState m_headings;
     TemplateGridTable* m_table;
+    std::vector<std::string> m_columnKeys; ///< of the columns as they are set up; the definitions may be others already
     TemplateFind m_find;
     EmptyGridHint m_hint;
     TemplateGridInput m_input;

@@ -1,5 +1,6 @@
 #include "tests/progress/ScriptedProgress.h"
 #include "tests/support/WindowDriver.h"
+#include <tessaron/engine/JobService.h>
 #include <tessaron/engine/ProgressData.h>
 #include <tessaron/frame/EntryPoints.h>
 
@@ -72,6 +73,48 @@ TEST_P(MultiProgressDialogTest, LinesFollowTheWorkers)
             m_progress->report(-1.0);
         });
     EXPECT_EQ(show(), 1);
+}
+
+TEST_P(MultiProgressDialogTest, AWorkersLineTellsItsStage)
+{
+    const exchange::JobStart job = exchange::startJobFromFile(TESSARON_SAMPLES "/large-plate.xml");
+    ASSERT_GT(job.jobId, 0) << job.text;
+    m_progress->m_workers = {job.jobId};
+    WindowDriver user;
+    user.when(
+        "the line tells the worker's stage",
+        []
+        {
+            for (wxWindow* const control : topWindow() ? topWindow()->GetChildren() : wxWindowList())
+                if (control->GetId() != 1021 && control->GetLabel().EndsWith("% done"))
+                    return true;
+            return false;
+        },
+        [&]
+        {
+            EXPECT_EQ(child(topWindow(), 1021)->GetLabel(), "") << "that is the whole job's";
+            m_progress->report(-1.0);
+        });
+    EXPECT_EQ(show(), 1);
+    exchange::cancelJob(job.jobId);
+    exchange::releaseJob(job.jobId);
+}
+
+// A window that made all of them at once would not answer for seconds.
+TEST_P(MultiProgressDialogTest, HundredsOfWorkersComeInOverSeveralPolls)
+{
+    std::vector<std::size_t> atPoll;
+    m_progress->m_workers = std::vector<int>(400, 900001);
+    m_progress->m_onRefresh = [&](int)
+    {
+        atPoll.push_back(lines().size());
+        if (atPoll.back() == 400)
+            m_progress->report(-1.0);
+    };
+    EXPECT_EQ(show(), 1);
+    ASSERT_GT(atPoll.size(), 3u);
+    EXPECT_LE(atPoll[1], 100u);
+    EXPECT_EQ(atPoll.back(), 400u);
 }
 
 TEST_P(MultiProgressDialogTest, ShowDetailsTogglesTheHeightByExactly200Pixels)

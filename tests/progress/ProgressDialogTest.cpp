@@ -63,7 +63,7 @@ TEST_P(ProgressDialogTest, EveryStageTextFitsAndEveryControlHasAName)
     const std::pair<const char*, double> longest[] = {
         {"Creating toolpath: ", 1.0},         {"Creating offset surfaces: ", 1.0},
         {"Computing remaining stock: ", 1.0}, {"Computing tool axis vectors: ", 1.0},
-        {"Generating boundaries: ", 99999},   {"Importing file: ", 100.0}};
+        {"Generating boundaries: ", 1e9},     {"Importing file: ", 100.0}};
     WindowDriver user;
     wxString before;
     for (const auto& stageAndValue : longest)
@@ -75,6 +75,11 @@ TEST_P(ProgressDialogTest, EveryStageTextFitsAndEveryControlHasAName)
             {
                 before = stage();
                 expectWellLaidOut(topWindow());
+                for (const int other : {1000, 1043, 2})
+                    EXPECT_FALSE(child(topWindow(), 1021)->GetRect().Intersects(child(topWindow(), other)->GetRect()))
+                        << before << " runs into control " << other;
+                if (before.Contains("1000000000"))
+                    savePicture(topWindow(), std::string("progress-") + GetParam().name + "-billion");
             });
     }
     user.then("the names",

@@ -5,6 +5,7 @@
 #include <wx/app.h>
 #include <wx/filename.h>
 #include <wx/init.h>
+#include <wx/stattext.h>
 #include <wx/textentry.h>
 #include <wx/toplevel.h>
 
@@ -197,6 +198,23 @@ void markAllFiles(wxWindow* fileDialog)
     gtk_file_chooser_select_all(static_cast<GtkFileChooser*>(static_cast<void*>(fileDialog->GetHandle())));
 }
 
+bool staysAbove(wxWindow* window, wxWindow* owner)
+{
+    auto* const above = static_cast<GtkWindow*>(static_cast<void*>(window->GetHandle()));
+    return static_cast<void*>(gtk_window_get_transient_for(above)) == static_cast<void*>(owner->GetHandle());
+}
+
+bool showsWholeText(wxWindow* text)
+{
+    auto* const label = static_cast<GtkWidget*>(text->GetHandle());
+    if (!GTK_IS_LABEL(label))
+        return false;
+    PangoLayout* const layout = gtk_label_get_layout(GTK_LABEL(label));
+    wxSize drawn;
+    pango_layout_get_pixel_size(layout, &drawn.x, &drawn.y);
+    return !pango_layout_is_ellipsized(layout) && drawn.x <= text->GetSize().x && drawn.y <= text->GetSize().y + 1;
+}
+
 std::string accessibleName(wxWindow* control)
 {
     AtkObject* const accessible = gtk_widget_get_accessible(static_cast<GtkWidget*>(control->GetHandle()));
@@ -215,7 +233,9 @@ void expectWellLaidOut(wxWindow* window)
             continue;
         EXPECT_TRUE(client.Contains(control->GetRect())) << what << " sticks out of its window";
         const wxSize text = control->GetTextExtent(wxStripMenuCodes(control->GetLabel()));
-        if (!dynamic_cast<wxTextEntryBase*>(control))
+        if (dynamic_cast<wxStaticText*>(control))
+            EXPECT_TRUE(control->GetLabel().empty() || showsWholeText(control)) << what << " is clipped";
+        else if (!dynamic_cast<wxTextEntryBase*>(control))
         {
             EXPECT_LE(text.x, control->GetSize().x) << what << " is clipped";
             EXPECT_LE(text.y, control->GetSize().y + 1) << what << " is clipped";

@@ -83,6 +83,12 @@ bool takesKeys(wxWindow* window);
 /// Marks every file that the toolkit's open-file dialog lists.
 void markAllFiles(wxWindow* fileDialog);
 
+/// Whether the window manager keeps a window above its owner.
+bool staysAbove(wxWindow* window, wxWindow* owner);
+
+/// Whether a text shows all of itself, on as many lines as it takes, within its control.
+bool showsWholeText(wxWindow* text);
+
 /// What a screen reader says for a control.
 std::string accessibleName(wxWindow* control);
 /// Checks that every control that a window shows lies within it, has room for its text, and has a name for screen

@@ -43,7 +43,8 @@ protected:
 
 wxDialog* ToolkitDialog::current = nullptr;
 
-constexpr int white = 24; // the theme before the dark one
+constexpr int white = 24; // the theme before the dark one, which two follow
+constexpr int noTheme = -1;
 const wxColour darkBackground(28, 28, 28);
 
 // The colour that the screen shows in the lower left corner, where dialogs have nothing but their background.
@@ -486,8 +487,14 @@ TEST_F(DialogFlowTest, EveryDialogIsPaintedInTheLookInForceAlsoAfterASwitch)
         return child(manager(), 1147)->HasFocus();
     };
     WindowDriver user;
-    user.when(
-        "the manager is up", [&] { return atRest() && focusThemes(); }, [] { pressKey(WXK_DOWN); });
+    user.when("the manager is up", atRest, [] { click(child(manager(), 1147)); });
+    user.when("the list of themes is open", menuIsUp,
+              []
+              {
+                  // From the last one up to the dark one.
+                  for (const int key : {WXK_END, WXK_UP, WXK_UP, WXK_RETURN})
+                      pressKey(key);
+              });
     user.when(
         "the window is dark", [] { return cornerColour(manager()) == darkBackground; },
         [] { EXPECT_LT(lightShare(manager()), 0.1); });
@@ -513,7 +520,7 @@ TEST_F(DialogFlowTest, EveryDialogIsPaintedInTheLookInForceAlsoAfterASwitch)
     user.when(
         "the window is light again", [] { return cornerColour(manager()) != darkBackground; },
         [] { clickManager(1150); });
-    EXPECT_EQ(load(white), 0);
+    EXPECT_EQ(load(noTheme), 0);
     util::TemplateInfo info;
     EXPECT_EQ(util::loadTemplateDefs(folder(), "tessaron_template_info", &info), 0);
     EXPECT_EQ(info.preferences.theme, white);

@@ -308,9 +308,8 @@ TEST_F(GridFlowTest, SelectionsAndHeightsGoWithTheirRows)
         "three are selected", [selection] { return selection() == "xx-x"; },
         []
         {
-            wxGridEvent heading(grid()->GetId(), wxEVT_GRID_COL_SORT, grid(), -1, 0);
-            grid()->GetEventHandler()->ProcessEvent(heading);
-            grid()->GetEventHandler()->ProcessEvent(heading);
+            for (int time = 0; time < 2; ++time)
+                clickAt(grid()->GetGridColLabelWindow(), heading("Name"));
         });
     user.when(
         "backwards", [] { return cell(0, "Name") == "Gamma"; },
@@ -322,6 +321,105 @@ TEST_F(GridFlowTest, SelectionsAndHeightsGoWithTheirRows)
             EXPECT_EQ(grid()->GetRowHeight(0), grid()->GetRowHeight(2));
             // Alpha, Beta and Gamma: the list began as Alpha, Beta, Delta, Gamma.
             EXPECT_EQ(selection(), "x-xx");
+            clickManager(1150);
+        });
+    EXPECT_EQ(load(), 0);
+}
+
+TEST_F(GridFlowTest, TheSortAndTheRowInHandSurviveEveryRefill)
+{
+    store("Delta", 14.0, 1.0);
+    const auto mark = []
+    {
+        wxWindow* const headings = grid()->GetGridColLabelWindow();
+        const wxRect column = grid()->CellToRect(0, columnOf("Material"));
+        const wxPoint corner =
+            manager()->ScreenToClient(headings->ClientToScreen(grid()->CalcScrolledPosition(wxPoint(column.x, 0))));
+        const wxImage picture = pictureOf(manager(), {corner, wxSize(column.width, 12)});
+        return picture.IsOk() ? std::string(reinterpret_cast<const char*>(picture.GetData()),
+                                            3U * 12U * static_cast<unsigned>(column.width))
+                              : std::string();
+    };
+    const auto clickHeading = [] { clickAt(grid()->GetGridColLabelWindow(), heading("Material")); };
+    for (const auto& [name, material] :
+         {std::pair("Alpha", "Zinc"), {"Beta", "Brass"}, {"Gamma", "Steel"}, {"Delta", "Iron"}})
+    {
+        util::Parameterized set = stored(name);
+        set.set(util::keys::material, std::string(material));
+        ASSERT_EQ(util::saveTemplateFile(util::templatePath(kindFolder(), name), false, &set), 0);
+    }
+    std::string unmarked;
+    std::string ascending;
+    std::string descending;
+    const auto holds = [&](std::initializer_list<const char*> order)
+    {
+        return atRest() && names() == std::vector<wxString>(order.begin(), order.end()) && mark() == descending &&
+               isSelected(2) && !isSelected(1) && grid()->GetGridCursorRow() == 2 &&
+               grid()->GetGridCursorCol() == columnOf("Material");
+    };
+    const auto all = [&] { return holds({"Alpha", "Gamma", "Delta", "Beta"}); };
+    WindowDriver user;
+    user.when(
+        "the manager is up", [] { return atRest() && columnOf("Material") > 0; },
+        [&]
+        {
+            unmarked = mark();
+            clickHeading();
+        });
+    user.when(
+        "sorted", [&] { return cell(0, "Name") == "Beta" && mark() != unmarked; },
+        [&]
+        {
+            ascending = mark();
+            clickHeading();
+        });
+    user.when(
+        "the other way", [&] { return cell(0, "Name") == "Alpha" && mark() != ascending; },
+        [&]
+        {
+            descending = mark();
+            EXPECT_NE(descending, unmarked);
+            clickCell(2, "Material");
+        });
+    user.when("Delta is in hand", all,
+              [] { person().click(grid()->GetGridColLabelWindow()->ClientToScreen(heading("Name")), Person::right); });
+    user.when("the menu is up", menuIsUp,
+              []
+              {
+                  for (const int key : {WXK_DOWN, WXK_RETURN})
+                      pressKey(key);
+              });
+    user.when("a column is hidden", [] { return !grid()->IsColShown(columnOf("Part Material")); });
+    user.when("all is as it was", all, [] { pressKey(WXK_F2); });
+    user.when("the editor is open", editor,
+              []
+              {
+                  pressKey('A', wxMOD_CONTROL);
+                  type("Ice");
+                  clickManager(1125);
+              });
+    user.when("the question", messageIsUp, [] { answer(1); });
+    user.when("all is as it was", all, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+    EXPECT_EQ(stored("Delta").stringOr(util::keys::material, ""), "Ice");
+
+    user.when(
+        "after a restart", [&] { return atRest() && mark() == descending; },
+        [this]
+        {
+            EXPECT_EQ(names(), (std::vector<wxString>{"Alpha", "Gamma", "Delta", "Beta"}));
+            clickCell(1, "Material");
+        });
+    user.when(
+        "Gamma is selected", [] { return isSelected(1); }, [] { pressKey(WXK_DELETE); });
+    user.when("the question", messageIsUp, [] { answer(1); });
+    user.when(
+        "it is gone", [] { return atRest() && grid()->GetNumberRows() == 3; },
+        [&]
+        {
+            EXPECT_EQ(names(), (std::vector<wxString>{"Alpha", "Delta", "Beta"}));
+            EXPECT_EQ(mark(), descending);
+            EXPECT_EQ(grid()->GetGridCursorRow(), 1);
             clickManager(1150);
         });
     EXPECT_EQ(load(), 0);

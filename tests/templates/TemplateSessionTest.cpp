@@ -389,7 +389,13 @@ TEST_F(TemplateSessionTest, ObserversHearOfEveryChangeOfTheRows)
     {
     public:
         explicit Noted(const TemplateSession& observed) : m_session(observed) {}
-        void rowsReplaced() override { note("replaced"); }
+        void rowsReplaced(const std::vector<std::size_t>& former) override
+        {
+            std::string numbers;
+            for (const std::size_t number : former)
+                numbers += number == newRow ? "new " : std::to_string(number) + " ";
+            note("replaced " + numbers + "of");
+        }
         void rowsReordered(const std::vector<std::size_t>& order) override
         {
             note("reordered " + std::to_string(order.front()));
@@ -410,7 +416,7 @@ TEST_F(TemplateSessionTest, ObserversHearOfEveryChangeOfTheRows)
     session.addObserver(observer);
 
     store({"a", "b"});
-    EXPECT_EQ(observer.takeNotes(), "replaced 2 ");
+    EXPECT_EQ(observer.takeNotes(), "replaced new new of 2 ");
     session.sort({{keys::templateName, true}});
     EXPECT_EQ(observer.takeNotes(), "reordered 1 2 ");
     edit(0, keys::templateName, "b");
@@ -422,9 +428,11 @@ TEST_F(TemplateSessionTest, ObserversHearOfEveryChangeOfTheRows)
     user.nextAnswer = true;
     EXPECT_TRUE(session.settleEdits());
     EXPECT_EQ(observer.takeNotes(), "edited 2 ");
+    store({"c"});
+    EXPECT_EQ(observer.takeNotes(), "replaced new 0 1 of 3 ") << "in the order of the last sort";
     session.deleteTemplates({0});
     session.refresh();
-    EXPECT_EQ(observer.takeNotes(), "replaced 1 ");
+    EXPECT_EQ(observer.takeNotes(), "replaced 1 2 of 2 ");
 }
 
 TEST_F(TemplateSessionTest, AppliedTemplateLeavesTheToolAlone)

@@ -293,13 +293,64 @@ TEST_F(WindowFlowTest, EveryThemeRepaintsTheWindowAndLeavesNothingBehind)
                   });
     }
     user.then("close", [] { clickManager(1150); });
-    // A number that is no theme leaves the look as it is.
+    // A number that is no theme leaves the look to the user.
     EXPECT_EQ(load(28), 0);
     EXPECT_EQ(windows.size(), 1U);
     std::set<Look> different;
     for (const auto& [theme, look] : looks)
         different.insert(look);
     EXPECT_GE(different.size(), 20U);
+}
+
+TEST_F(WindowFlowTest, TheHostsThemeHoldsAndTheUsersChoiceIsForWhereItSetsNone)
+{
+    constexpr int hosts = 26;
+    constexpr int users = 27;
+    constexpr int none = -1;
+    const struct
+    {
+        const char* what;
+        int hosts;
+        bool userChooses;
+        wxColour background;
+    } openings[] = {
+        {"the host's holds while the user chooses another", hosts, true, wxColour(92, 136, 132)},
+        {"the user's choice was kept", none, false, wxColour(85, 160, 185)},
+        {"the host's holds again", hosts, false, wxColour(92, 136, 132)},
+    };
+    for (const auto& opening : openings)
+    {
+        WindowDriver user;
+        if (opening.userChooses)
+        {
+            user.when("the manager is up", atRest, [] { click(child(manager(), 1147)); });
+            user.when("the list is open", menuIsUp,
+                      []
+                      {
+                          pressKey(WXK_END);
+                          pressKey(WXK_RETURN);
+                      });
+            user.when("a theme is chosen",
+                      [] { return dynamic_cast<wxChoice*>(child(manager(), 1147))->GetSelection() == users; });
+        }
+        user.when(
+            opening.what,
+            [&]
+            {
+                if (!atRest())
+                    return false;
+                const wxRect form = child(manager(), 1)->GetParent()->GetRect();
+                const wxImage corner = pictureOf(manager(), {form.x + 2, form.GetBottom() - 2, 1, 1});
+                return corner.IsOk() &&
+                       wxColour(corner.GetRed(0, 0), corner.GetGreen(0, 0), corner.GetBlue(0, 0)) == opening.background;
+            },
+            [&]
+            {
+                EXPECT_EQ(child(manager(), 1147)->GetToolTip() != nullptr, opening.hosts == hosts) << opening.what;
+                clickManager(1150);
+            });
+        EXPECT_EQ(load(opening.hosts), 0);
+    }
 }
 
 TEST_F(WindowFlowTest, TheOwnerIsEnabledAgainOnEveryWayOut)

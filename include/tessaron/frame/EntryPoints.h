@@ -107,7 +107,8 @@ TESSARON_RESOURCES_API int displaySmartLinkDialog(SmartLinkData* data);
 /// \param current  the current operation's parameter set
 /// \param result   receives the chosen template without its three tool keys; untouched otherwise
 /// \param parent   owner window; null for the main window of the calling thread
-/// \param theme    visual theme
+/// \param theme    visual theme, which holds; any number that is no theme leaves the choice to the user, who makes it in
+///                 the window
 /// \returns 1 applied; 0 cancelled, nothing selected, or quit
 TESSARON_RESOURCES_API int displayTemplateManagerDialogLoad(int kind, int selector, const std::string& path,
                                                             const util::Parameterized& current,
