@@ -139,20 +139,19 @@ DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind,
         showStatus(prompts, code);
         return DefinitionsState::failed;
     }
-    DefinitionsState state = DefinitionsState::loaded;
     code = util::loadTemplateDefs(folder, templateDefinitionsName(kind), &info);
     if (code == status::templateColumnsMissing)
     {
         info = util::TemplateInfo();
         info.columns = defaultTemplateColumns(kind, titleVariant, expertData);
-        code = util::saveTemplateDefs(folder, templateDefinitionsName(kind), info);
-        state = DefinitionsState::created;
+        // Where they cannot be stored, as in a library that is only read, they are made again the next time.
+        util::saveTemplateDefs(folder, templateDefinitionsName(kind), info);
+        return DefinitionsState::created;
     }
-    else if (code != status::ok)
-        state = DefinitionsState::failed;
-    if (code != status::ok)
-        showStatus(prompts, code);
-    return state;
+    if (code == status::ok)
+        return DefinitionsState::loaded;
+    showStatus(prompts, code);
+    return DefinitionsState::failed;
 }
 
 } // namespace TessaronResources

@@ -1,6 +1,7 @@
 #include "templates/TemplateSession.h"
 
 #include "frame/Translation.h"
+#include "templates/TemplateFailures.h"
 #include "templates/TemplateSharing.h"
 #include "templates/TemplateSort.h"
 #include "util/text/Ascii.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <system_error>
 #include <unordered_map>
 #include <utility>
@@ -26,7 +26,6 @@ namespace keys = util::keys;
 namespace status = exchange::status;
 
 constexpr const char* nameWithoutGenerator = "TEMPL";
-constexpr std::size_t mostFilesNamed = 12; // for each kind of fault, so that the message fits a screen
 constexpr const char* unsavedEditsText =
     translatable("Some templates have changes that have not been saved.\nDo you want to save them?");
 
@@ -123,31 +122,18 @@ void TemplateSession::refresh()
 void TemplateSession::reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty)
 {
     std::set<std::pair<std::string, int>> faults;
-    std::map<int, std::vector<std::string>, std::greater<>> unknown;
-    const auto add = [&](const std::string& path, int fault)
+    TemplateFailures unknown;
+    const auto add = [&](const std::string& path, int fault, const std::string& line)
     {
         if (faults.emplace(path, fault).second && m_reported.count({path, fault}) == 0)
-            unknown[fault].push_back(path);
+            unknown.add(fault, line);
     };
     for (const util::FaultyTemplateFile& file : faulty)
-        add(file.path, file.code);
+        add(file.path, file.code, templateLine(file.path));
     if (code != status::ok && faulty.empty())
-        add(kindFolder(), code);
+        add(kindFolder(), code, "");
     m_reported = std::move(faults);
-
-    std::string text;
-    for (const auto& [fault, paths] : unknown)
-    {
-        text += (text.empty() ? "" : "\n") + translated(exchange::statusText(fault));
-        const std::size_t named = paths.size() > mostFilesNamed ? mostFilesNamed - 1 : paths.size();
-        for (std::size_t i = 0; i < named; ++i)
-            if (paths[i] != kindFolder())
-                text += translated("\n Template: ") + paths[i];
-        if (named < paths.size())
-            text += translatedWith("\n and %s more", std::to_string(paths.size() - named));
-    }
-    if (!text.empty())
-        m_prompts.showError(text);
+    unknown.tell(m_prompts);
 }
 
 bool TemplateSession::storeDefinitions(bool byUser)
@@ -157,9 +143,10 @@ bool TemplateSession::storeDefinitions(bool byUser)
     if (!isOurs)
         return false;
     const int code = util::saveTemplateDefs(m_homeFolder, templateDefinitionsName(m_kind), m_info);
-    if (code != status::ok)
+    // Whoever only looks into a library that may not be written to has nothing to lose.
+    if (code != status::ok && byUser)
         report(code);
-    else
+    if (code == status::ok)
         m_definitionsState = DefinitionsState::loaded;
     return code == status::ok;
 }
@@ -241,18 +228,20 @@ bool TemplateSession::exportTemplates(const std::vector<std::size_t>& rows)
 std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& rows)
 {
     std::size_t deleted = 0;
+    TemplateFailures failures;
     for (const std::size_t row : rows)
     {
         const int code = util::deleteTemplateFile(kindFolder(), m_rows.storedAt(row));
         if (code != status::ok)
-            report(code);
+            failures.add(code, templateLine(nameOf(m_rows.storedAt(row))));
         else
             ++deleted;
     }
+    failures.tell(m_prompts);
     return deleted;
 }
 
-bool TemplateSession::storeRow(std::size_t row)
+bool TemplateSession::storeRow(std::size_t row, TemplateFailures& failures)
 {
     util::Parameterized set = m_rows.at(row);
     std::string name = nameOf(set);
@@ -274,7 +263,7 @@ bool TemplateSession::storeRow(std::size_t row)
     }
     if (code != status::ok)
     {
-        report(code);
+        failures.add(code, name.empty() ? "" : templateLine(name));
         return false;
     }
     m_rows.markStored(row, std::move(set));
@@ -285,8 +274,10 @@ bool TemplateSession::storeEdits()
 {
     const std::vector<std::size_t> edited = m_rows.editedRows();
     bool all = true;
+    TemplateFailures failures;
     for (const std::size_t row : edited)
-        all = storeRow(row) && all;
+        all = storeRow(row, failures) && all;
+    failures.tell(m_prompts);
     if (!edited.empty())
         notify([](TemplateSessionObserver& observer) { observer.rowsEdited(); });
     return all;

@@ -18,6 +18,8 @@
 namespace TessaronResources
 {
 
+class TemplateFailures;
+
 /// Is told what has become of a session's rows, after the change.
 class TemplateSessionObserver
 {
@@ -74,7 +76,7 @@ public:
     // Definitions and preferences
 
     /// Stores the definitions: columns, heading height, window size, preferences. Definitions that could not be loaded
-    /// are not overwritten before the user has changed them (`byUser`).
+    /// are not overwritten before the user has changed them (`byUser`); a failure is reported only then.
     /// \returns whether they are stored.
     bool storeDefinitions(bool byUser);
     /// Reads the list of known folders anew, as the preferences dialog does when it opens.
@@ -146,7 +148,7 @@ private:
     void report(int code);
     void reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty);
     util::Parameterized currentAs(const std::string& name) const;
-    bool storeRow(std::size_t row);
+    bool storeRow(std::size_t row, TemplateFailures& failures);
     template <class Notice>
     void notify(Notice notice);
 

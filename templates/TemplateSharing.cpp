@@ -1,6 +1,7 @@
 #include "templates/TemplateSharing.h"
 
 #include "frame/Translation.h"
+#include "templates/TemplateFailures.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
@@ -21,8 +22,8 @@ std::string folderOf(const std::string& path)
     return std::filesystem::path(path).parent_path().string();
 }
 
-/// \returns whether the file could be read; if not, the user has been told.
-bool readFile(const std::string& path, std::vector<util::Parameterized>& templates, TemplatePrompts& prompts)
+/// \returns whether the file could be read.
+bool readFile(const std::string& path, std::vector<util::Parameterized>& templates, TemplateFailures& failures)
 {
     const bool isSingle = path.ends_with(util::templateExtension);
     int code = status::ok;
@@ -37,7 +38,7 @@ bool readFile(const std::string& path, std::vector<util::Parameterized>& templat
     else
         code = util::loadTemplateArrayFile(path, &templates);
     if (code != status::ok)
-        showStatus(prompts, code, (isSingle ? translated("\n Template: ") : translated("\n Template Array: ")) + path);
+        failures.add(code, isSingle ? templateLine(path) : translated("\n Template Array: ") + path);
     return code == status::ok;
 }
 
@@ -51,21 +52,23 @@ std::size_t importTemplates(const std::string& folder, TemplatePrompts& prompts)
     prompts.keepLastFolder(folderOf(paths.front()));
 
     std::size_t saved = 0;
+    TemplateFailures failures;
     for (const std::string& path : paths)
     {
         std::vector<util::Parameterized> templates;
-        if (!readFile(path, templates, prompts))
+        if (!readFile(path, templates, failures))
             continue;
         for (util::Parameterized& set : templates)
         {
             const std::string name = set.stringOr(util::keys::templateName, "");
             const int code = util::saveTemplateFile(util::templatePath(folder, name), false, &set);
             if (code != status::ok)
-                showStatus(prompts, code, translated("\n Template: ") + name);
+                failures.add(code, templateLine(name));
             else
                 ++saved;
         }
     }
+    failures.tell(prompts);
     return saved;
 }
 
@@ -81,7 +84,7 @@ bool exportTemplates(const TemplateRows& rows, const std::vector<std::size_t>& n
         templates.push_back(rows.at(row));
     const int code = util::saveTemplateArrayFile(path, templates);
     if (code != status::ok)
-        showStatus(prompts, code, translated("\n Template: ") + path);
+        showStatus(prompts, code, templateLine(path));
     return code == status::ok;
 }
 

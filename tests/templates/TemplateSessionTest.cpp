@@ -156,6 +156,18 @@ TEST_F(TemplateSessionTest, FaultyFilesAreNamedOnceAndHideNothing)
     EXPECT_THAT(user.takeMessages(), ElementsAre("error: Error reading Template file."));
 }
 
+TEST_F(TemplateSessionTest, ALibraryThatMayOnlyBeReadOpensAndClosesInPeace)
+{
+    // Nobody, not even the superuser, may make a file there.
+    TemplateSession reader(operationKind::milling, 0, "/proc", {}, user);
+    EXPECT_EQ(reader.open(true), DefinitionsState::created);
+    EXPECT_FALSE(reader.info().columns.empty());
+    EXPECT_FALSE(reader.storeDefinitions(false));
+    EXPECT_THAT(user.said, IsEmpty());
+    EXPECT_FALSE(reader.storeDefinitions(true)) << "what the user changed is lost, and that is told";
+    EXPECT_EQ(user.takeMessages().size(), 1U);
+}
+
 TEST_F(TemplateSessionTest, FirstStartMakesTheDefinitionsOnce)
 {
     EXPECT_EQ(session.info().columns.size(), 26U);
@@ -285,10 +297,10 @@ TEST_F(TemplateSessionTest, ImportTakesWhatItCanAndNamesWhatItCannot)
         user.importFiles.push_back(outside / file);
     EXPECT_EQ(session.importTemplates(), 2U);
     EXPECT_THAT(user.takeMessages(),
-                ElementsAre("error: " + formatError + "\n Template: " + (outside / "bad.vtmpl"),
-                            "error: Error reading Template file.\n Template: " + (outside / "folder.vtmpl"),
-                            "error: " + formatError + "\n Template Array: " + (outside / "bad.xml"),
-                            "error: Template file name is missing.\n Template: "));
+                ElementsAre("error: " + formatError + "\n Template: " + (outside / "bad.vtmpl") +
+                            "\n Template Array: " + (outside / "bad.xml") +
+                            "\nError reading Template file.\n Template: " + (outside / "folder.vtmpl") +
+                            "\nTemplate file name is missing.\n Template: "));
     EXPECT_THAT(names(), ElementsAre("a", "b"));
     EXPECT_EQ(user.folderSetting, outside.path());
 
@@ -332,8 +344,8 @@ TEST_F(TemplateSessionTest, DeleteGoesByWhatIsStoredAndNotByEdits)
     store({"a", "b", "c"});
     edit(0, keys::templateName, "c");
     EXPECT_EQ(session.deleteTemplates({0, 1}), 2U);
-    EXPECT_EQ(session.deleteTemplates({1}), 0U);
-    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Error reading Template file."));
+    EXPECT_EQ(session.deleteTemplates({0, 1}), 0U);
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Error reading Template file.\n Template: a\n Template: b"));
     EXPECT_THAT(names(), ElementsAre("c"));
 }
 
@@ -367,13 +379,14 @@ TEST_F(TemplateSessionTest, FailedStoreKeepsTheEdits)
     edit(1, keys::toolDiameter, "5");
     user.nextAnswer = true;
     EXPECT_FALSE(session.storeEdits());
-    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Template file name is missing.",
-                                                 "error question: b already exists. Do you want to replace it?"));
+    EXPECT_THAT(user.takeMessages(), ElementsAre("error question: b already exists. Do you want to replace it?",
+                                                 "error: Template file name is missing."));
     EXPECT_EQ(session.rows().editedRows(), std::vector<std::size_t>{0});
     blockFolder();
     edit(0, keys::templateName, "x");
     EXPECT_FALSE(session.settleEdits());
-    EXPECT_THAT(user.takeMessages(), ElementsAre(testing::StartsWith("question: "), "error: " + writeError));
+    EXPECT_THAT(user.takeMessages(),
+                ElementsAre(testing::StartsWith("question: "), "error: " + writeError + "\n Template: x"));
     EXPECT_TRUE(session.rows().hasEdits());
     user.nextAnswer = false;
     EXPECT_TRUE(session.settleEdits()) << "given up";
