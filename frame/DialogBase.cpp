@@ -56,10 +56,12 @@ bool DialogBase::create(int templateId, wxWindow* parent)
     SetBackgroundStyle(wxBG_STYLE_SYSTEM);
     native::makeCompact(*this);
     initialise();
-    // Without an owner the toolkit has found one among the host's windows.
-    CentreOnParent();
     if (!parent)
+    {
+        // The toolkit has found an owner among the host's windows.
+        CentreOnParent();
         detachFromOwner(*this);
+    }
     return true;
 }
 

@@ -109,7 +109,9 @@ std::size_t XmlReader::findByte(std::string_view bytes, std::size_t most)
     for (std::size_t searched = 0;;)
     {
         const std::string_view window(m_source.cursor(), std::min(m_source.available(), most));
-        const std::size_t found = window.find_first_of(bytes, searched);
+        // The end of a tag is looked for most often.
+        const std::size_t found =
+            bytes.size() == 1 ? window.find(bytes.front(), searched) : window.find_first_of(bytes, searched);
         if (found != std::string_view::npos)
             return found;
         searched = window.size();
