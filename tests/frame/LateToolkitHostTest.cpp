@@ -4,7 +4,7 @@
 #include <tessaron/util/Parameterized.h>
 #include <tessaron/util/VisualTheme.h>
 
-#include <wx/dialog.h>
+#include <wx/toplevel.h>
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -24,11 +24,10 @@ Function function(void* library, const char* name)
     return library ? reinterpret_cast<Function>(dlsym(library, name)) : nullptr;
 }
 
-// A window of the manager's above the host's: its first message.
-bool messageIsUp()
+bool isAnotherWindowShown(const wxWindow* host)
 {
     for (const wxWindow* const window : wxTopLevelWindows)
-        if (const auto* const dialog = dynamic_cast<const wxDialog*>(window); dialog && dialog->IsShown())
+        if (window != host && window->IsShown())
             return true;
     return false;
 }
@@ -54,12 +53,11 @@ TEST_F(LateToolkitHost, ShowsWindowsOfAModuleThatItLoadedInsideItsLoop)
             {
                 constexpr int unknownJob = 123456;
                 progressResult = showProgress(unknownJob);
-                // There is no such folder, which the manager says first: the quit comes while its message is up.
                 util::Parameterized loaded;
                 const testing_support::Ticker user(
                     [&]
                     {
-                        if (messageIsUp())
+                        if (isAnotherWindowShown(m_frame))
                             quit();
                     });
                 managerResult = showManager(1, 1, "", util::Parameterized(), &loaded, nullptr, util::VisualTheme{});
