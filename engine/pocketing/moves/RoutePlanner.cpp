@@ -225,6 +225,7 @@ void RoutePlanner::addOrdered(const std::vector<const Track*>& loops, int depth,
     if (loops.size() > 1 && !wall)
         ++m_groups;
     std::vector<Vec> places;
+    places.reserve(loops.size());
     for (const Track* const loop : loops)
         places.push_back(middleOf(*loop));
     for (const std::size_t i : shortTour(places, from, m_cancel))
