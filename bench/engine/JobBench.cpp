@@ -172,9 +172,9 @@ void growth(benchmark::State& state)
         const double size = 20.0 * side;
         input.boundaries.materialBoundaries = {shapes::rectangle(0, 0, size, size)};
         input.boundaries.partBoundaries = {shapes::rectangle(0, 0, size, size)};
-        for (int i = 0; i < side * side; ++i)
-            input.boundaries.partBoundaries.push_back(
-                shapes::circle({20.0 * (i % side) + 10, 20.0 * (i / side) + 10}, 5));
+        for (int row = 0; row < side; ++row)
+            for (int column = 0; column < side; ++column)
+                input.boundaries.partBoundaries.push_back(shapes::circle({20.0 * column + 10, 20.0 * row + 10}, 5));
         input.parameters = shapes::usualParameters();
         return withThreads(input, 1);
     };

@@ -106,6 +106,7 @@ void DcCellPainter::fitFont(const wxString& text, int width, double smallestScal
 void DcCellPainter::drawMark(const std::vector<CellPoint>& corners, bool filled)
 {
     std::vector<wxPoint> points;
+    points.reserve(corners.size());
     for (const CellPoint& corner : corners)
         points.emplace_back(corner.x, corner.y);
     const Rgb colour = m_selected ? palette().accentText : palette().mark;
