@@ -34,7 +34,7 @@ public:
         static wxMBConvUTF8 fileNames(wxMBConvUTF8::MAP_INVALID_UTF8_TO_PUA);
         wxConvCurrent = &wxConvUTF8;
         wxConvFileName = &fileNames;
-        return wxAppBase::Initialize(count, arguments);
+        return wxAppBase::Initialize(count, arguments); // NOLINT(bugprone-parent-virtual-call)
     }
 
     bool OnInit() override

@@ -32,10 +32,15 @@ void GridColumnInfo::setupCell(TemplateCells& grid, int row, const util::Paramet
     grid.setRowHeight(row, height == -1 ? defaultRowHeight : height);
 }
 
-const std::array<std::string, 2>& GridColumnInfo::sortOrderTexts() const
+const std::array<std::string, 2>& alphabeticOrderTexts()
 {
     static const std::array<std::string, 2> texts = {translated("A to Z"), translated("Z to A")};
     return texts;
+}
+
+const std::array<std::string, 2>& GridColumnInfo::sortOrderTexts() const
+{
+    return alphabeticOrderTexts();
 }
 
 SearchHints GridColumnInfo::searchHints(const std::string&) const

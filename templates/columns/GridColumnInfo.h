@@ -66,6 +66,9 @@ struct SearchHints
     bool valuesRecur = false;     ///< the same few numbers come again and again
 };
 
+/// The two directions of a sort by letters, ascending first.
+const std::array<std::string, 2>& alphabeticOrderTexts();
+
 /// One column of the template grid: turns the template's value under the column's key into the text of a cell and back,
 /// and knows all else that sets its kind of value apart. The order of the first virtual operations is part of the
 /// interface. A new kind is a class in a header of its own, and a line in ColumnKinds.cpp.

@@ -46,7 +46,7 @@ class RatingColumn : public GridColumnInfoDouble
 public:
     using GridColumnInfoDouble::GridColumnInfoDouble;
 
-    const std::array<std::string, 2>& sortOrderTexts() const override { return GridColumnInfo::sortOrderTexts(); }
+    const std::array<std::string, 2>& sortOrderTexts() const override { return alphabeticOrderTexts(); }
     CellAppearance appearance() const override { return {CellAlignment::right, false}; }
     void draw(CellPainter& painter, const std::string& text) const override
     {

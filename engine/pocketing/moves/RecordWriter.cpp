@@ -52,8 +52,11 @@ std::vector<ToolpathRecord> writeRecords(const std::vector<Move>& moves, const R
         {
             const double length = std::hypot(grid.toLength(move.track.length()), move.z - z);
             const double pieces = settings.greatestLength > 0 ? std::ceil(length / settings.greatestLength) : 1;
-            for (double i = 1; i < pieces; ++i)
+            for (std::size_t k = 1; k < static_cast<std::size_t>(pieces); ++k)
+            {
+                const auto i = static_cast<double>(k);
                 records.emplace_back(LinearMove{at(move.track.at(i / pieces), z + (move.z - z) * i / pieces, grid)});
+            }
             records.emplace_back(LinearMove{end});
         }
         else if (move.track.turn == Turn::left)
