@@ -189,6 +189,7 @@ TEST(Tour, IsNoLongerThanNearestNeighbourAndFarShorterThanTheGivenOrder)
     for (const int count : {1, 2, 7, 400})
     {
         std::vector<Vec> places;
+        places.reserve(static_cast<std::size_t>(count));
         for (int i = 0; i < count; ++i)
             places.push_back({coordinate(random), coordinate(random)});
         const std::vector<std::size_t> tour = shortTour(places, {0, 0}, cancel);
@@ -213,6 +214,7 @@ TEST(Tour, IsNoLongerThanNearestNeighbourAndFarShorterThanTheGivenOrder)
     }
     // Two rows: the way along one and back along the other has no link longer than the gap.
     std::vector<Vec> rows;
+    rows.reserve(20);
     for (int i = 0; i < 20; ++i)
         rows.push_back({10.0 * (i % 10), i < 10 ? 0.0 : 10.0});
     Vec at{0, 0};
