@@ -229,12 +229,13 @@ TEST(LoopTree, CutsEveryLoopOnceAndComesBack)
 {
     // Three rows of squares a gap apart, one far away, and one behind a wall.
     std::vector<Track> squares;
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column < 5; ++column)
-            squares.push_back(trackOf(square(1200 * column, 1200 * row, 1000)));
+    for (const int y : {0, 1200, 2400})
+        for (const int x : {0, 1200, 2400, 3600, 4800})
+            squares.push_back(trackOf(square(x, y, 1000)));
     squares.push_back(trackOf(square(20000, 0, 1000)));
     squares.push_back(trackOf(square(0, 3600, 1000)));
     std::vector<const Track*> loops;
+    loops.reserve(squares.size());
     for (const Track& loop : squares)
         loops.push_back(&loop);
     const GougeCheck walls({{{-5000, 3450}, {9000, 3450}, {9000, 3550}, {-5000, 3550}}},

@@ -337,7 +337,7 @@ TEST_F(GridFlowTest, TheSortAndTheRowInHandSurviveEveryRefill)
             manager()->ScreenToClient(headings->ClientToScreen(grid()->CalcScrolledPosition(wxPoint(column.x, 0))));
         const wxImage picture = pictureOf(manager(), {corner, wxSize(column.width, 12)});
         return picture.IsOk() ? std::string(reinterpret_cast<const char*>(picture.GetData()),
-                                            std::size_t{3 * 12} * static_cast<std::size_t>(column.width))
+                                            std::size_t{36} * static_cast<std::size_t>(column.width))
                               : std::string();
     };
     const auto clickHeading = [] { clickAt(grid()->GetGridColLabelWindow(), heading("Material")); };
