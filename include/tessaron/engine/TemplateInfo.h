@@ -63,7 +63,7 @@ struct TemplatePreferences
     bool autoSizeColumns = false;    ///< column widths follow the contents
     bool autoSizeRows = true;        ///< row heights follow the contents
     std::string font;                ///< the toolkit's own description of the grid font; empty: the grid's own
-    int theme = -1;                  ///< the visual theme that the user chose, in force where the host asks for none; -1: none
+    int theme = -1;                  ///< visual theme that the user chose, for hosts that ask for none; -1: none
 
     bool operator==(const TemplatePreferences& other) const
     {
