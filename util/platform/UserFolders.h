@@ -7,7 +7,7 @@
 namespace util
 {
 
-// On POSIX systems these folders follow the XDG Base Directory Specification, version 0.8.
+// On POSIX systems these are the base directories of freedesktop.org (XDG, version 0.8).
 
 /// The user's folder for configuration files, an absolute path; empty when the system does not tell.
 std::string userConfigurationFolder();
