@@ -37,6 +37,13 @@ void ByteSink::drain()
     m_cursor = m_buffer.get();
 }
 
+void ByteSink::makeRoom(std::size_t size)
+{
+    drain();
+    if (size > bufferSize)
+        fail(archive_exception::output_stream_error);
+}
+
 void ByteSink::appendLarge(const void* bytes, std::size_t size)
 {
     drain();

@@ -16,11 +16,11 @@ class ByteSink
 public:
     explicit ByteSink(std::ostream& stream);
 
-    /// Room for at least `size` bytes (at most maxReserve); advance() says how many of them were used.
+    /// Room for at least `size` bytes; advanceTo() says how many of them were used. Fails where the buffer is smaller.
     char* reserve(std::size_t size)
     {
         if (static_cast<std::size_t>(m_end - m_cursor) < size) [[unlikely]]
-            drain();
+            makeRoom(size);
         return m_cursor;
     }
     void advanceTo(char* cursor) { m_cursor = cursor; }
@@ -43,6 +43,7 @@ public:
 
 private:
     void drain();
+    void makeRoom(std::size_t size);
     void appendLarge(const void* bytes, std::size_t size);
     void put(const char* bytes, std::size_t size);
 

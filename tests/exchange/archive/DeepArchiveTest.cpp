@@ -1,5 +1,6 @@
 // Classes of a host that nest as deep as they like, in the archives that take classes of a host.
 
+#include "exchange/archive/RecordTable.h"
 #include <tessaron/exchange/PolymorphicArchives.h>
 
 #include <boost/archive/archive_exception.hpp>
@@ -154,6 +155,20 @@ TEST(DeepArchives, FromOutsideAreRefusedBeforeTheStackEnds)
             text += xml.substr(begin, end - begin);
         runOnSmallStack([&text] { EXPECT_THROW(readFrom(text), boost::archive::archive_exception); });
     }
+}
+
+TEST(ElementNames, LongerThanTheBufferAreRefused)
+{
+    const exchange::FeedRate record{1};
+    const auto write = [&record](std::size_t length)
+    {
+        std::ostringstream stream;
+        const auto kind = exchange::archive::RecordKindOf<exchange::FeedRate>::value;
+        exchange::archive::xmlRecordWriter(kind)(stream, std::string(length, 'n').c_str(), &record);
+        return stream.str();
+    };
+    EXPECT_NE(write(1000).find("</" + std::string(1000, 'n') + ">"), std::string::npos);
+    EXPECT_THROW(write(1'000'000), boost::archive::archive_exception);
 }
 
 } // namespace
