@@ -22,31 +22,6 @@ protected:
         return found;
     }
 
-    static wxTextCtrl* editor()
-    {
-        return grid()->IsCellEditControlShown() ? dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus()) : nullptr;
-    }
-
-    // Types over a cell: picks it, opens its editor, types, Enter.
-    static void edit(WindowDriver& user, int row, const wxString& title, const char* text)
-    {
-        user.when("the manager is up", atRest, [row, title] { clickCell(row, title); });
-        user.when(
-            "the cell is the current one",
-            [row, title] { return isSelected(row) && grid()->GetGridCursorCol() == columnOf(title); },
-            [] { pressKey(WXK_F2); });
-        user.when("the editor has the focus", editor,
-                  [text]
-                  {
-                      pressKey('A', wxMOD_CONTROL);
-                      pressKey(WXK_DELETE);
-                      type(text);
-                  });
-        user.when(
-            "the text is there", [text] { return editor() && editor()->GetValue() == text; },
-            [] { pressKey(WXK_RETURN); });
-    }
-
     util::Parameterized stored(const std::string& name) const
     {
         util::Parameterized set;

@@ -176,6 +176,31 @@ protected:
         return managerIsUp() && manager()->IsEnabled() && topWindow() == manager() && takesKeys(manager());
     }
 
+    static wxTextCtrl* editor()
+    {
+        return grid()->IsCellEditControlShown() ? dynamic_cast<wxTextCtrl*>(wxWindow::FindFocus()) : nullptr;
+    }
+
+    // Types over a cell: picks it, opens its editor, types, Enter.
+    static void edit(WindowDriver& user, int row, const wxString& title, const char* text)
+    {
+        user.when("the manager is up", atRest, [row, title] { clickCell(row, title); });
+        user.when(
+            "the cell is the current one",
+            [row, title] { return isSelected(row) && grid()->GetGridCursorCol() == columnOf(title); },
+            [] { pressKey(WXK_F2); });
+        user.when("the editor has the focus", editor,
+                  [text]
+                  {
+                      pressKey('A', wxMOD_CONTROL);
+                      pressKey(WXK_DELETE);
+                      type(text);
+                  });
+        user.when(
+            "the text is there", [text] { return editor() && editor()->GetValue() == text; },
+            [] { pressKey(WXK_RETURN); });
+    }
+
     /// Gives a command from within the manager's own loop, so that it may open a dialog.
     static void open(int id)
     {
