@@ -12,6 +12,7 @@
 #include <wx/choice.h>
 #include <wx/frame.h>
 #include <wx/grid.h>
+#include <wx/textctrl.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
 
