@@ -5,6 +5,12 @@ file(GLOB_RECURSE TESSARON_PUBLIC_HEADERS CONFIGURE_DEPENDS RELATIVE "${PROJECT_
 
 # Those that are C as well as C++.
 set(TESSARON_PUBLIC_C_HEADERS
-  tessaron/engine/JobServiceC.h
+  tessaron/c/Common.h
+  tessaron/c/CuttingData.h
+  tessaron/c/Inputs.h
+  tessaron/c/Jobs.h
+  tessaron/c/Parameters.h
+  tessaron/c/Templates.h
+  tessaron/c/Toolpaths.h
   tessaron/frame/PlainEntryPoints.h
   tessaron/util/Export.h)
