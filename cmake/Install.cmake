@@ -18,6 +18,10 @@ install(TARGETS ${TESSARON_LIBRARIES} EXPORT TessaronTargets
   INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/tessaron" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" FILES_MATCHING PATTERN "*.h")
 
+# The package finds the libraries from where it lies.
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/python/tessaron" DESTINATION lib/python3/dist-packages
+  FILES_MATCHING PATTERN "*.py" PATTERN "py.typed")
+
 # The engine looks for its data beside its library, and the module for its help files.
 install(FILES "${TESSARON_EXPERT_DATABASE}" ${TESSARON_HELP_FILES} DESTINATION "${CMAKE_INSTALL_LIBDIR}")
 
