@@ -94,6 +94,7 @@ std::string currentString(int id)
 void setUpProgressWindow(DialogBase& dialog, mfcutil::CTransparentImage* picture, int templateId)
 {
     dialog.SetIcons(currentResources().icon(iconId));
+    native::keepReachable(dialog);
     if (picture)
     {
         picture->setPicture(currentResources().bitmap(isTurning(templateId) ? turningPicture : millingPicture));

@@ -4,6 +4,7 @@
 #include "frame/HostWindows.h"
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
+#include "frame/native/NativeToolkit.h"
 #include "templates/TemplateManagerFormView.h"
 #include "templates/TemplateManagerRibbon.h"
 #include <tessaron/frame/ResourceSet.h>
@@ -58,6 +59,8 @@ bool TemplateManagerFrameWnd::initialUpdate()
     SetSize(wxSize(std::clamp(m_form->info().windowWidth, GetMinSize().x, std::max(screen.x, GetMinSize().x)),
                    std::clamp(m_form->info().windowHeight, GetMinSize().y, std::max(screen.y, GetMinSize().y))));
     Layout();
+    // Not every window of a host is the toolkit's and can be disabled.
+    native::setModal(*this, true);
     Show();
     Raise();
     return true;

@@ -47,6 +47,9 @@ void waitForMessage(int milliseconds);
 /// toolkit's.
 void setModal(wxWindow& window, bool modal);
 
+/// Lets a window take input also while another window of the process is modal.
+void keepReachable(wxWindow& window);
+
 /// Lets a dialog's controls be as small as its template says: the native theme's paddings and least sizes assume more
 /// room.
 void makeCompact(wxWindow& dialog);

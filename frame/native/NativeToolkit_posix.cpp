@@ -170,6 +170,16 @@ void setModal(wxWindow& window, bool modal)
         gtk_window_set_modal(GTK_WINDOW(widgetOf(window)), modal);
 }
 
+void keepReachable(wxWindow& window)
+{
+    if (!GTK_IS_WINDOW(widgetOf(window)))
+        return;
+    // What a modal window holds back is the input of its own group.
+    GtkWindowGroup* const group = gtk_window_group_new();
+    gtk_window_group_add_window(group, GTK_WINDOW(widgetOf(window)));
+    g_object_unref(group);
+}
+
 void makeCompact(wxWindow& dialog)
 {
     for (wxWindow* const child : dialog.GetChildren())
