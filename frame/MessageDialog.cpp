@@ -40,7 +40,7 @@ public:
     {
         if (!createBare(owner, caption))
             return;
-        auto* const message = new wxStaticText(this, idText, text);
+        auto* const message = new wxStaticText(this, idText, wxControl::EscapeMnemonics(text));
         message->Wrap(FromDIP(widestLine));
         auto* const body = new wxBoxSizer(wxHORIZONTAL);
         const int gap = FromDIP(12);
