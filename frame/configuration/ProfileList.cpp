@@ -150,7 +150,9 @@ std::optional<std::string> withProfile(const std::string& text, const std::strin
 
 bool addProfile(const std::string& folder, const std::string& listFile, const std::string& path)
 {
-    const util::FolderLock lock(folder, util::FolderLock::Kind::exclusive);
+    // The host's user interface waits meanwhile, and whoever may read the folder can hold it.
+    constexpr int patience = 1000;
+    const util::FolderLock lock(folder, util::FolderLock::Kind::exclusive, patience);
     if (lock.isBusy())
         return false;
     const std::string list = folder + configPaths::separator + listFile;

@@ -13,11 +13,12 @@ namespace TessaronResources
 namespace
 {
 
-/// The folder of the profile; empty when the platform does not tell.
+/// The folder of the profile; empty when the platform does not tell, or tells it in bytes that the toolkit has no text
+/// for: without a file of its own the toolkit takes the host's.
 std::string profileFolder()
 {
     const std::string folder = util::userConfigurationFolder();
-    return folder.empty() ? folder : configPaths::makerFolder(folder, "");
+    return wxString::FromUTF8(folder).empty() ? std::string() : configPaths::makerFolder(folder, "");
 }
 
 wxString profileFile()

@@ -25,7 +25,7 @@ std::string absoluteFolder(const char* text)
 
 std::string homeFolder()
 {
-    if (const char* const home = std::getenv("HOME"); home && *home)
+    if (std::string home = absoluteFolder(std::getenv("HOME")); !home.empty())
         return home;
     passwd entry{};
     passwd* found = nullptr;
@@ -33,6 +33,20 @@ std::string homeFolder()
     if (::getpwuid_r(::getuid(), &entry, texts.data(), texts.size(), &found) != 0 || !found || !found->pw_dir)
         return {};
     return found->pw_dir;
+}
+
+std::vector<std::string> foldersOf(const std::string& list)
+{
+    std::vector<std::string> folders;
+    for (std::size_t begin = 0; begin <= list.size();)
+    {
+        const std::size_t end = std::min(list.find(':', begin), list.size());
+        const std::string folder = absoluteFolder(list.substr(begin, end - begin).c_str());
+        if (!folder.empty())
+            folders.push_back(folder);
+        begin = end + 1;
+    }
+    return folders;
 }
 
 } // namespace
@@ -49,17 +63,8 @@ std::string userConfigurationFolder()
 std::vector<std::string> sharedDataFolders()
 {
     const char* const variable = std::getenv("XDG_DATA_DIRS");
-    const std::string list = variable && *variable ? variable : "/usr/local/share:/usr/share";
-    std::vector<std::string> folders;
-    for (std::size_t begin = 0; begin <= list.size();)
-    {
-        const std::size_t end = std::min(list.find(':', begin), list.size());
-        const std::string folder = absoluteFolder(list.substr(begin, end - begin).c_str());
-        if (!folder.empty())
-            folders.push_back(folder);
-        begin = end + 1;
-    }
-    return folders;
+    const std::vector<std::string> folders = foldersOf(variable ? variable : "");
+    return folders.empty() ? foldersOf("/usr/local/share:/usr/share") : folders;
 }
 
 void makeUserFolder(const std::string& path)
