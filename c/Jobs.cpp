@@ -3,12 +3,14 @@
 #include "c/Failure.h"
 #include "c/Inputs.h"
 #include "c/Toolpaths.h"
+#include "util/platform/ReadySignal.h"
 #include <tessaron/engine/JobService.h>
 #include <tessaron/exchange/StatusTable.h>
 
 #include <boost/variant/apply_visitor.hpp>
 
 #include <iterator>
+#include <memory>
 #include <string>
 
 namespace
@@ -152,6 +154,28 @@ int tessaronJobWait(int job, int milliseconds, int* state)
             if (reached == exchange::JobState::unknown)
                 throw failureOf(exchange::status::unknownJob);
             *state = static_cast<int>(reached);
+        });
+}
+
+int tessaronJobNotify(int job, void (*ended)(int job, void* data), void* data)
+{
+    return guarded(
+        [&]
+        {
+            needed(ended, "ended");
+            require(exchange::notifyJobEnd(job, [=] { ended(job, data); }));
+        });
+}
+
+int tessaronJobDescriptor(int job, int* descriptor)
+{
+    return guarded(
+        [&]
+        {
+            needed(descriptor, "descriptor");
+            const auto signal = std::make_shared<util::ReadySignal>();
+            require(exchange::notifyJobEnd(job, [signal] { signal->set(); }));
+            *descriptor = signal->descriptor();
         });
 }
 

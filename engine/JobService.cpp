@@ -143,6 +143,15 @@ JobState waitForJob(int jobId, int milliseconds)
     return ref.job ? ref.job->wait(milliseconds) : JobState::unknown;
 }
 
+int notifyJobEnd(int jobId, std::function<void()> call)
+{
+    const jobs::JobRef ref = JobRegistry::instance().find(jobId);
+    if (!ref.job)
+        return status::unknownJob;
+    ref.job->onEnd(std::move(call));
+    return status::ok;
+}
+
 boost::shared_ptr<const ToolpathRecords> jobToolpath(int jobId)
 {
     const jobs::JobRef ref = JobRegistry::instance().find(jobId);

@@ -70,39 +70,65 @@ void Job::setWorkerStage(int worker, std::string_view stage, double value)
         setOnly(m_workerStages.at(static_cast<std::size_t>(worker)), stage, value);
 }
 
+template <class Change>
+void Job::end(const Change& change)
+{
+    std::vector<std::function<void()>> calls;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_info.state != JobState::running)
+            return;
+        m_info.state = m_cancel.isSet() ? JobState::cancelled : change();
+        if (m_info.state == JobState::cancelled)
+            m_info.status = status::cancelled;
+        m_info.stages.clear();
+        for (util::Parameterized& stages : m_workerStages)
+            stages.clear();
+        calls.swap(m_endCalls);
+        m_ended.notify_all();
+    }
+    for (const std::function<void()>& call : calls)
+        call();
+}
+
 void Job::finish(boost::shared_ptr<const ToolpathRecords> toolpath, int code, std::vector<JobFinding> findings)
 {
-    const std::lock_guard lock(m_mutex);
-    if (m_info.state != JobState::running)
-        return;
-    if (m_cancel.isSet())
-        return end(JobState::cancelled, status::cancelled);
-    m_toolpath = std::move(toolpath);
-    m_info.percent = 100.0;
-    m_info.findings = std::move(findings);
-    end(JobState::finished, code);
+    end(
+        [&]
+        {
+            m_toolpath = std::move(toolpath);
+            m_info.percent = 100.0;
+            m_info.findings = std::move(findings);
+            m_info.status = code;
+            return JobState::finished;
+        });
 }
 
-void Job::fail(int status, const std::string& text, const std::string& field)
+void Job::fail(int code, const std::string& text, const std::string& field)
 {
-    const std::lock_guard lock(m_mutex);
-    if (m_info.state != JobState::running)
-        return;
-    if (m_cancel.isSet() || status == status::cancelled)
-        return end(JobState::cancelled, status::cancelled);
-    m_info.text = m_source.empty() ? text : m_source + ": " + text;
-    m_info.field = field;
-    end(JobState::failed, status);
+    end(
+        [&]
+        {
+            if (code == status::cancelled)
+                return JobState::cancelled;
+            m_info.text = m_source.empty() ? text : m_source + ": " + text;
+            m_info.field = field;
+            m_info.status = code;
+            return JobState::failed;
+        });
 }
 
-void Job::end(JobState state, int status)
+void Job::onEnd(std::function<void()> call)
 {
-    m_info.state = state;
-    m_info.status = status;
-    m_info.stages.clear();
-    for (util::Parameterized& stages : m_workerStages)
-        stages.clear();
-    m_ended.notify_all();
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_info.state == JobState::running)
+        {
+            m_endCalls.push_back(std::move(call));
+            return;
+        }
+    }
+    call();
 }
 
 JobInfo Job::info() const

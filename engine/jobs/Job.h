@@ -40,7 +40,11 @@ public:
 
     /// Ends the job. A job that was asked to stop ends as cancelled in either case; only the first end counts.
     void finish(boost::shared_ptr<const ToolpathRecords> toolpath, int status, std::vector<JobFinding> findings);
-    void fail(int status, const std::string& text, const std::string& field);
+    void fail(int code, const std::string& text, const std::string& field);
+
+    /// What to call, once, when the job has ended; called at once when it has. Runs on the thread that ends the job, which
+    /// holds no lock.
+    void onEnd(std::function<void()> call);
 
     JobInfo info() const;
     JobInfo workerInfo(int worker) const;
@@ -49,7 +53,9 @@ public:
     std::vector<int> workerIds() const;
 
 private:
-    void end(JobState state, int status);
+    /// Ends the job, unless it has ended before; `change` sets what the end brings and returns the state.
+    template <class Change>
+    void end(const Change& change);
 
     const int m_id;
     const std::string m_source;
@@ -63,6 +69,7 @@ private:
     JobInfo m_info;
     std::vector<util::Parameterized> m_workerStages;
     boost::shared_ptr<const ToolpathRecords> m_toolpath;
+    std::vector<std::function<void()>> m_endCalls;
 };
 
 } // namespace exchange::jobs

@@ -2,8 +2,10 @@
 
 from __future__ import annotations
 
+import asyncio
 import ctypes
 import enum
+import os
 import time
 from collections.abc import Callable
 from typing import Optional
@@ -96,6 +98,34 @@ class Job:
         if progress is not None:
             progress(info.percent)
         return Toolpath._made("tessaronJobToolpath", self.id)
+
+    def open_descriptor(self) -> int:
+        """A file descriptor that is readable as soon as the job has ended: for select, or asyncio's add_reader.
+
+        The caller closes it by os.close.
+        """
+        descriptor = ctypes.c_int()
+        lib.call("tessaronJobDescriptor", self.id, ctypes.byref(descriptor))
+        return descriptor.value
+
+    async def finished(self, progress: Optional[Callable[[float], object]] = None) -> Toolpath:
+        """result() for a coroutine: the event loop goes on while the job runs."""
+        loop = asyncio.get_running_loop()
+        ended = asyncio.Event()
+        descriptor = self.open_descriptor()
+        loop.add_reader(descriptor, ended.set)
+        try:
+            while not ended.is_set():
+                if progress is not None:
+                    progress(self.percent)
+                try:
+                    await asyncio.wait_for(ended.wait(), 0.1)
+                except asyncio.TimeoutError:
+                    pass
+        finally:
+            loop.remove_reader(descriptor)
+            os.close(descriptor)
+        return self.result(progress)
 
     def cancel(self) -> None:
         """Asks the job to stop; does nothing to one that has ended."""

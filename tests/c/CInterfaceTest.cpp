@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -18,6 +19,9 @@
 #include <string>
 #include <thread>
 #include <vector>
+
+#include <poll.h>
+#include <unistd.h>
 
 // The interface for C as a host uses it; the pocket is built by a client that is written in C.
 
@@ -345,6 +349,49 @@ TEST(CInterface, JobsAreWatchedAndCancelled)
     EXPECT_EQ(tessaronJobWait(0, -1, &state), exchange::status::unknownJob);
     EXPECT_EQ(state, -1);
     EXPECT_EQ(tessaronJobCancel(0), exchange::status::unknownJob);
+}
+
+TEST(CInterface, TheEndOfAJobIsToldToLoopsAndFunctions)
+{
+    const Input input(pocketFromC());
+    tessaronParametersSetDouble(tessaronInputParameters(input), "Stepover", 0.02);
+    std::atomic<int> ended = 0;
+    const auto count = [](int, void* data) { ++*static_cast<std::atomic<int>*>(data); };
+    pollfd wait{-1, POLLIN, 0};
+    {
+        const PocketJob job(input);
+        ASSERT_EQ(tessaronJobNotify(job.id(), count, &ended), TESSARON_OK);
+        ASSERT_EQ(tessaronJobDescriptor(job.id(), &wait.fd), TESSARON_OK);
+        EXPECT_EQ(::poll(&wait, 1, 0), 0) << "the job still runs";
+        EXPECT_EQ(ended, 0);
+        tessaronJobCancel(job.id());
+        EXPECT_EQ(::poll(&wait, 1, longEnough), 1);
+        job.wait();
+        ASSERT_EQ(tessaronJobNotify(job.id(), count, &ended), TESSARON_OK);
+        EXPECT_GE(ended, 1) << "called at once for a job that has ended";
+    }
+    EXPECT_EQ(::poll(&wait, 1, 0), 1) << "it stays readable when the job is forgotten";
+    ::close(wait.fd);
+    EXPECT_EQ(tessaronJobNotify(0, count, &ended), exchange::status::unknownJob);
+    EXPECT_EQ(tessaronJobNotify(0, nullptr, &ended), TESSARON_INVALID_ARGUMENT);
+    EXPECT_EQ(tessaronJobDescriptor(0, &wait.fd), exchange::status::unknownJob);
+    while (ended < 2)
+        std::this_thread::yield();
+    EXPECT_EQ(ended, 2);
+}
+
+// Released while it runs, the job ends out of sight: whoever waits is told all the same.
+TEST(CInterface, AReleasedJobTellsItsEnd)
+{
+    const Input input(pocketFromC());
+    tessaronParametersSetDouble(tessaronInputParameters(input), "Stepover", 0.02);
+    pollfd wait{-1, POLLIN, 0};
+    {
+        const PocketJob job(input);
+        ASSERT_EQ(tessaronJobDescriptor(job.id(), &wait.fd), TESSARON_OK);
+    }
+    EXPECT_EQ(::poll(&wait, 1, longEnough), 1);
+    ::close(wait.fd);
 }
 
 TEST(CInterface, TemplatesAreSavedListedAndDeleted)

@@ -1,5 +1,6 @@
 """The Python package as its users call it."""
 
+import asyncio
 import gc
 import math
 import pathlib
@@ -135,6 +136,26 @@ class JobTest(unittest.TestCase):
         with tessaron.Job(pocket(**{"Tool Diameter": 0.0})) as job, self.assertRaises(tessaron.Error) as raised:
             job.result()
         self.assertEqual(raised.exception.field, "Tool Diameter")
+
+    def test_coroutines_go_on_meanwhile(self):
+        async def run():
+            turns = 0
+
+            async def count():
+                nonlocal turns
+                while True:
+                    turns += 1
+                    await asyncio.sleep(0)
+
+            other = asyncio.create_task(count())
+            with tessaron.Job(pocket()) as job:
+                toolpath = await job.finished()
+            other.cancel()
+            return turns, len(toolpath)
+
+        turns, records = asyncio.run(run())
+        self.assertGreater(turns, 1)
+        self.assertGreater(records, 0)
 
     def test_waiting_lets_other_threads_run_and_cancel(self):
         with tessaron.Job(pocket(Stepover=0.02)) as job:

@@ -56,6 +56,12 @@ extern "C"
     /* Waits until a job has ended: `milliseconds` long, without limit when negative. `state` receives what it is then,
      * TESSARON_JOB_RUNNING after a time-out. */
     TESSARON_ENGINES_API int tessaronJobWait(int job, int milliseconds, int* state);
+    /* Has a function called, once, when a job has ended: on a thread of the engine, or at once when the job has ended
+     * already. It should be short, and may call anything of this interface. */
+    TESSARON_ENGINES_API int tessaronJobNotify(int job, void (*ended)(int job, void* data), void* data);
+    /* Makes a file descriptor that is readable as soon as the job has ended, and stays so: for event loops, by poll().
+     * The caller closes it. */
+    TESSARON_ENGINES_API int tessaronJobDescriptor(int job, int* descriptor);
     /* Asks a job to stop. Does nothing to one that has ended. */
     TESSARON_ENGINES_API int tessaronJobCancel(int job);
     /* Forgets a job, after cancelling it when it still runs. Its toolpath handles stay valid. */
