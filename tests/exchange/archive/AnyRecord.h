@@ -9,6 +9,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace testing_support
@@ -52,7 +53,7 @@ constexpr AnyRecord anyRecord{[](std::istream& stream)
                               &rewritten<Record>};
 
 /// The record that a golden file holds, by the first part of its name.
-inline const AnyRecord& recordOfGolden(const std::string& name)
+inline const AnyRecord& recordOfGolden(std::string_view name)
 {
     using namespace exchange;
     struct Row
@@ -92,7 +93,7 @@ inline const AnyRecord& recordOfGolden(const std::string& name)
     for (const Row& row : rows)
         if (name.rfind(row.start, 0) == 0)
             return row.record;
-    throw std::runtime_error("no record known for " + name);
+    throw std::runtime_error("no record known for " + std::string(name));
 }
 
 inline std::vector<std::filesystem::path> goldenFiles()
