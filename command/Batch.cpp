@@ -188,9 +188,7 @@ void Batch::showProgress()
 void Batch::fail(const Task& task, const std::string& text, int code)
 {
     ++m_failures;
-    // A text that begins with the file does not need it twice.
-    m_terminal.message((text.find("'" + task.input + "'") == std::string::npos ? task.input + ": " : std::string()) +
-                       "error: " + text + codeText(code));
+    m_terminal.message(task.input + ": error: " + text + codeText(code));
 }
 
 } // namespace command

@@ -191,9 +191,9 @@ TEST_F(Command, GoesOnWhenSomeOfManyPartsFail)
         EXPECT_EQ(run({"-j", jobs, "-o", "out", "1.xml", "2.xml", "3.xml", "4.xml", "5.xml", "6.xml", "7.xml"}), 1);
         EXPECT_TRUE(has(errors, "2.xml: error: No toolpath was generated")) << errors;
         EXPECT_TRUE(has(errors, "(-1013)")) << errors;
-        EXPECT_TRUE(has(errors, "error: Cannot read '4.xml'")) << errors;
-        EXPECT_TRUE(has(errors, "error: Cannot read '6.xml'")) << errors;
-        EXPECT_TRUE(has(errors, "error: Cannot read '7.xml': No such file")) << errors;
+        EXPECT_TRUE(has(errors, "4.xml: error: Cannot read '4.xml'")) << errors;
+        EXPECT_TRUE(has(errors, "6.xml: error: Cannot read '6.xml'")) << errors;
+        EXPECT_TRUE(has(errors, "7.xml: error: Cannot read '7.xml': No such file")) << errors;
         for (const char* const name : {"1", "3", "5"})
         {
             EXPECT_TRUE(fs::remove(folder / ("out/" + std::string(name) + ".ngc"))) << name;
