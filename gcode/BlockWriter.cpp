@@ -9,7 +9,7 @@ namespace exchange::gcode
 namespace
 {
 
-constexpr std::size_t flushedAt = 64 * 1024;
+constexpr std::size_t flushedAt = std::size_t{64} * 1024;
 // NISTIR 6556, 3.3.1 and 3.3: the greatest line number, and the longest line.
 constexpr int greatestLineNumber = 99999;
 constexpr std::size_t longestComment = 200;

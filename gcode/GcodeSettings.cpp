@@ -207,6 +207,7 @@ const std::vector<GcodeSetting>& gcodeSettings()
     static const std::vector<GcodeSetting> settings = []
     {
         std::vector<GcodeSetting> shown;
+        shown.reserve(rows.size());
         for (const Row& row : rows)
             shown.push_back(row.shown);
         return shown;
