@@ -3,7 +3,7 @@ find_package(Threads REQUIRED)
 find_package(PkgConfig REQUIRED)
 # CMake may be older than this Boost, and would warn of it many times.
 set(Boost_NO_WARN_NEW_VERSIONS ON)
-find_package(Boost 1.81 REQUIRED COMPONENTS serialization)
+find_package(Boost 1.81 REQUIRED COMPONENTS serialization program_options)
 find_package(SQLite3 REQUIRED)
 pkg_check_modules(POLYCLIPPING REQUIRED IMPORTED_TARGET polyclipping)
 pkg_check_modules(GTK REQUIRED IMPORTED_TARGET gtk+-3.0)

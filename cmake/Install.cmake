@@ -13,6 +13,11 @@ foreach(library IN LISTS TESSARON_LIBRARIES)
   target_compile_features(${library} INTERFACE cxx_std_17)
 endforeach()
 
+# So does the command, in the folder of programs.
+file(RELATIVE_PATH fromPrograms "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+set_target_properties(tessaron-job PROPERTIES INSTALL_RPATH "$ORIGIN/${fromPrograms}")
+install(TARGETS tessaron-job RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+
 install(TARGETS ${TESSARON_LIBRARIES} EXPORT TessaronTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")

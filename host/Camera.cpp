@@ -95,6 +95,12 @@ void Camera::pan(double dx, double dy)
     m_shift.y += dy;
 }
 
+void Camera::centreOn(const Point3& point)
+{
+    const ScreenPoint now = project(point);
+    pan(m_width / 2 - now.x, m_height / 2 - now.y);
+}
+
 Point3 Camera::pointAt(const ScreenPoint& screen, double height) const
 {
     const double right = (screen.x - m_shift.x) / m_scale;

@@ -36,6 +36,8 @@ public:
     /// Scales the view and keeps the point below the given one where it is.
     void zoomAt(const ScreenPoint& point, double factor);
     void pan(double dx, double dy);
+    /// Moves the view so that a point is in its middle.
+    void centreOn(const Point3& point);
 
     ScreenPoint project(const Point3& point) const
     {

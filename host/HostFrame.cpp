@@ -1,13 +1,13 @@
 #include "host/HostFrame.h"
 
 #include "host/Accessibility.h"
+#include "host/FindingsList.h"
+#include "host/HostMenus.h"
 #include "host/Icons.h"
 #include "host/PartView.h"
 #include "host/SidePanel.h"
-#include <tessaron/exchange/Archives.h>
+#include "host/ToolpathFiles.h"
 #include <tessaron/util/Keys.h>
-
-#include <boost/make_shared.hpp>
 
 #include <wx/aboutdlg.h>
 #include <wx/app.h>
@@ -16,6 +16,7 @@
 #include <wx/filename.h>
 #include <wx/infobar.h>
 #include <wx/menu.h>
+#include <wx/msgdlg.h>
 #include <wx/sizer.h>
 #include <wx/toolbar.h>
 #include <wx/utils.h>
@@ -26,27 +27,16 @@ namespace host
 namespace
 {
 
-enum Command
-{
-    commandOpenToolpath = wxID_HIGHEST + 1,
-    commandGenerate,
-    commandCancel,
-    commandLooks, // one for each look
-    commandChipThickness = commandLooks + 4,
-    commandGougeCheck,
-    commandSmartLink,
-    commandLoadTemplate,
-    commandSaveTemplate,
-    commandAbove,
-    commandSide,
-};
-
-constexpr double defaultRapidRate = 10000;
 constexpr char partFiles[] = "Parts (*.xml;*.bin)|*.xml;*.bin|All files|*";
 constexpr char toolpathFiles[] = "Toolpaths (*.xml)|*.xml|All files|*";
 
 // Room for the drawing on a small laptop.
 const wxSize preferredSize(1280, 820);
+
+std::string fileName(const std::string& path)
+{
+    return wxFileName(wxString::FromUTF8(path)).GetFullName().utf8_string();
+}
 
 class PartDrop : public wxFileDropTarget
 {
@@ -75,8 +65,12 @@ HostFrame::HostFrame(const Module& module, const std::string& samples, const std
     m_bar = new wxInfoBar(this);
     m_view = new PartView(this);
     m_panel = new SidePanel(this);
+    m_findings = new FindingsList(this);
+    auto* const drawing = new wxBoxSizer(wxVERTICAL);
+    drawing->Add(m_view, wxSizerFlags(1).Expand());
+    drawing->Add(m_findings, wxSizerFlags().Expand());
     auto* const middle = new wxBoxSizer(wxHORIZONTAL);
-    middle->Add(m_view, wxSizerFlags(1).Expand());
+    middle->Add(drawing, wxSizerFlags(1).Expand());
     middle->Add(m_panel, wxSizerFlags().Expand());
     auto* const all = new wxBoxSizer(wxVERTICAL);
     all->Add(m_bar, wxSizerFlags().Expand());
@@ -87,7 +81,7 @@ HostFrame::HostFrame(const Module& module, const std::string& samples, const std
     const int widths[] = {-1, FromDIP(240)};
     SetStatusWidths(2, widths);
     buildMenus();
-    buildTools();
+    addTools(*CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_HORZ_TEXT));
 
     m_view->onPointer = [this](const Point3* point)
     { SetStatusText(point ? wxString::Format("X %9.3f   Y %9.3f", (*point)[0], (*point)[1]) : wxString(), 1); };
@@ -98,6 +92,7 @@ HostFrame::HostFrame(const Module& module, const std::string& samples, const std
         m_showRapids = show;
         refresh();
     };
+    m_findings->onPick = [this](const exchange::JobFinding& finding) { showFinding(finding); };
     m_view->SetDropTarget(new PartDrop(*this));
     Bind(wxEVT_CLOSE_WINDOW, &HostFrame::onClose, this);
 
@@ -118,66 +113,22 @@ void HostFrame::command(int id, const std::function<void()>& action, const std::
 
 void HostFrame::buildMenus()
 {
-    auto* const file = new wxMenu;
-    file->Append(wxID_OPEN, L"&Open part\u2026\tCtrl+O", "Open a part to machine");
-    file->Append(commandOpenToolpath, L"Open &toolpath\u2026\tCtrl+T", "Show a saved toolpath over the part");
-    file->Append(wxID_SAVE, L"&Save toolpath\u2026\tCtrl+S", "Save the toolpath as an XML archive");
-    file->AppendSeparator();
-    file->Append(wxID_EXIT, "&Quit\tCtrl+Q", "Leave the program");
-
-    auto* const looks = new wxMenu;
-    const char* const lookNames[] = {"&Milling", "&Turning", "M&illing, with threads", "Tu&rning, with threads"};
-    for (int look = 0; look < static_cast<int>(std::size(lookNames)); ++look)
-        looks->AppendRadioItem(commandLooks + look, lookNames[look], "Which window of the module shows the progress");
-
-    auto* const job = new wxMenu;
-    job->Append(commandGenerate, "&Generate toolpath\tF5", "Compute the toolpath of the part");
-    job->Append(commandCancel, "&Cancel job\tShift+F5", "Stop computing");
-    job->AppendSeparator();
-    job->AppendSubMenu(looks, "&Progress window");
-
-    auto* const machining = new wxMenu;
-    machining->Append(commandChipThickness, L"&Chip thickness\u2026\tCtrl+K", "Balance speed, feed and stepover");
-    machining->Append(commandGougeCheck, L"&Gouge check\u2026", "Choose what is checked for collisions");
-    machining->Append(commandSmartLink, L"&SmartLink\u2026", "Choose how the pieces of a toolpath are linked");
-    machining->AppendSeparator();
-    machining->Append(commandLoadTemplate, L"&Load template\u2026\tCtrl+L",
-                      "Take the parameters of a stored operation");
-    machining->Append(commandSaveTemplate, L"S&ave as template\u2026", "Store the parameters of this operation");
-
-    auto* const view = new wxMenu;
-    view->Append(wxID_ZOOM_FIT, "&Zoom to fit\tCtrl+0", "Show all of the part");
-    view->Append(wxID_ZOOM_IN, "Zoom &in\tCtrl++", "Show less, larger");
-    view->Append(wxID_ZOOM_OUT, "Zoom &out\tCtrl+-", "Show more, smaller");
-    view->AppendSeparator();
-    view->AppendRadioItem(commandAbove, "From &above\tCtrl+1", "Look at the part from above");
-    view->AppendRadioItem(commandSide, "From the &side\tCtrl+2", "Look at the part and its depth levels from a side");
-
-    auto* const help = new wxMenu;
-    help->Append(wxID_ABOUT, "&About", "About this program");
-
-    auto* const bar = new wxMenuBar;
-    bar->Append(file, "&File");
-    bar->Append(job, "&Job");
-    bar->Append(machining, "&Machining");
-    bar->Append(view, "&View");
-    bar->Append(help, "&Help");
-    SetMenuBar(bar);
+    SetMenuBar(makeMenus());
 
     const auto idle = [this] { return !m_runner.running(); };
-    const auto hasPart = [this] { return m_part && !m_runner.running(); };
+    const auto hasPart = [this] { return part() && !m_runner.running(); };
     command(
         wxID_OPEN, [this] { askForPart(); }, idle);
     command(
         commandOpenToolpath, [this] { askForToolpath(); }, hasPart);
     command(
-        wxID_SAVE, [this] { askWhereToSave(); }, [this] { return m_records && !m_runner.running(); });
+        wxID_SAVE, [this] { askWhereToSave(); }, [this] { return toolpath() && !m_runner.running(); });
     command(wxID_EXIT, [this] { Close(); });
     command(
         commandGenerate, [this] { generate(); }, hasPart);
     command(
         commandCancel, [this] { m_runner.cancel(); }, [this] { return m_runner.running(); });
-    for (int look = 0; look < static_cast<int>(std::size(lookNames)); ++look)
+    for (int look = 0; look < lookCount; ++look)
         command(
             commandLooks + look, [this, look] { setProgressLook(static_cast<ProgressLook>(look)); }, idle);
 
@@ -221,79 +172,48 @@ void HostFrame::buildMenus()
             });
 }
 
-void HostFrame::buildTools()
+bool HostFrame::attempt(const std::string& done, const std::function<void()>& action)
 {
-    wxToolBar* const bar = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_HORZ_TEXT);
-    bar->SetToolBitmapSize(FromDIP(wxSize(24, 24)));
-    bar->AddTool(wxID_OPEN, "Open", icon(Icon::open), "Open a part (Ctrl+O)");
-    bar->AddTool(wxID_SAVE, "Save toolpath", icon(Icon::save), "Save the toolpath (Ctrl+S)");
-    bar->AddSeparator();
-    bar->AddTool(commandGenerate, "Generate toolpath", icon(Icon::generate), "Compute the toolpath (F5)");
-    bar->AddTool(commandCancel, "Cancel", icon(Icon::stop), "Stop computing (Shift+F5)");
-    bar->AddSeparator();
-    bar->AddRadioTool(commandAbove, "Above", icon(Icon::above), wxNullBitmap, "Look from above (Ctrl+1)");
-    bar->AddRadioTool(commandSide, "Side", icon(Icon::side), wxNullBitmap, "Look from a side (Ctrl+2)");
-    bar->AddTool(wxID_ZOOM_FIT, "Fit", icon(Icon::fit), "Show all of the part (Ctrl+0)");
-    bar->Realize();
-}
-
-bool HostFrame::openPart(const std::string& path)
-{
+    const wxBusyCursor busy;
     try
     {
-        auto part = std::make_shared<Part>(loadPart(path));
-        clearFailure();
-        m_part = std::move(part);
-        setToolpath({}, 0);
-        m_view->zoomToFit();
-        SetStatusText(wxString::FromUTF8("Opened " + m_part->fileName()));
-        return true;
+        action();
     }
-    catch (const PartError& error)
-    {
-        fail(error.what());
-        return false;
-    }
-}
-
-bool HostFrame::openToolpath(const std::string& path)
-{
-    const auto records = boost::make_shared<exchange::ToolpathRecords>();
-    try
-    {
-        exchange::readArchiveFile(path, *records);
-    }
-    catch (const exchange::ArchiveFileError& error)
+    catch (const std::exception& error)
     {
         fail(error.what());
         return false;
     }
     clearFailure();
-    setToolpath(records, 0);
-    SetStatusText(wxString::FromUTF8("Opened " + path));
+    SetStatusText(wxString::FromUTF8(done));
+    return true;
+}
+
+bool HostFrame::openPart(const std::string& path)
+{
+    if (!attempt("Opened " + fileName(path), [&] { m_document.openPart(path); }))
+        return false;
+    showToolpath();
+    m_view->zoomToFit();
+    return true;
+}
+
+bool HostFrame::openToolpath(const std::string& path)
+{
+    if (!attempt("Opened " + fileName(path), [&] { m_document.openToolpath(path); }))
+        return false;
+    showToolpath();
     return true;
 }
 
 bool HostFrame::saveToolpath(const std::string& path)
 {
-    const wxBusyCursor busy;
-    try
-    {
-        exchange::writeArchiveFile(path, *m_records);
-    }
-    catch (const exchange::ArchiveFileError& error)
-    {
-        fail(error.what());
-        return false;
-    }
-    clearFailure();
-    SetStatusText(wxString::FromUTF8("Saved " + path));
-    return true;
+    return attempt("Saved " + path, [&] { m_document.saveToolpath(path); });
 }
 
 int HostFrame::showProgress(int jobId)
 {
-    const std::string caption = "Generating toolpath \u2013 " + m_part->name();
+    const std::string caption = "Generating toolpath \u2013 " + part()->name();
     switch (m_look)
     {
     case ProgressLook::milling:
@@ -310,15 +230,16 @@ int HostFrame::showProgress(int jobId)
 
 JobOutcome HostFrame::generate()
 {
-    if (!m_part || m_runner.running())
+    if (!part() || m_runner.running())
         return {};
     clearFailure();
     SetStatusText(L"Generating the toolpath\u2026");
-    JobOutcome outcome = m_runner.run(m_part->input, [this](int jobId) { return showProgress(jobId); });
+    JobOutcome outcome = m_runner.run(part()->input, [this](int jobId) { return showProgress(jobId); });
     if (outcome.toolpath)
     {
         const wxBusyCursor busy;
-        setToolpath(outcome.toolpath, outcome.seconds);
+        m_document.take(outcome);
+        showToolpath();
     }
     showOutcome(outcome);
     if (m_closeAfterJob)
@@ -332,8 +253,6 @@ void HostFrame::showOutcome(const JobOutcome& outcome)
     {
     case exchange::JobState::finished:
         SetStatusText(wxString::Format("Toolpath generated in %s s", wxString::FromCDouble(outcome.seconds, 2)));
-        if (!outcome.text.empty())
-            m_bar->ShowMessage(wxString::FromUTF8(outcome.text), wxICON_WARNING);
         break;
     case exchange::JobState::cancelled:
         SetStatusText(wxString::FromUTF8(outcome.text));
@@ -341,39 +260,46 @@ void HostFrame::showOutcome(const JobOutcome& outcome)
     case exchange::JobState::failed:
     case exchange::JobState::running:
     case exchange::JobState::unknown:
-        fail("No toolpath for \"" + m_part->fileName() + "\": " + outcome.text);
+        fail("No toolpath for \"" + part()->fileName() + "\": " + outcome.text);
         break;
     }
 }
 
-void HostFrame::setToolpath(boost::shared_ptr<const exchange::ToolpathRecords> records, double seconds)
+void HostFrame::showToolpath()
 {
-    m_records = std::move(records);
-    m_seconds = seconds;
-    m_outdated = false;
     m_level = Scene::allLevels;
-    m_model.reset();
-    if (m_records)
-        m_model =
-            std::make_shared<ToolpathModel>(*m_records, m_part->number(util::keys::xyRapidFeedRate, defaultRapidRate));
+    m_place.reset();
+    m_findings->show(m_document.findings());
     refresh();
+}
+
+void HostFrame::showFinding(const exchange::JobFinding& finding)
+{
+    m_place.reset();
+    if (finding.hasPlace)
+        m_place = Point3(finding.x, finding.y, part()->number(util::keys::topMaterialZ));
+    refresh();
+    if (m_place)
+        m_view->showPlace(*m_place, part()->number(util::keys::toolDiameter, 1));
 }
 
 void HostFrame::refresh()
 {
     Scene scene;
-    scene.part = m_part;
-    scene.toolpath = m_model;
+    scene.part = m_document.part();
+    scene.toolpath = m_document.toolpath();
     scene.showRapids = m_showRapids;
     scene.level = m_level;
-    scene.outdated = m_outdated;
-    m_panel->show(scene, m_seconds);
+    scene.outdated = m_document.outdated();
+    scene.place = m_place;
+    m_panel->show(scene, m_document.seconds());
     m_view->setScene(scene);
-    const wxString name = m_part ? wxString::FromUTF8(m_part->name()) : wxString("no part");
+    const wxString name = part() ? wxString::FromUTF8(part()->name()) : wxString("no part");
     setAccessible(*m_view, "Drawing of the part",
-                  m_model ? wxString::Format("%s with its toolpath in %zu depth levels", name, m_model->levels().size())
-                          : name);
-    SetTitle(m_part ? name + wxString::FromUTF8(" \u2013 Tessaron Host") : wxString("Tessaron Host"));
+                  toolpath()
+                      ? wxString::Format("%s with its toolpath in %zu depth levels", name, toolpath()->levels().size())
+                      : name);
+    SetTitle(part() ? name + wxString::FromUTF8(" \u2013 Tessaron Host") : wxString("Tessaron Host"));
 }
 
 void HostFrame::showFromAbove(bool fromAbove)
@@ -394,12 +320,8 @@ void HostFrame::showLevel(int level)
 
 void HostFrame::changeParameters(bool (*change)(HostFrame& frame, util::Parameterized& parameters))
 {
-    // The windows that show the part must not see it change under them.
-    auto part = std::make_shared<Part>(*m_part);
-    if (!change(*this, part->input.parameters))
+    if (!m_document.changeParameters([&](util::Parameterized& parameters) { return change(*this, parameters); }))
         return;
-    m_part = std::move(part);
-    m_outdated = m_records != nullptr;
     SetStatusText("The parameters have changed");
     refresh();
 }
@@ -421,11 +343,19 @@ void HostFrame::askForToolpath()
 
 void HostFrame::askWhereToSave()
 {
-    const wxFileName part(wxString::FromUTF8(m_part->path));
-    wxFileDialog dialog(this, "Save toolpath", wxString(), part.GetName() + "-toolpath.xml", toolpathFiles,
+    const wxFileName file(wxString::FromUTF8(part()->path));
+    wxFileDialog dialog(this, "Save toolpath as", wxString(), file.GetName() + ".ngc", saveFilters,
                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    if (dialog.ShowModal() == wxID_OK)
-        saveToolpath(dialog.GetPath().utf8_string());
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    const wxString typed = dialog.GetPath();
+    const wxString path = wxString::FromUTF8(withEnding(typed.utf8_string(), dialog.GetFilterIndex()));
+    // The dialog has asked about the name as it was typed.
+    if (path != typed && wxFileName::FileExists(path) &&
+        wxMessageBox("\"" + path + "\" is there already. Replace it?", "Save toolpath as", wxYES_NO | wxICON_QUESTION,
+                     this) != wxYES)
+        return;
+    saveToolpath(path.utf8_string());
 }
 
 void HostFrame::onClose(wxCloseEvent& event)

@@ -1,24 +1,24 @@
 #ifndef HOST_HOSTFRAME_H
 #define HOST_HOSTFRAME_H
 
+#include "host/Document.h"
 #include "host/JobRunner.h"
 #include "host/ModuleLibrary.h"
 #include "host/ParameterDialogs.h"
-#include "host/Part.h"
-
-#include "host/ToolpathModel.h"
 
 #include <wx/frame.h>
 
 #include <functional>
-#include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 class wxInfoBar;
 
 namespace host
 {
 
+class FindingsList;
 class PartView;
 class SidePanel;
 
@@ -51,8 +51,9 @@ public:
     void showFromAbove(bool fromAbove);
     void showLevel(int level);
 
-    const Part* part() const { return m_part.get(); }
-    const ToolpathModel* toolpath() const { return m_model.get(); }
+    const Part* part() const { return m_document.part().get(); }
+    const ToolpathModel* toolpath() const { return m_document.toolpath().get(); }
+    const std::vector<exchange::JobFinding>& findings() const { return m_document.findings(); }
     const JobRunner& runner() const { return m_runner; }
     /// The failure that the bar shows; empty when it shows none.
     const std::string& failure() const { return m_failure; }
@@ -60,7 +61,6 @@ public:
 
 private:
     void buildMenus();
-    void buildTools();
     /// Binds a command to what it does and when it can be done.
     void command(int id, const std::function<void()>& action, const std::function<bool()>& possible = {});
 
@@ -71,9 +71,14 @@ private:
     void onClose(wxCloseEvent& event);
 
     int showProgress(int jobId);
-    void setToolpath(boost::shared_ptr<const exchange::ToolpathRecords> records, double seconds);
+    /// Shows a toolpath that has come or gone.
+    void showToolpath();
+    void showFinding(const exchange::JobFinding& finding);
     void refresh();
     void showOutcome(const JobOutcome& outcome);
+    /// Does something that may fail, which the bar then tells.
+    /// \param done what to say when it has not
+    bool attempt(const std::string& done, const std::function<void()>& action);
     void fail(const std::string& text);
     void clearFailure();
 
@@ -83,18 +88,16 @@ private:
     JobRunner m_runner;
     ProgressLook m_look = ProgressLook::milling;
 
-    std::shared_ptr<Part> m_part;
-    boost::shared_ptr<const exchange::ToolpathRecords> m_records;
-    std::shared_ptr<const ToolpathModel> m_model;
-    double m_seconds = 0;
-    bool m_outdated = false;
+    Document m_document;
     bool m_showRapids = true;
     int m_level = -1;
+    std::optional<Point3> m_place;
     bool m_closeAfterJob = false;
     std::string m_failure;
 
     wxInfoBar* m_bar = nullptr;
     PartView* m_view = nullptr;
+    FindingsList* m_findings = nullptr;
     SidePanel* m_panel = nullptr;
 };
 

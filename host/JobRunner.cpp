@@ -3,6 +3,7 @@
 #include <tessaron/exchange/StatusTable.h>
 
 #include <chrono>
+#include <utility>
 
 namespace host
 {
@@ -36,10 +37,11 @@ JobOutcome JobRunner::run(const exchange::Tessaron2dInput& input, const ShowProg
         exchange::cancelJob(m_jobId);
         exchange::waitForJob(m_jobId, -1);
     }
-    const exchange::JobInfo info = exchange::jobInfo(m_jobId);
+    exchange::JobInfo info = exchange::jobInfo(m_jobId);
     outcome.state = info.state;
     outcome.text = info.text.empty() ? exchange::statusText(info.status) : info.text;
     outcome.toolpath = exchange::jobToolpath(m_jobId);
+    outcome.findings = std::move(info.findings);
     outcome.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
     return outcome;
 }

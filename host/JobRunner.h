@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace host
 {
@@ -21,6 +22,8 @@ struct JobOutcome
     std::string text;
     /// Of a finished job.
     boost::shared_ptr<const exchange::ToolpathRecords> toolpath;
+    /// What of the input a finished job has not used, and what it has left out.
+    std::vector<exchange::JobFinding> findings;
     /// From the start of the job to its end.
     double seconds = 0;
     /// What the call that showed the progress returned.

@@ -6,6 +6,7 @@
 #include <wx/graphics.h>
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 namespace host
@@ -19,6 +20,7 @@ constexpr double minorGridPixels = 14;
 constexpr int minorsPerMajor = 5;
 constexpr double scaleBarPixels = 90;
 constexpr double axisPixels = 34;
+constexpr double placeRadius = 15;
 constexpr std::size_t longestLevelList = 6;
 
 struct LegendEntry
@@ -158,10 +160,29 @@ void OverlayPainter::drawOverlay()
         drawNotice("No part is open", L"Open one with File \u203a Open part, or drop a file here.");
         return;
     }
+    if (m_scene.place)
+        drawPlace();
     drawAxes();
     drawScaleBar();
     if (m_scene.showLegend)
         drawLegend();
+}
+
+// A ring with a cross through it that leaves the place itself free.
+void OverlayPainter::drawPlace()
+{
+    const ScreenPoint at = m_camera.project(*m_scene.place);
+    m_context.SetBrush(*wxTRANSPARENT_BRUSH);
+    for (const auto& [colour, width] : {std::pair(wxColour(*wxWHITE), 6.0), std::pair(palette::mark, 2.5)})
+    {
+        m_context.SetPen(m_context.CreatePen(wxGraphicsPenInfo(colour, width).Cap(wxCAP_ROUND)));
+        m_context.DrawEllipse(at.x - placeRadius, at.y - placeRadius, 2 * placeRadius, 2 * placeRadius);
+        for (const double side : {-1.0, 1.0})
+        {
+            m_context.StrokeLine(at.x + side * placeRadius * 0.6, at.y, at.x + side * placeRadius * 1.5, at.y);
+            m_context.StrokeLine(at.x, at.y + side * placeRadius * 0.6, at.x, at.y + side * placeRadius * 1.5);
+        }
+    }
 }
 
 // The directions of the axes, in the lower left corner.

@@ -28,6 +28,7 @@ private:
     void drawAxes();
     void drawScaleBar();
     void drawLegend();
+    void drawPlace();
     void drawNotice(const wxString& title, const wxString& text);
     void drawCard(double x, double y, double width, double height);
 

@@ -20,6 +20,7 @@ inline const wxColour partLine(84, 80, 72);
 inline const wxColour openLine(201, 42, 42);
 inline const wxColour rapid(232, 119, 34);
 inline const wxColour plunge(201, 42, 82);
+inline const wxColour mark(190, 24, 120);
 inline const wxColour text(44, 52, 64);
 inline const wxColour mutedText(110, 120, 134);
 inline const wxColour card(255, 255, 255, 232);

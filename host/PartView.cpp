@@ -25,6 +25,7 @@ constexpr double fastCoarseness = 5;
 constexpr int restMilliseconds = 150;
 constexpr double wheelFactor = 1.2;
 constexpr double keyPixels = 40;
+constexpr double placePixels = 36;
 constexpr double radiansPerPixel = 0.008;
 constexpr Camera::Margins margins{28, 28, 28, 48};
 // In a window of some width the legend has a place of its own.
@@ -105,6 +106,16 @@ void PartView::zoom(double factor)
     m_camera.zoomAt({m_camera.width() / 2, m_camera.height() / 2}, factor);
     m_fitted = false;
     redraw(true);
+}
+
+void PartView::showPlace(const Point3& point, double length)
+{
+    m_camera.centreOn(point);
+    const double nearEnough = placePixels / length;
+    if (m_camera.scale() < nearEnough)
+        m_camera.zoomAt({m_camera.width() / 2, m_camera.height() / 2}, nearEnough / m_camera.scale());
+    m_fitted = false;
+    redraw(false);
 }
 
 void PartView::lookFromAbove()

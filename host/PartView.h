@@ -26,6 +26,9 @@ public:
 
     void zoomToFit();
     void zoom(double factor);
+    /// Moves the view so that a point is in its middle, and draws near when less than the given length about it can be
+    /// told from its surroundings.
+    void showPlace(const Point3& point, double length);
     void lookFromAbove();
     void lookFromSide();
     bool fromAbove() const { return m_camera.fromAbove(); }

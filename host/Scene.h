@@ -5,6 +5,7 @@
 #include "host/ToolpathModel.h"
 
 #include <memory>
+#include <optional>
 
 namespace host
 {
@@ -22,6 +23,8 @@ struct Scene
     int level = allLevels;
     /// The toolpath belongs to parameters that have changed since.
     bool outdated = false;
+    /// A place to point at.
+    std::optional<Point3> place;
 
     Box3 box() const;
 };

@@ -18,6 +18,7 @@ file(REMOVE_RECURSE "${INSTALLED}-staged")
 foreach(name IN ITEMS
     "${LIBDIR}/libTessaronExchange.so.${VERSION}" "${LIBDIR}/libTessaronEngines.so.${VERSION}"
     "${LIBDIR}/libTessaronResources.so.${VERSION}" "${LIBDIR}/TechnologyExpert.db"
+    "bin/tessaron-job"
     "${LIBDIR}/Chip Thickness Control in Tessaron Metric.chm" "${LIBDIR}/Chip Thickness Control in Tessaron Inch.chm")
   if(NOT EXISTS "${INSTALLED}/${name}")
     message(SEND_ERROR "Not installed: ${name}")
