@@ -188,6 +188,18 @@ TEST(OddArchive, BinaryVersion7HasNarrowClassVersionsAndMayHaveANarrowHeader)
     }
 }
 
+TEST(OddArchive, BinaryVersion6WithNarrowClassVersionsIsRefused)
+{
+    // Its later writers stored class versions in 1 byte and did not tell.
+    std::string old = golden("pointnd3.bin");
+    old[30] = '\x06';
+    std::string narrow = old;
+    old.erase(43, 2);
+    EXPECT_EQ(recordOfGolden("pointnd3").rewrite(old, ArchiveFormat::binary), golden("pointnd3.bin"));
+    narrow.erase(42, 3);
+    EXPECT_EQ(readError(anyRecord<geom::PointNd<3>>, narrow), "class version geom::PointNd<3>");
+}
+
 /// An XML archive without the elements of these names and everything in them.
 std::string without(std::string text, std::initializer_list<const char*> names)
 {
