@@ -151,6 +151,17 @@ void click(wxWindow* window)
     person().click(Person::middleOf(window));
 }
 
+void clickCloseBox(wxWindow* window)
+{
+    ASSERT_NE(window, nullptr);
+    GdkRectangle frame;
+    gdk_window_get_frame_extents(gtk_widget_get_window(static_cast<GtkWidget*>(window->GetHandle())), &frame);
+    // The box is as wide as the title bar is high.
+    const int halfTitle = (window->ClientToScreen(wxPoint(0, 0)).y - frame.y) / 2;
+    ASSERT_GT(halfTitle, 0) << "no title bar";
+    person().click(wxPoint(frame.x + frame.width - halfTitle, frame.y + halfTitle));
+}
+
 void type(const char* text)
 {
     person().text(text);

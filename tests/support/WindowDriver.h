@@ -65,6 +65,8 @@ wxWindow* child(wxWindow* window, int id);
 Person& person();
 /// Clicks the middle of a window with the pointer.
 void click(wxWindow* window);
+/// Clicks the box in the corner of the frame that the window manager has put around a window.
+void clickCloseBox(wxWindow* window);
 /// Types on the keyboard, to the window that has the focus.
 void type(const char* text);
 /// Presses a key by the toolkit's code.

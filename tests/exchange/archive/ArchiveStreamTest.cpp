@@ -182,6 +182,21 @@ TEST(ArchiveStream, StreamsThatCannotSeekReadInPiecesOfAnySize)
         }
 }
 
+TEST(ArchiveStream, ALongNumberIsReadWholeWhereverAPieceEnds)
+{
+    const std::string digits = "3." + std::string(300, '1');
+    const std::string archive = replaced(golden("rec_customrecord.xml"), "<string>a&lt;b &amp; c&gt;d</string>",
+                                         "<feedrate>" + digits + "</feedrate>");
+    for (std::size_t piece = 1; piece <= archive.size(); ++piece)
+    {
+        PipeBuffer pipe(archive, piece);
+        std::istream stream(&pipe);
+        exchange::FeedRate record;
+        exchange::readArchive(stream, record);
+        EXPECT_EQ(record.feedrate, std::stod(digits)) << piece;
+    }
+}
+
 TEST(ArchiveStream, HugeCountsOnAPipeEndWithTheData)
 {
     std::string archive = golden("curve_bspline2.bin");

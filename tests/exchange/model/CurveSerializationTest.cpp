@@ -97,6 +97,8 @@ TEST(Curves, WithUnsoundDataAreReadButNotEvaluated)
     const PlaneCurvePtr spline = boost::make_shared<geom::BSplineCurveImpl<2>>(
         std::vector<PointNd<2>>(4), std::vector<double>{0, 0, 0, 0.5, 1, 1, 1});
     const std::string text = writeXml(spline);
+    const PlaneCurvePtr rational = boost::make_shared<geom::RationalBSplineCurveImpl<2>>(
+        std::vector<PointNd<2>>(2), std::vector<double>{0, 0, 1, 1}, std::vector<double>{1, 2});
     const std::string middle = "<item>5.00000000000000000e-01</item>";
     const struct
     {
@@ -107,6 +109,8 @@ TEST(Curves, WithUnsoundDataAreReadButNotEvaluated)
         {"a knot above the one behind it", replaced(text, middle, "<item>3</item>")},
         {"no knots", replaced(text, "<m_knots>[\\s\\S]*</m_knots>",
                               "<m_knots><count>0</count><item_version>0</item_version></m_knots>")},
+        {"fewer weights than points",
+         replaced(writeXml(rational), "(<m_weights>\\s*<count>)2([\\s\\S]*?</item>)\\s*<item>[^<]*</item>", "$011$2")},
     };
     for (const auto& c : cases)
     {
