@@ -104,20 +104,25 @@ TEST(Curves, WithUnsoundDataAreReadButNotEvaluated)
     {
         const char* what;
         std::string text;
+        bool nowhere; ///< not even where the data are sound
     } cases[] = {
-        {"a knot below the one before it", replaced(text, middle, "<item>-3</item>")},
-        {"a knot above the one behind it", replaced(text, middle, "<item>3</item>")},
-        {"no knots", replaced(text, "<m_knots>[\\s\\S]*</m_knots>",
-                              "<m_knots><count>0</count><item_version>0</item_version></m_knots>")},
+        {"a knot below the one before it", replaced(text, middle, "<item>-3</item>"), false},
+        {"a knot above the one behind it", replaced(text, middle, "<item>3</item>"), false},
+        {"no knots",
+         replaced(text, "<m_knots>[\\s\\S]*</m_knots>",
+                  "<m_knots><count>0</count><item_version>0</item_version></m_knots>"),
+         true},
         {"fewer weights than points",
-         replaced(writeXml(rational), "(<m_weights>\\s*<count>)2([\\s\\S]*?</item>)\\s*<item>[^<]*</item>", "$011$2")},
+         replaced(writeXml(rational), "(<m_weights>\\s*<count>)2([\\s\\S]*?</item>)\\s*<item>[^<]*</item>", "$011$2"),
+         true},
     };
     for (const auto& c : cases)
     {
         const auto back = readXml<PlaneCurvePtr>(c.text);
         ASSERT_TRUE(back) << c.what;
         int failed = 0;
-        for (const double t : {-1.0, 0.0, 0.25, 0.5, 0.75, 1.0, 2.0})
+        const double parameters[] = {-1.0, 0.0, 0.25, 0.5, 0.75, 1.0, 2.0};
+        for (const double t : parameters)
             try
             {
                 back->pointAt(t);
@@ -126,7 +131,7 @@ TEST(Curves, WithUnsoundDataAreReadButNotEvaluated)
             {
                 ++failed;
             }
-        EXPECT_GT(failed, 0) << c.what;
+        EXPECT_GE(failed, c.nowhere ? static_cast<int>(std::size(parameters)) : 1) << c.what;
     }
 }
 
