@@ -135,30 +135,5 @@ TEST(Curves, WithUnsoundDataAreReadButNotEvaluated)
     }
 }
 
-TEST(Curves, ACurveOfAClassWithoutAKeyIsNotWritten)
-{
-    class Spot : public geom::ParametricCurve<2>
-    {
-    public:
-        double startParam() const override { return 0; }
-        double endParam() const override { return 0; }
-
-    private:
-        void doEvaluate(double, PointNd<2>& point, geom::VecNd<2>*, int) const override { point = PointNd<2>(); }
-    };
-    const PlaneCurvePtr spot = boost::make_shared<Spot>();
-    std::ostringstream stream;
-    boost::archive::xml_oarchive archive(stream, boost::archive::no_header);
-    try
-    {
-        archive << boost::serialization::make_nvp("curve", spot);
-        FAIL() << "nothing was thrown";
-    }
-    catch (const boost::archive::archive_exception& error)
-    {
-        EXPECT_THAT(error.what(), HasSubstr("derived class not registered or exported"));
-    }
-}
-
 } // namespace
 } // namespace testing_support

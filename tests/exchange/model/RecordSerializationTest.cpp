@@ -7,7 +7,6 @@ namespace testing_support
 namespace
 {
 
-using geom::PointNd;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -25,17 +24,6 @@ TEST(StockArchives, BinaryOnesHoldWhatXmlOnesDo)
     exchange::ToolpathRecords toolpath;
     toolpath.records = {exchange::Arc<1>{{1, 2, 3}, 4.5}, exchange::CustomRecord{"M8"}};
     check(toolpath);
-}
-
-TEST(Meshes, SharedOnesComeBackShared)
-{
-    const auto input = full3dInput();
-    const auto boundaries = readXml<exchange::Tessaron3dBoundaries>(writeXml(input.boundaries));
-    ASSERT_TRUE(boundaries.pPartMesh);
-    EXPECT_EQ(boundaries.pPartMesh, boundaries.pCheckMesh);
-    EXPECT_FALSE(boundaries.pMaterialMesh);
-    EXPECT_EQ(boundaries.pPartMesh->vertices, input.boundaries.pPartMesh->vertices);
-    EXPECT_EQ(boundaries.pPartMesh->faces, input.boundaries.pPartMesh->faces);
 }
 
 TEST(Tessaron3dBoundaries, TheStockCacheIsWrittenEmptyAndIgnored)
@@ -85,71 +73,6 @@ TEST(ToolpathRecords, EveryKindKeepsItsTagAndFields)
     const std::string empty = writeXml(exchange::ToolpathRecords());
     EXPECT_THAT(empty, HasSubstr("<count>0</count>"));
     EXPECT_TRUE(readXml<exchange::ToolpathRecords>(empty).records.empty());
-}
-
-TEST(TaggedUnions, RefusePositionsThatDoNotExist)
-{
-    exchange::ToolpathRecords toolpath;
-    toolpath.records = {exchange::FeedRate{1}};
-    util::Parameterized parameters;
-    parameters.set("Units", 1);
-    for (const char* const which : {"8", "-1", "2147483647", "-2147483648"})
-        EXPECT_EQ(refusal<exchange::ToolpathRecords>(
-                      replaced(writeXml(toolpath), "<which>4", std::string("<which>") + which)),
-                  "unsupported version")
-            << which;
-    for (const char* const which : {"3", "-1"})
-        EXPECT_EQ(
-            refusal<util::Parameterized>(replaced(writeXml(parameters), "<which>0", std::string("<which>") + which)),
-            "unsupported version")
-            << which;
-}
-
-TEST(Parameterized, WritesTheKindAsThePosition)
-{
-    util::Parameterized parameters;
-    parameters.set("a", -7);
-    parameters.set("b", 0.5);
-    parameters.set("c", "text");
-    const std::string text = writeXml(parameters);
-    for (const char* const part : {"<params ", "<first>a</first>", "<which>0</which>", "<value>-7</value>",
-                                   "<which>1</which>", "<which>2</which>", "<value>text</value>"})
-        EXPECT_THAT(text, HasSubstr(part));
-    EXPECT_EQ(readXml<util::Parameterized>(text), parameters);
-
-    util::Parameterized filled;
-    filled.set("left over", 1);
-    readXml(text, filled);
-    EXPECT_EQ(filled, parameters) << "reading replaces what was there";
-}
-
-TEST(FixedArrays, TakeFewerValuesAndRefuseMore)
-{
-    const std::string text = writeXml(PointNd<3>(1, 2, 3));
-    PointNd<3> point(7, 8, 9);
-    readXml(replaced(replaced(text, "<count>3", "<count>2"), "\\s*<item>[^<]*</item>(\\s*</coord>)", "$1"), point);
-    EXPECT_EQ(point, PointNd<3>(1, 2, 9));
-
-    const std::string tooMany = "array size too short";
-    EXPECT_EQ(refusal<PointNd<3>>(replaced(text, "<count>3", "<count>4")), tooMany);
-    EXPECT_EQ(refusal<PointNd<2>>(text), tooMany);
-    EXPECT_EQ(refusal<geom::VecNd<3>>(replaced(text, "<count>3", "<count>4")), tooMany);
-    EXPECT_EQ(refusal<topo::mesh::TriMeshFacet>(replaced(writeXml(topo::mesh::TriMeshFacet()), "<count>3", "<count>4")),
-              tooMany);
-    EXPECT_EQ(refusal<PlaneCurvePtr>(replaced(writeXml(PlaneCurvePtr(boost::make_shared<geom::LineImpl<2>>())),
-                                              "(<pts>\\s*<count>)2", "$013")),
-              tooMany);
-}
-
-TEST(Transform, IsSixteenItemsRowByRow)
-{
-    geom::Transform transform;
-    for (int i = 0; i < 16; ++i)
-        transform(i / 4, i % 4) = i;
-    const std::string text = writeXml(transform);
-    EXPECT_THAT(text, Not(HasSubstr("count")));
-    EXPECT_LT(text.find("<item>1.00"), text.find("<item>4.00"));
-    EXPECT_EQ(readXml<geom::Transform>(text), transform);
 }
 
 } // namespace
