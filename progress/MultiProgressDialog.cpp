@@ -9,6 +9,7 @@
 #include "resources/TextIds.h"
 #include <tessaron/frame/DataExchange.h>
 
+#include <wx/app.h>
 #include <wx/stattext.h>
 #include <wx/weakref.h>
 

@@ -34,6 +34,7 @@ constexpr milliseconds allowedForExit{2000};
 std::string splineFile(const std::string& path, int degree, int pointCount)
 {
     std::vector<geom::PointNd<2>> points;
+    points.reserve(static_cast<std::size_t>(pointCount));
     for (int i = 0; i < pointCount; ++i)
         points.emplace_back(50 + 30 * std::cos(6.28 * i / pointCount), 40 + 30 * std::sin(6.28 * i / pointCount));
     points.back() = points.front();
