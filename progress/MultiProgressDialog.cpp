@@ -9,6 +9,7 @@
 #include "resources/TextIds.h"
 #include <tessaron/frame/DataExchange.h>
 
+#include <wx/app.h>
 #include <wx/stattext.h>
 #include <wx/weakref.h>
 
@@ -27,8 +28,8 @@ constexpr int lineRight = 220;
 constexpr int firstLineTop = 110;
 constexpr int lineHeight = 15;
 constexpr int lineId = 65535;
-// The window has to answer while the lines of a thousand workers come in.
-constexpr std::size_t newLinesPerPoll = 50;
+// The window has to answer while the lines of a thousand workers come in: a poll makes a few, and what remains is made
+// in idle time.
 constexpr std::chrono::milliseconds timeForNewLines{10};
 
 // The window owns its controls: a line that leaves the list before the window is destroyed has to be destroyed here, a
@@ -50,6 +51,7 @@ wxIMPLEMENT_ABSTRACT_CLASS(MultiProgressDialog, wxDialog);
 
 wxBEGIN_EVENT_TABLE(MultiProgressDialog, DialogBase)
     EVT_CHECKBOX(progressIds::showDetails, MultiProgressDialog::onShowDetails)
+    EVT_IDLE(MultiProgressDialog::onIdle)
 wxEND_EVENT_TABLE()
 
 MultiProgressDialog::MultiProgressDialog(int templateId, const boost::shared_ptr<exchange::ProgressData>& progress,
@@ -105,16 +107,31 @@ void MultiProgressDialog::matchLines(std::size_t workers)
 {
     if (!GetHandle())
         return;
+    m_wantedLines = workers;
     if (m_textLines.size() > workers)
         m_textLines.resize(workers);
+    if (!makeLines())
+        wxWakeUpIdle();
+}
+
+// Makes lines for a moment; whether all are there now.
+bool MultiProgressDialog::makeLines()
+{
     const auto deadline = std::chrono::steady_clock::now() + timeForNewLines;
-    const std::size_t wanted = std::min(workers, m_textLines.size() + newLinesPerPoll);
-    while (m_textLines.size() < wanted)
+    while (m_textLines.size() < m_wantedLines)
     {
         m_textLines.push_back(makeLine(m_textLines.size()));
         if (std::chrono::steady_clock::now() > deadline)
             break;
     }
+    return m_textLines.size() == m_wantedLines;
+}
+
+void MultiProgressDialog::onIdle(wxIdleEvent& event)
+{
+    event.Skip();
+    if (!makeLines())
+        event.RequestMore();
 }
 
 boost::shared_ptr<wxStaticText> MultiProgressDialog::makeLine(std::size_t index)
@@ -124,8 +141,11 @@ boost::shared_ptr<wxStaticText> MultiProgressDialog::makeLine(std::size_t index)
     const wxPoint topLeft(templatePixels(lineLeft), templatePixels(firstLineTop + lineHeight * k));
     const wxSize size(templatePixels(lineRight) - topLeft.x,
                       templatePixels(firstLineTop + lineHeight * (k + 1)) - topLeft.y);
-    auto* const line = new wxStaticText(this, controlId(lineId), text, topLeft, size);
-    line->SetFont(GetFont());
+    // Measured for its text only when that changes.
+    auto* const line = new wxStaticText(this, controlId(lineId), text, topLeft, size, wxST_NO_AUTORESIZE);
+    line->SetWindowStyleFlag(line->GetWindowStyleFlag() & ~wxST_NO_AUTORESIZE);
+    if (line->GetFont() != GetFont())
+        line->SetFont(GetFont());
     return {line, DestroyLine{line}};
 }
 

@@ -5,12 +5,9 @@
 #include <boost/archive/xml_iarchive.hpp>
 #include <boost/archive/xml_oarchive.hpp>
 
-#include "exchange/Tessaron2dInputSerialization.h"
-#include "exchange/ToolpathRecordsSerialization.h"
-#include "exchange/mesh/MeshSerialization.h"
-
-BOOST_CLASS_EXPORT_IMPLEMENT(geom::PolylineImpl<2>)
-BOOST_CLASS_EXPORT_IMPLEMENT(geom::Arc2Impl)
+#include <tessaron/exchange/Tessaron2dInputSerialization.h>
+#include <tessaron/exchange/ToolpathRecordsSerialization.h>
+#include <tessaron/exchange/mesh/MeshSerialization.h>
 
 namespace bench::stock
 {

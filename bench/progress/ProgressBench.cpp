@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <chrono>
 
 using namespace testing_support;
@@ -113,6 +114,42 @@ void wholeCallCost(benchmark::State& state)
     }
 }
 
+// How long the lines of many workers take to come in, and the longest pause between two polls meanwhile, as a multiple of
+// the 50 ms that the window leaves between them anyway.
+void manyWorkers(benchmark::State& state)
+{
+    const auto workers = static_cast<std::size_t>(state.range(0));
+    double longest = 0;
+    for ([[maybe_unused]] auto turn : state)
+    {
+        const auto progress = boost::make_shared<ScriptedProgress>();
+        progress->m_workers.assign(workers, 900001);
+        Clock::time_point first;
+        Clock::time_point last;
+        std::size_t others = 0;
+        double seconds = 0;
+        progress->m_onRefresh = [&](int poll)
+        {
+            const std::size_t controls = testing_support::topWindow()->GetChildren().GetCount();
+            if (poll == 1)
+            {
+                first = last = Clock::now();
+                others = controls;
+            }
+            longest = std::max(longest, since(last));
+            last = Clock::now();
+            if (controls < others + workers)
+                return;
+            seconds = since(first);
+            progress->report(-1);
+        };
+        Record record = progress;
+        TessaronResources::displayMultiProgressDialog(record);
+        state.SetIterationTime(seconds);
+    }
+    state.counters["longest_pause_ratio"] = longest / 0.05;
+}
+
 // Notes when the window asks the engine to stop.
 class CancelledProgress : public ScriptedProgress
 {
@@ -170,6 +207,7 @@ void cancelLatency(benchmark::State& state)
 }
 
 BENCHMARK(busiestLoopCost)->Arg(1)->Arg(64)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(manyWorkers)->Arg(1000)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(wholeCallCost)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(cancelLatency)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
 

@@ -1,11 +1,11 @@
 #ifndef EXCHANGE_ARCHIVE_RECORDTYPES_H
 #define EXCHANGE_ARCHIVE_RECORDTYPES_H
 
-#include "exchange/OrrimantInputSerialization.h"
-#include "exchange/Tessaron3dInputSerialization.h"
-#include "exchange/Tessaron5xInputSerialization.h"
-#include "exchange/ToolpathRecordsSerialization.h"
 #include "exchange/archive/RecordTable.h"
+#include <tessaron/exchange/OrrimantInputSerialization.h>
+#include <tessaron/exchange/Tessaron3dInputSerialization.h>
+#include <tessaron/exchange/Tessaron5xInputSerialization.h>
+#include <tessaron/exchange/ToolpathRecordsSerialization.h>
 
 #include <array>
 #include <cstddef>

@@ -42,21 +42,24 @@ protected:
 
     void run(WindowDriver& user)
     {
-        user.then("close", [this] { m_dialog.EndModal(wxID_CANCEL); });
+        user.then("close", [this] { clickCloseBox(&m_dialog); });
         m_dialog.ShowModal();
     }
 
-    /// Puts a text into the middle edit and the focus on it.
+    /// Puts the focus on the middle edit and types a text there, in place of what it shows.
     void start(WindowDriver& user, const char* text)
     {
         user.when(
-            "the dialog is up", [this] { return m_dialog.IsActive(); },
-            [this, text]
+            "the dialog is up", [this] { return m_dialog.IsActive(); }, [this] { click(&m_edit); });
+        user.when(
+            "the focus is on the edit", [this] { return m_edit.HasFocus(); },
+            [text]
             {
-                m_edit.ChangeValue(text);
-                click(&m_edit);
+                pressKey('A', wxMOD_CONTROL);
+                pressKey(WXK_DELETE);
+                type(text);
             });
-        user.when("the focus is on the edit", [this] { return m_edit.HasFocus(); });
+        user.when("typed", [this, text] { return m_edit.GetValue() == text; });
     }
 
     void press(WindowDriver& user, int key, int modifiers = 0)

@@ -204,6 +204,19 @@ TEST(Calculator, FindsTheSpindleSpeedInTheFeedsOnlyWithoutASurfaceSpeed)
     EXPECT_EQ(solved({.flutes = 2, .feedPerTooth = 0.1, .feedrate = 100}).spindleSpeed, 500);
 }
 
+// The tooth passes the place where it meets its full feed.
+TEST(Calculator, ThinsNoChipFromHalfTheDiameterOn)
+{
+    for (const double percent : {50.0, 50.1, 60.0, 70.0, 100.0})
+    {
+        const double stepover = 10.0 * percent / 100.0;
+        EXPECT_EQ(solved({.toolDiameter = 10, .feedPerTooth = 0.1, .stepover = stepover}).chipThickness, 0.1)
+            << percent;
+        EXPECT_EQ(solved({.toolDiameter = 10, .stepover = stepover, .chipThickness = 0.1}).feedPerTooth, 0.1)
+            << percent;
+    }
+}
+
 TEST(Calculator, RecoversTheStepoverFromTheChip)
 {
     for (const double percent : {1e-6, 0.01, 0.5, 5.0, 25.0, 49.999})

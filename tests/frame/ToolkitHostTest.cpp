@@ -1,6 +1,7 @@
 // A host that runs the toolkit's main loop and is told to quit while a window of the module is up.
 #include "tests/support/ToolkitHost.h"
 #include "tests/progress/ScriptedProgress.h"
+#include "tests/support/Person.h"
 #include <tessaron/frame/EntryPoints.h>
 #include <tessaron/frame/PlainEntryPoints.h>
 #include <tessaron/machining/GougeCheckData.h>
@@ -31,7 +32,18 @@ protected:
                      : TessaronResources::displayProgressDialog(record, "Job");
     }
 
+    // Closes the main window by its box, once the person sees that.
+    void closeFrame()
+    {
+        const wxPoint box = m_frame && !m_closed ? Person::closeBoxOf(m_frame) : wxDefaultPosition;
+        if (box == wxDefaultPosition)
+            return;
+        m_closed = true;
+        Person().click(box);
+    }
+
     boost::shared_ptr<ScriptedProgress> m_progress = boost::make_shared<ScriptedProgress>();
+    bool m_closed = false;
 };
 
 // The quit comes while a second window is up inside the first: both calls end, and then the host's loop.
@@ -47,7 +59,7 @@ TEST_F(ToolkitHostTest, AQuitWhileWindowsAreUpEndsTheCallsAndThenTheHostsLoop)
             outer = show(false);
             ticksAtReturn = ticks;
         });
-    const testing_support::Ticker timer(
+    const Ticker timer(
         [&]
         {
             ++ticks;
@@ -93,7 +105,7 @@ TEST_F(ToolkitHostTest, NullWhereARecordIsDueShowsNothing)
     using namespace TessaronResources;
     Record none;
     int ticks = 0;
-    const testing_support::Ticker timer(
+    const Ticker timer(
         [&]
         {
             if (++ticks % 200 == 0)
@@ -117,14 +129,14 @@ TEST_F(ToolkitHostTest, ClosingTheMainWindowDuringACallEndsTheCallAndThenTheHost
         if (!m_frame)
             makeFrame();
         m_progress = boost::make_shared<ScriptedProgress>();
+        m_closed = false;
         int result = 0;
         wxTheApp->CallAfter([&] { result = show(multi); });
-        int ticks = 0;
-        const testing_support::Ticker user(
+        const Ticker user(
             [&]
             {
-                if (++ticks == 20)
-                    m_frame->Close();
+                if (m_progress->m_polls > 1)
+                    closeFrame();
             });
         EXPECT_TRUE(runMainLoop());
         EXPECT_EQ(result, 1);
@@ -137,17 +149,20 @@ TEST_F(ToolkitHostTest, AHostThatStaysWithoutWindowsStays)
     wxTheApp->SetExitOnFrameDelete(false);
     int result = 0;
     bool wentOn = false;
-    m_progress->m_onRefresh = [&](int poll)
+    int pollsWithout = 0;
+    m_progress->m_onRefresh = [&](int)
     {
-        if (poll == 2)
-            m_frame->Close();
-        m_progress->report(poll < 6 ? 50.0 : -1.0);
+        if (m_frame)
+            closeFrame();
+        else
+            ++pollsWithout;
+        m_progress->report(pollsWithout < 4 ? 50.0 : -1.0);
     };
     wxTheApp->CallAfter(
         [&]
         {
             result = show(false);
-            EXPECT_EQ(m_progress->m_polls, 6);
+            EXPECT_EQ(pollsWithout, 4);
             EXPECT_FALSE(wxTheApp->GetExitOnFrameDelete());
             wxTheApp->CallAfter(
                 [&]
@@ -170,9 +185,9 @@ protected:
             makeFrame();
         m_progress->m_onRefresh = [&](int poll)
         {
-            if (poll == 2 && m_closesFrame)
-                m_frame->Close();
-            m_progress->report(poll < 6 ? 50.0 : -1.0);
+            if (m_closesFrame)
+                closeFrame();
+            m_progress->report(poll < 6 || (m_closesFrame && m_frame) ? 50.0 : -1.0);
         };
         EXPECT_EQ(show(false), 1);
         if (!m_frameFirst)
@@ -196,15 +211,9 @@ private:
 TEST_F(StartingHost, ThatCallsBeforeItsMainLoopEndsWithItsLastWindow)
 {
     start(false, false);
-    int ticks = 0;
-    const testing_support::Ticker user(
-        [&]
-        {
-            if (++ticks == 20)
-                m_frame->Close();
-        });
+    const Ticker user([&] { closeFrame(); });
     EXPECT_TRUE(runMainLoop());
-    EXPECT_GE(ticks, 20);
+    EXPECT_TRUE(m_closed);
 }
 
 TEST_F(StartingHost, WhoseWindowIsClosedBeforeItsMainLoopEndsAtOnce)

@@ -191,6 +191,20 @@ TEST(ChipControlRules, DerivesTheChosenQuantityAfterEachField)
     }
 }
 
+TEST(ChipControlRules, TellsThatHalfTheDiameterWasTakenOnlyWhileTheStepoverIsDerived)
+{
+    for (const DerivedQuantity derived : {DerivedQuantity::stepover, DerivedQuantity::chipThickness})
+    {
+        util::Parameterized set = operation();
+        set.set(keys::stepover, 5.0);
+        ChipControlRules rules(0, &set, metric);
+        rules.real(4005) = rules.real(4002);
+        rules.fieldLeft(4005, derived);
+        EXPECT_EQ(rules.real(4004), 5);
+        EXPECT_EQ(rules.notes().size(), derived == DerivedQuantity::stepover ? 1U : 0U);
+    }
+}
+
 // A chip that does not match the feed per tooth must not decide about it.
 TEST(ChipControlRules, KeepsBothFeedsWhileSpeedIsDerived)
 {
@@ -219,6 +233,7 @@ TEST(ChipControlRules, HandsTheWorkingSetBackOnApplyOnly)
     rules.real(4004) = 9; // not left yet: the percentage decides
     EXPECT_EQ(set, before);
 
+    set.set("Added meanwhile", 1); // the set is replaced, not added to
     rules.apply();
     EXPECT_EQ(set.intOr(keys::spindleSpeed, 0), 5000);
     EXPECT_EQ(set.numberOr(keys::feedrate, 0), 2500);

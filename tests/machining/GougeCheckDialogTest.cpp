@@ -87,7 +87,7 @@ TEST(GougeCheckDialog, LeavesTheRecordAloneOnCancel)
 {
     const std::pair<const char*, std::function<void()>> ways[] = {
         {"escape", [] { pressKey(WXK_ESCAPE); }},
-        {"close box", [] { topWindow()->Close(); }},
+        {"close box", [] { clickCloseBox(topWindow()); }},
     };
     for (const auto& [name, cancel] : ways)
     {

@@ -111,7 +111,7 @@ TEST_P(ProgressDialogTest, EveryWayToCancelReturnsTwo)
              EXPECT_TRUE(child(topWindow(), 2)->HasFocus());
              pressKey(WXK_SPACE);
          }},
-        {"close box", [] { topWindow()->Close(); }},
+        {"close box", [] { clickCloseBox(topWindow()); }},
     };
     for (const auto& [name, cancel] : ways)
     {
@@ -161,7 +161,8 @@ TEST_P(ProgressDialogTest, AnotherCallFromInsideWorksAndReturnsFirst)
             m_progress->report(-1.0);
         });
     user.when(
-        "the inner window is up", [&] { return inner->m_polls > 0; }, [] { windowTitled("Inner")->Close(); });
+        "the inner window is up", [&] { return inner->m_polls > 0 && takesKeys(windowTitled("Inner")); },
+        [] { clickCloseBox(windowTitled("Inner")); });
     EXPECT_EQ(show(), 1);
     EXPECT_EQ(innerResult, 2);
 }

@@ -75,4 +75,14 @@ TEST(ProgressPoll, RefreshesBeforeItReads)
     EXPECT_TRUE(poll(progress, view));
 }
 
+// Nobody could ever tell the record another job.
+TEST(ProgressPoll, AJobThatNobodyStartedHasEnded)
+{
+    for (const int jobId : {-1, 0, 900001, -7})
+    {
+        Shown view;
+        EXPECT_TRUE(pollProgress(*progressOfJob(jobId), view, StageScope::job, resources::stringText)) << jobId;
+    }
+}
+
 } // namespace

@@ -8,7 +8,7 @@
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
-#include <gdk/gdk.h>
+#include <gtk/gtk.h>
 
 #include <cstdlib>
 #include <map>
@@ -212,6 +212,34 @@ wxPoint Person::middleOf(const wxWindow* window)
 {
     const wxSize size = window->GetSize();
     return window->ClientToScreen(wxPoint(size.x / 2, size.y / 2));
+}
+
+wxPoint Person::closeBoxOf(const wxWindow* window)
+{
+    GdkWindow* const surface = gtk_widget_get_window(static_cast<GtkWidget*>(window->GetHandle()));
+    if (!surface || !gdk_window_is_visible(surface))
+        return wxDefaultPosition;
+    GdkRectangle frame;
+    gdk_window_get_frame_extents(surface, &frame);
+    // The box is as wide as the title bar is high.
+    wxPoint client;
+    gdk_window_get_origin(surface, &client.x, &client.y);
+    const int halfTitle = (client.y - frame.y) / 2;
+    if (halfTitle <= 0)
+        return wxDefaultPosition;
+    return {frame.x + frame.width - halfTitle, frame.y + halfTitle};
+}
+
+bool takesKeys(const wxWindow* window)
+{
+    return window && window->GetHandle() &&
+           gtk_window_is_active(static_cast<GtkWindow*>(static_cast<void*>(window->GetHandle())));
+}
+
+bool menuIsUp()
+{
+    GtkWidget* const grabbing = gtk_grab_get_current();
+    return grabbing && GTK_IS_MENU(grabbing) && gtk_widget_get_mapped(grabbing);
 }
 
 } // namespace testing_support

@@ -54,11 +54,20 @@ public:
 
     /// The middle of a window.
     static wxPoint middleOf(const wxWindow* window);
+    /// The box that closes a window, in the corner of its frame; wxDefaultPosition before the window manager has put
+    /// that around it.
+    static wxPoint closeBoxOf(const wxWindow* window);
 
 private:
     class Connection;
     std::unique_ptr<Connection> m_connection;
 };
+
+/// Whether the window manager has given the keyboard to this top-level window, also one of the toolkit's own dialogs.
+bool takesKeys(const wxWindow* window);
+
+/// Whether a popup menu is open, which takes the keys.
+bool menuIsUp();
 
 } // namespace testing_support
 

@@ -28,17 +28,23 @@ private:
     std::function<void()> m_tick;
 };
 
+/// Starts the toolkit as a host does that runs it, with an application object that it owns from then on.
+inline bool startToolkit(wxApp* app)
+{
+    int argc = 1;
+    char name[] = "host";
+    char* argv[] = {name, nullptr};
+    wxApp::SetInstance(app);
+    return wxEntryStart(argc, argv);
+}
+
 /// A host with a main window and a main loop of its own, which each test runs with runMainLoop().
 class ToolkitHost : public testing::Test
 {
 protected:
     void SetUp() override
     {
-        int argc = 1;
-        char name[] = "host";
-        char* argv[] = {name, nullptr};
-        wxApp::SetInstance(new App(*this));
-        ASSERT_TRUE(wxEntryStart(argc, argv));
+        ASSERT_TRUE(startToolkit(new App(*this)));
         ASSERT_TRUE(wxTheApp->CallOnInit());
     }
 

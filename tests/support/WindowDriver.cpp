@@ -1,5 +1,6 @@
 #include "tests/support/WindowDriver.h"
 
+#include "tests/support/ToolkitHost.h"
 #include <tessaron/frame/PlainEntryPoints.h>
 
 #include <wx/app.h>
@@ -26,16 +27,12 @@ namespace
 constexpr int tickMilliseconds = 10;
 
 // A host that runs the toolkit: the tests open the module's windows as such a host does.
-class ToolkitHost : public testing::Environment
+class RunningToolkit : public testing::Environment
 {
 public:
     void SetUp() override
     {
-        int argc = 1;
-        char name[] = "host";
-        char* argv[] = {name, nullptr};
-        wxApp::SetInstance(new wxApp);
-        ASSERT_TRUE(wxEntryStart(argc, argv)) << "Window tests need a display: run them with tools/with-display";
+        ASSERT_TRUE(startToolkit(new wxApp)) << "Window tests need a display: run them with tools/with-display";
         wxTheApp->SetExitOnFrameDelete(false);
     }
 
@@ -49,7 +46,7 @@ GdkPixbuf* takePicture(wxWindow* window, const wxRect& part)
     return gdk_pixbuf_get_from_window(surface, part.x, part.y, part.width, part.height);
 }
 
-const testing::Environment* const host = testing::AddGlobalTestEnvironment(new ToolkitHost);
+const testing::Environment* const host = testing::AddGlobalTestEnvironment(new RunningToolkit);
 
 } // namespace
 
@@ -151,6 +148,14 @@ void click(wxWindow* window)
     person().click(Person::middleOf(window));
 }
 
+void clickCloseBox(wxWindow* window)
+{
+    ASSERT_NE(window, nullptr);
+    const wxPoint box = Person::closeBoxOf(window);
+    ASSERT_NE(box, wxDefaultPosition) << "the window has no frame";
+    person().click(box);
+}
+
 void type(const char* text)
 {
     person().text(text);
@@ -179,18 +184,6 @@ void waitFor(const std::string& name, const std::function<bool()>& condition)
     while (!condition() && std::chrono::steady_clock::now() < deadline)
         wxYield();
     EXPECT_TRUE(condition()) << name << ": did not come in time";
-}
-
-bool menuIsUp()
-{
-    GtkWidget* const grabbing = gtk_grab_get_current();
-    return grabbing && GTK_IS_MENU(grabbing) && gtk_widget_get_mapped(grabbing);
-}
-
-bool takesKeys(wxWindow* window)
-{
-    return window && window->GetHandle() &&
-           gtk_window_is_active(static_cast<GtkWindow*>(static_cast<void*>(window->GetHandle())));
 }
 
 void markAllFiles(wxWindow* fileDialog)

@@ -65,6 +65,8 @@ wxWindow* child(wxWindow* window, int id);
 Person& person();
 /// Clicks the middle of a window with the pointer.
 void click(wxWindow* window);
+/// Clicks the box that closes a window.
+void clickCloseBox(wxWindow* window);
 /// Types on the keyboard, to the window that has the focus.
 void type(const char* text);
 /// Presses a key by the toolkit's code.
@@ -73,12 +75,6 @@ void pressKey(int key, int modifiers = 0);
 /// Keeps the windows alive until a condition holds, outside any call of the module. Fails the test when it does not in
 /// time.
 void waitFor(const std::string& name, const std::function<bool()>& condition);
-
-/// Whether a popup menu is open, which takes the keys.
-bool menuIsUp();
-
-/// Whether the window manager has given the keyboard to this top-level window, also one of the toolkit's own dialogs.
-bool takesKeys(wxWindow* window);
 
 /// Marks every file that the toolkit's open-file dialog lists.
 void markAllFiles(wxWindow* fileDialog);

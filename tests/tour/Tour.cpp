@@ -12,7 +12,6 @@
 #include <wx/evtloop.h>
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
-#include <wx/uiaction.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -32,6 +31,7 @@ constexpr int tickMilliseconds = 10;
 constexpr int cancelId = 2;
 constexpr int detailsId = 1042;
 constexpr double pictureAtPercent = 20;
+constexpr long patience = 20000;
 
 std::string format(const char* pattern, auto... values)
 {
@@ -90,13 +90,36 @@ wxTopLevelWindow* Tour::moduleWindow(int controlId) const
     return nullptr;
 }
 
+void Tour::centre(wxTopLevelWindow* window) const
+{
+    if (window)
+        window->Move(wxRect(window->GetSize()).CentreIn(m_frame.GetScreenRect()).GetPosition());
+}
+
 void Tour::click(wxWindow* window)
 {
     if (!window)
         return;
-    wxUIActionSimulator user;
-    user.MouseMove(window->ClientToScreen(wxPoint(window->GetSize().x / 4, window->GetSize().y / 2)));
-    user.MouseClick();
+    m_person.click(window->ClientToScreen(wxPoint(window->GetSize().x / 4, window->GetSize().y / 2)));
+}
+
+void Tour::typeInto(wxWindow* field, const char* text)
+{
+    click(field);
+    settle();
+    m_person.key("a", testing_support::Person::control);
+    m_person.text(text);
+    settle();
+}
+
+bool Tour::waitFor(const char* what, const std::function<bool()>& condition)
+{
+    const wxStopWatch waited;
+    while (!condition() && waited.Time() < patience)
+        settle(tickMilliseconds);
+    const bool holds = condition();
+    expect(holds, std::string(what) + " did not come");
+    return holds;
 }
 
 JobOutcome Tour::generate(const std::string& caption)
@@ -174,10 +197,10 @@ void Tour::cancelJob()
         [this] { return exchange::jobInfo(m_frame.runner().jobId()).percent >= pictureAtPercent; },
         [this](wxTopLevelWindow& window)
         {
-            window.CentreOnScreen();
+            centre(&window);
             settle();
             picture("progress");
-            // Without a window manager a window may still be on its way to where it was put.
+            // The window may still be on its way to where it was put.
             const int jobId = m_frame.runner().jobId();
             for (int tries = 0; tries < 20 && exchange::jobInfo(jobId).state == exchange::JobState::running; ++tries)
             {
@@ -199,7 +222,7 @@ void Tour::watchThreads()
         generateWatched([this] { return exchange::jobInfo(m_frame.runner().jobId()).percent >= pictureAtPercent; },
                         [this](wxTopLevelWindow& window)
                         {
-                            window.CentreOnScreen();
+                            centre(&window);
                             click(window.FindWindow(detailsId));
                             settle(300);
                             picture("progress-threads");

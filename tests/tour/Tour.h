@@ -2,6 +2,7 @@
 #define TESTS_TOUR_TOUR_H
 
 #include "host/JobRunner.h"
+#include "tests/support/Person.h"
 
 #include <functional>
 #include <string>
@@ -19,9 +20,10 @@ class HostFrame;
 namespace tour
 {
 
-/// Shows what the host can do, without a person: opens parts, generates their toolpaths, cancels, saves, uses
-/// every dialog, meets bad files. Takes pictures of the windows and prints what happened. The last part should keep the
-/// engine busy for a second or more: it is the one whose progress is shown and cancelled.
+/// Shows what the host can do: opens parts, generates their toolpaths, cancels, saves, uses every dialog, meets bad
+/// files. What a user does with pointer and keyboard in menus and windows is done so, through the X server. Takes
+/// pictures of the windows and prints what happened. The last part should keep the engine busy for a second or more: it
+/// is the one whose progress is shown and cancelled.
 class Tour
 {
 public:
@@ -60,7 +62,16 @@ private:
     void useDialogs(const wxString& entry, const std::vector<DialogStep>& steps);
     void useDialog(const wxString& entry, int control, const std::function<void(wxTopLevelWindow&)>& act);
     wxTopLevelWindow* moduleWindow(int controlId) const;
+    /// Puts a window over the middle of the host's, where the pictures are taken.
+    void centre(wxTopLevelWindow* window) const;
     void click(wxWindow* window);
+    /// Types a text into a field, in place of what it shows.
+    void typeInto(wxWindow* field, const char* text);
+    /// Clicks a button of a ribbon.
+    void clickRibbon(const wxWindow& window, int command);
+    /// Waits until a condition holds, and notes a failure when it does not in time.
+    /// \returns whether it holds
+    bool waitFor(const char* what, const std::function<bool()>& condition);
     /// Lets the windows show what they have to.
     void settle(int milliseconds = 150);
 
@@ -70,6 +81,7 @@ private:
     void expect(bool condition, const std::string& failure);
 
     host::HostFrame& m_frame;
+    testing_support::Person m_person;
     std::vector<std::string> m_parts;
     std::string m_pictures;
     int m_pictureCount = 0;

@@ -3,12 +3,10 @@
 #include "tests/tour/Tour.h"
 #include <tessaron/util/Keys.h>
 
-#include <wx/choice.h>
-#include <wx/combobox.h>
 #include <wx/grid.h>
 #include <wx/menu.h>
+#include <wx/ribbon/buttonbar.h>
 #include <wx/stopwatch.h>
-#include <wx/textctrl.h>
 #include <wx/timer.h>
 
 namespace tour
@@ -33,7 +31,6 @@ constexpr int sortGridId = 1137;
 constexpr int findTextId = 1141;
 constexpr int matchFilterId = 1152;
 // The toolkit takes ids of 16 bits.
-constexpr int preferencesCommand = 32797 - 65536;
 constexpr int findCommand = 32800 - 65536;
 constexpr int sortCommand = 32801 - 65536;
 
@@ -49,25 +46,17 @@ struct Look
 constexpr Look looks[] = {{21, "office-2016"}, {0, "windows-xp"},         {2, "office-2007-black"},
                           {13, "dark"},        {23, "office-2016-black"}, {26, "nx-10"}};
 
-void centre(wxTopLevelWindow* window)
-{
-    if (window)
-        window->CentreOnScreen();
-}
-
 } // namespace
 
 void Tour::useDialogs(const wxString& entry, const std::vector<DialogStep>& steps)
 {
-    wxMenuBar* const menus = m_frame.GetMenuBar();
-    const int id = menus->FindMenuItem("Machining", entry + L"\u2026");
-    m_frame.UpdateWindowUI();
-    menus->UpdateMenus();
-    if (id == wxNOT_FOUND || !menus->IsEnabled(id))
-    {
-        expect(false, "the menu has no \"" + entry.utf8_string() + "\"");
-        return;
-    }
+    const wxMenuBar* const menus = m_frame.GetMenuBar();
+    const wxMenuItem* const item = menus->FindItem(menus->FindMenuItem("Machining", entry + L"\u2026"));
+    if (!item)
+        return expect(false, "the menu has no \"" + entry.utf8_string() + "\"");
+    const std::string label = item->GetItemLabel().Lower().utf8_string();
+    const std::string accessKey = label.substr(label.find('&') + 1, 1);
+
     wxTimer watch;
     std::size_t taken = 0;
     wxStopWatch waited;
@@ -75,7 +64,7 @@ void Tour::useDialogs(const wxString& entry, const std::vector<DialogStep>& step
                [&](wxTimerEvent&)
                {
                    wxTopLevelWindow* const window = taken < steps.size() ? moduleWindow(steps[taken].control) : nullptr;
-                   if (window && window->IsEnabled())
+                   if (window && window->IsEnabled() && testing_support::takesKeys(window))
                    {
                        if (auto* const owner = dynamic_cast<wxTopLevelWindow*>(window->GetParent()); owner != &m_frame)
                            centre(owner);
@@ -88,8 +77,13 @@ void Tour::useDialogs(const wxString& entry, const std::vector<DialogStep>& step
                        m_frame.module().quit();
                });
     watch.Start(tickMilliseconds);
-    wxCommandEvent chosen(wxEVT_MENU, id);
-    m_frame.ProcessWindowEvent(chosen);
+    if (waitFor("the keyboard", [this] { return testing_support::takesKeys(&m_frame); }))
+        m_person.key("m", testing_support::Person::alt);
+    if (waitFor("the menu", testing_support::menuIsUp))
+        m_person.key(accessKey.c_str());
+    // What is chosen shows its windows from in here, and comes back when they are gone.
+    while (taken < steps.size() && waited.Time() < patience)
+        settle(tickMilliseconds);
     watch.Stop();
     settle();
     expect(taken == steps.size(),
@@ -116,14 +110,7 @@ void Tour::changeParameters()
     useDialog("Chip thickness", chipPercentId,
               [this](wxTopLevelWindow& window)
               {
-                  auto* const percent = dynamic_cast<wxTextCtrl*>(window.FindWindow(chipPercentId));
-                  expect(percent, "the chip thickness dialog has no field for the stepover in percent");
-                  if (percent)
-                  {
-                      percent->SetFocus();
-                      settle();
-                      percent->SetValue("20");
-                  }
+                  typeInto(window.FindWindow(chipPercentId), "20");
                   click(window.FindWindow(chipCalculateId));
                   settle(300);
                   picture("chip-thickness");
@@ -159,9 +146,7 @@ void Tour::saveTemplate()
     useDialog("Save as template", templateNameId,
               [this](wxTopLevelWindow& window)
               {
-                  if (auto* const name = dynamic_cast<wxComboBox*>(window.FindWindow(templateNameId)))
-                      name->SetValue("Square pocket");
-                  settle();
+                  typeInto(window.FindWindow(templateNameId), "Square pocket");
                   picture("save-as-template");
                   click(window.FindWindow(okId));
               });
@@ -169,38 +154,50 @@ void Tour::saveTemplate()
 
 void Tour::showLooks(wxTopLevelWindow& manager)
 {
-    auto* const themes = dynamic_cast<wxChoice*>(manager.FindWindow(templateThemeId));
-    expect(themes, "the template manager offers no themes");
     for (const Look& look : looks)
     {
-        if (!themes)
+        click(manager.FindWindow(templateThemeId));
+        if (!waitFor("the list of themes", testing_support::menuIsUp))
             return;
-        themes->SetSelection(look.theme);
-        wxCommandEvent chosen(wxEVT_CHOICE, templateThemeId);
-        chosen.SetEventObject(themes);
-        chosen.SetInt(look.theme);
-        themes->ProcessWindowEvent(chosen);
+        m_person.key("Home");
+        for (int theme = 0; theme < look.theme; ++theme)
+            m_person.key("Down");
+        m_person.key("Return");
+        waitFor("the choice of a theme", [] { return !testing_support::menuIsUp(); });
         settle(400);
         picture(std::string("template-manager-") + look.name);
+    }
+}
+
+void Tour::clickRibbon(const wxWindow& window, int command)
+{
+    for (wxWindow* const inner : window.GetChildren())
+    {
+        auto* const bar = dynamic_cast<wxRibbonButtonBar*>(inner);
+        if (!bar || !bar->GetItemById(command))
+        {
+            clickRibbon(*inner, command);
+            continue;
+        }
+        const wxRect button = bar->GetItemRect(command);
+        m_person.click(bar->ClientToScreen(button.GetPosition() + button.GetSize() / 2));
     }
 }
 
 void Tour::loadTemplate()
 {
     say("Load the template");
-    const auto openByCommand = [](int command)
-    {
-        return DialogStep{templateGridId, [command](wxTopLevelWindow& manager)
-                          {
-                              // Once the step is over: what the command shows has steps of its own.
-                              manager.CallAfter(
-                                  [&manager, command]
-                                  {
-                                      wxCommandEvent event(wxEVT_MENU, command);
-                                      manager.ProcessWindowEvent(event);
-                                  });
-                          }};
+    const auto openByRibbon = [this](int command) {
+        return DialogStep{templateGridId,
+                          [this, command](wxTopLevelWindow& manager) { clickRibbon(manager, command); }};
     };
+    // The preferences are the first entry of the application menu.
+    const DialogStep openByKeys{templateGridId, [this](wxTopLevelWindow&)
+                                {
+                                    // Typed ahead: the menu comes back only when it is closed.
+                                    for (const char* const key : {"F10", "Down", "Return"})
+                                        m_person.key(key);
+                                }};
     const auto showAndClose = [this](int control, const char* name, int button)
     {
         return DialogStep{control, [this, name, button](wxTopLevelWindow& dialog)
@@ -209,19 +206,22 @@ void Tour::loadTemplate()
                               click(dialog.FindWindow(button));
                           }};
     };
-    useDialogs("Load template", {{templateGridId, [this](wxTopLevelWindow& manager) { showLooks(manager); }},
-                                 openByCommand(sortCommand),
-                                 showAndClose(sortGridId, "template-sort", cancelId),
-                                 openByCommand(findCommand),
-                                 showAndClose(findTextId, "template-find", okId),
-                                 openByCommand(preferencesCommand),
-                                 showAndClose(matchFilterId, "template-preferences", cancelId),
-                                 {templateGridId, [this](wxTopLevelWindow& manager)
-                                  {
-                                      if (auto* const grid = dynamic_cast<wxGrid*>(manager.FindWindow(templateGridId)))
-                                          grid->SelectRow(0);
-                                      click(manager.FindWindow(okId));
-                                  }}});
+    useDialogs("Load template",
+               {{templateGridId, [this](wxTopLevelWindow& manager) { showLooks(manager); }},
+                openByRibbon(sortCommand),
+                showAndClose(sortGridId, "template-sort", cancelId),
+                openByRibbon(findCommand),
+                showAndClose(findTextId, "template-find", okId),
+                openByKeys,
+                showAndClose(matchFilterId, "template-preferences", cancelId),
+                {templateGridId, [this](wxTopLevelWindow& manager)
+                 {
+                     if (auto* const grid = dynamic_cast<wxGrid*>(manager.FindWindow(templateGridId)))
+                         m_person.click(grid->ClientToScreen(
+                             wxPoint(grid->GetRowLabelSize() + 20, grid->GetColLabelSize() + grid->GetRowSize(0) / 2)));
+                     settle();
+                     click(manager.FindWindow(okId));
+                 }}});
 }
 
 std::size_t Tour::recordCount() const

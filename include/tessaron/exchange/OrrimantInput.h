@@ -18,7 +18,7 @@ struct OrrimantInput
     CurveList toolProfile;                      ///< outline of the turning tool
     CurveList holderProfile;                    ///< outline of the tool holder
 
-    /// Defined in exchange/OrrimantInputSerialization.h.
+    /// Defined in <tessaron/exchange/OrrimantInputSerialization.h>.
     template <class Archive>
     void serialize(Archive& archive, unsigned int version);
 };

@@ -12,7 +12,7 @@ namespace exchange
 {
 
 // Lengths are in the host's unit, which is passed on unchanged. The serialize functions are defined in
-// exchange/Tessaron3dInputSerialization.h.
+// <tessaron/exchange/Tessaron3dInputSerialization.h>.
 
 /// The geometry of a 3-axis job. Meshes may be empty pointers, and one mesh may be used in several places: archives
 /// keep it shared. Class version 3.

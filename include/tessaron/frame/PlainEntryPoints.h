@@ -48,7 +48,8 @@ extern "C"
      * Tells a window of the module that is up to end, as a quit message would, for hosts whose event loop the module
      * cannot see (neither the toolkit's nor GTK's). The call that shows it returns at once: the progress calls with 1,
      * modal dialogs with 2, the template manager with 0. With calls inside one another all of them end. Without any,
-     * the next call ends.
+     * the next call ends. May be called from any thread. It also ends a progress call that runs without a window: where
+     * there is no display, nobody else can end one that watches a job of the host's own.
      */
     TESSARON_RESOURCES_API void tessaronResourcesQuit(void);
 

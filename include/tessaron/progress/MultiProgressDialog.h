@@ -9,6 +9,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <cstddef>
 #include <vector>
 
 class wxStaticText;
@@ -45,7 +46,7 @@ public:
     /// Runs until the job has ended, the cancelled flag is set, or a quit message comes.
     virtual void doProgressLoop();
 
-    /// One line for each worker, in the engine's order. A line lives at most as long as the window.
+    /// One line for each worker, in the engine's order; of hundreds, the last ones come a moment later. A line lives at most as long as the window.
     std::vector<boost::shared_ptr<wxStaticText>>& getTextLines();
 
 protected:
@@ -60,12 +61,15 @@ protected:
 private:
     bool poll();
     void matchLines(std::size_t workers);
+    bool makeLines();
     boost::shared_ptr<wxStaticText> makeLine(std::size_t index);
     void onShowDetails(wxCommandEvent& event);
+    void onIdle(wxIdleEvent& event);
 
     boost::shared_ptr<exchange::ProgressData> m_progress;
     boost::shared_ptr<bool> m_cancelled;
     std::vector<boost::shared_ptr<wxStaticText>> m_textLines;
+    std::size_t m_wantedLines = 0;
     bool m_detailsShown = false;
     mfcutil::CTransparentImage* m_picture = nullptr;
     int m_templateId;

@@ -41,6 +41,14 @@ Record readFrom(const std::string& archive)
     return record;
 }
 
+template <class Record>
+std::string written(const Record& record, exchange::ArchiveFormat format)
+{
+    std::ostringstream stream;
+    exchange::writeArchive(stream, record, format);
+    return stream.str();
+}
+
 /// The text of the exception that reading ends with; "" when it does not. Only archive exceptions may come out.
 inline std::string readError(const AnyRecord& record, const std::string& archive)
 {

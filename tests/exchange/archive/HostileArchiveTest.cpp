@@ -29,6 +29,7 @@ void PrintTo(const Edit& edit, std::ostream* stream)
 
 const char inputError[] = "input stream error";
 const char syntaxError[] = "unrecognized XML syntax";
+const std::string longName(128, 'G');
 
 class EditedXml : public testing::TestWithParam<Edit>
 {
@@ -72,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
         Edit{"toolpath.xml", "<axis class_id=\"6\"", "<axis class_id=\"6", syntaxError},
         Edit{"toolpath.xml", "<axis class_id=\"6\" tracking_level=\"0\" version=\"0\">", "<axis>", syntaxError},
         Edit{"toolpath.xml", "&lt;", "&less;", syntaxError}, Edit{"toolpath.xml", "&lt;", "&#x110000;", syntaxError},
-        Edit{"toolpath.xml", "&lt;", "&lt", syntaxError}));
+        Edit{"toolpath.xml", "&lt;", "&#xD800;", syntaxError}, Edit{"toolpath.xml", "&lt;", "&lt", syntaxError}));
 
 INSTANTIATE_TEST_SUITE_P(
     Values, EditedXml,
@@ -115,6 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Edit{"curve_line2.xml", "GeomLineImpl2", "GeomLineImpl4", "unregistered class - GeomLineImpl4"},
                     // A class that exists, but not behind this kind of pointer.
                     Edit{"curve_line2.xml", "GeomLineImpl2", "GeomLineImpl3", "unregistered class - GeomLineImpl3"},
+                    Edit{"curve_line2.xml", "GeomLineImpl2", longName.c_str(), "class name too long"},
                     Edit{"curve_line2.xml", "class_name=\"GeomLineImpl2\" ", "", syntaxError},
                     Edit{"curve_line2.xml", "object_id=\"_0\"", "", syntaxError},
                     Edit{"curve_line2.xml", "object_id=\"_0\"", "object_id=\"0\"", syntaxError},

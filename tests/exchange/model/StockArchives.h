@@ -1,14 +1,17 @@
 #ifndef TESTS_EXCHANGE_MODEL_STOCKARCHIVES_H
 #define TESTS_EXCHANGE_MODEL_STOCKARCHIVES_H
 
-// Writing and reading records through the archive library's own XML classes, so that a fault in a record's routine is
-// told apart from one in the project's archive classes; and edits to the text that make it what other builds write.
+// Writing and reading records through the archive library's own classes, as a host does that has archives of its own,
+// so that a fault in a record's routine is told apart from one in the project's archive classes; and edits to the text
+// that make it what other builds write.
 
-#include "exchange/OrrimantInputSerialization.h"
-#include "exchange/Tessaron3dInputSerialization.h"
-#include "exchange/Tessaron5xInputSerialization.h"
-#include "exchange/ToolpathRecordsSerialization.h"
+#include <tessaron/exchange/OrrimantInputSerialization.h>
+#include <tessaron/exchange/Tessaron3dInputSerialization.h>
+#include <tessaron/exchange/Tessaron5xInputSerialization.h>
+#include <tessaron/exchange/ToolpathRecordsSerialization.h>
 
+#include <boost/archive/binary_iarchive.hpp>
+#include <boost/archive/binary_oarchive.hpp>
 #include <boost/archive/xml_iarchive.hpp>
 #include <boost/archive/xml_oarchive.hpp>
 
@@ -16,6 +19,9 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+
+namespace testing_support
+{
 
 template <class T>
 std::string writeXml(const T& record)
@@ -46,6 +52,21 @@ T readXml(const std::string& text)
     T record;
     readXml(text, record);
     return record;
+}
+
+/// What comes back from a binary archive.
+template <class T>
+T throughBinary(const T& record)
+{
+    std::stringstream stream;
+    {
+        boost::archive::binary_oarchive archive(stream);
+        archive << boost::serialization::make_nvp("root", record);
+    }
+    T back;
+    boost::archive::binary_iarchive archive(stream);
+    archive >> boost::serialization::make_nvp("root", back);
+    return back;
 }
 
 /// What the library says when it refuses to read a T; empty when it reads it.
@@ -84,5 +105,7 @@ inline std::string without(const std::string& text, const std::string& element)
 {
     return replaced(text, "\\s*<" + element + "[ >][\\s\\S]*?</" + element + ">", "");
 }
+
+} // namespace testing_support
 
 #endif

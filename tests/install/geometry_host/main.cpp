@@ -3,6 +3,10 @@
 #include <tessaron/exchange/geom/CurveSerialization.h>
 #include <tessaron/exchange/geom/Curves.h>
 
+#include <boost/archive/binary_iarchive.hpp>
+#include <boost/archive/binary_oarchive.hpp>
+#include <boost/archive/xml_iarchive.hpp>
+#include <boost/archive/xml_oarchive.hpp>
 #include <boost/make_shared.hpp>
 
 #include <cmath>
@@ -46,6 +50,21 @@ struct KindVisitor : Loki::BaseVisitor,
     std::string kind;
 };
 
+/// A curve goes through an archive of the host's own, for which it has registered nothing.
+template <class Output, class Input, int N>
+void checkOwnArchive(const CurvePtr<N>& curve, const std::string& kind)
+{
+    std::stringstream stream;
+    {
+        Output archive(stream);
+        archive << boost::serialization::make_nvp("curve", curve);
+    }
+    CurvePtr<N> copy;
+    Input archive(stream);
+    archive >> boost::serialization::make_nvp("curve", copy);
+    check(copy && copy->pointAt(copy->endParam()) == curve->pointAt(curve->endParam()), kind + " in its own archive");
+}
+
 /// A curve comes back from both kinds of archive as what it was, at the same place.
 template <int N>
 void checkCurve(const CurvePtr<N>& curve, const std::string& kind)
@@ -62,6 +81,8 @@ void checkCurve(const CurvePtr<N>& curve, const std::string& kind)
         const double middle = (curve->startParam() + curve->endParam()) / 2;
         check(copy->pointAt(middle) == curve->pointAt(middle), kind + " came back elsewhere");
     }
+    checkOwnArchive<boost::archive::xml_oarchive, boost::archive::xml_iarchive>(curve, kind);
+    checkOwnArchive<boost::archive::binary_oarchive, boost::archive::binary_iarchive>(curve, kind);
 }
 
 /// A curve with nothing in it, which a host fills from an archive of its own: that of the serialization library, by way

@@ -1,9 +1,11 @@
-#ifndef EXCHANGE_TESSARON5XINPUTSERIALIZATION_H
-#define EXCHANGE_TESSARON5XINPUTSERIALIZATION_H
+#ifndef TESSARON_EXCHANGE_TESSARON5XINPUTSERIALIZATION_H
+#define TESSARON_EXCHANGE_TESSARON5XINPUTSERIALIZATION_H
 
-#include "exchange/Tessaron2dInputSerialization.h"
-#include "exchange/mesh/MeshSerialization.h"
+// Stability: stable.
+
+#include <tessaron/exchange/Tessaron2dInputSerialization.h>
 #include <tessaron/exchange/Tessaron5xInput.h>
+#include <tessaron/exchange/mesh/MeshSerialization.h>
 
 namespace exchange
 {

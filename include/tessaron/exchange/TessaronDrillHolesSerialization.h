@@ -1,5 +1,7 @@
-#ifndef EXCHANGE_TESSARONDRILLHOLESSERIALIZATION_H
-#define EXCHANGE_TESSARONDRILLHOLESSERIALIZATION_H
+#ifndef TESSARON_EXCHANGE_TESSARONDRILLHOLESSERIALIZATION_H
+#define TESSARON_EXCHANGE_TESSARONDRILLHOLESSERIALIZATION_H
+
+// Stability: stable.
 
 #include <tessaron/exchange/TessaronDrillHoles.h>
 #include <tessaron/exchange/geom/GeomSerialization.h>

@@ -1,8 +1,10 @@
-#ifndef EXCHANGE_TESSARON2DINPUTSERIALIZATION_H
-#define EXCHANGE_TESSARON2DINPUTSERIALIZATION_H
+#ifndef TESSARON_EXCHANGE_TESSARON2DINPUTSERIALIZATION_H
+#define TESSARON_EXCHANGE_TESSARON2DINPUTSERIALIZATION_H
 
-#include "exchange/TessaronDrillHolesSerialization.h"
+// Stability: stable.
+
 #include <tessaron/exchange/Tessaron2dInput.h>
+#include <tessaron/exchange/TessaronDrillHolesSerialization.h>
 #include <tessaron/exchange/geom/CurveSerialization.h>
 
 BOOST_CLASS_VERSION(exchange::Tessaron2dInput, 2)

@@ -1,5 +1,7 @@
-#ifndef EXCHANGE_TOOLPATHRECORDSSERIALIZATION_H
-#define EXCHANGE_TOOLPATHRECORDSSERIALIZATION_H
+#ifndef TESSARON_EXCHANGE_TOOLPATHRECORDSSERIALIZATION_H
+#define TESSARON_EXCHANGE_TOOLPATHRECORDSSERIALIZATION_H
+
+// Stability: stable.
 
 #include <tessaron/exchange/ToolpathRecords.h>
 #include <tessaron/exchange/geom/GeomSerialization.h>

@@ -1,5 +1,7 @@
-#ifndef EXCHANGE_MESH_MESHSERIALIZATION_H
-#define EXCHANGE_MESH_MESHSERIALIZATION_H
+#ifndef TESSARON_EXCHANGE_MESH_MESHSERIALIZATION_H
+#define TESSARON_EXCHANGE_MESH_MESHSERIALIZATION_H
+
+// Stability: stable.
 
 #include <tessaron/exchange/geom/GeomSerialization.h>
 #include <tessaron/exchange/mesh/TriMeshFacets.h>

@@ -1,9 +1,11 @@
-#ifndef EXCHANGE_TESSARON3DINPUTSERIALIZATION_H
-#define EXCHANGE_TESSARON3DINPUTSERIALIZATION_H
+#ifndef TESSARON_EXCHANGE_TESSARON3DINPUTSERIALIZATION_H
+#define TESSARON_EXCHANGE_TESSARON3DINPUTSERIALIZATION_H
 
-#include "exchange/Tessaron2dInputSerialization.h"
-#include "exchange/mesh/MeshSerialization.h"
+// Stability: stable.
+
+#include <tessaron/exchange/Tessaron2dInputSerialization.h>
 #include <tessaron/exchange/Tessaron3dInput.h>
+#include <tessaron/exchange/mesh/MeshSerialization.h>
 
 BOOST_CLASS_VERSION(exchange::Tessaron3dBoundaries, 3)
 BOOST_CLASS_VERSION(exchange::Tessaron3dInput, 3)

@@ -1,8 +1,10 @@
-#ifndef EXCHANGE_ORRIMANTINPUTSERIALIZATION_H
-#define EXCHANGE_ORRIMANTINPUTSERIALIZATION_H
+#ifndef TESSARON_EXCHANGE_ORRIMANTINPUTSERIALIZATION_H
+#define TESSARON_EXCHANGE_ORRIMANTINPUTSERIALIZATION_H
 
-#include "exchange/Tessaron2dInputSerialization.h"
+// Stability: stable.
+
 #include <tessaron/exchange/OrrimantInput.h>
+#include <tessaron/exchange/Tessaron2dInputSerialization.h>
 
 BOOST_CLASS_VERSION(exchange::OrrimantInput, 1)
 
