@@ -10,6 +10,7 @@
 #include "util/platform/Folder.h"
 #include "util/platform/FolderLock.h"
 #include "util/platform/LibraryFile.h"
+#include "util/platform/TemporaryFile.h"
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
 
@@ -109,6 +110,8 @@ int writeSetsFile(const std::string& folderPath, const std::string& fileName, co
     if (folder.state() != FileState::ok)
         return status::templateWriteError;
     const FolderLock lock(folderPath, FolderLock::Kind::exclusive);
+    if (std::vector<std::string> entries; lock.isHeld() && folder.entries(entries))
+        removeLeftovers(folder, entries, fileName);
     return !lock.isBusy() && folder.replace(fileName, bytes) ? status::ok : status::templateWriteError;
 }
 

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
 #include <limits>
 
 namespace status = exchange::status;
@@ -92,6 +94,22 @@ TEST(TemplateDefs, CountsInAFileAreNotTrusted)
     ASSERT_TRUE(util::store::infoOfSets(sets, info));
     EXPECT_LE(info.sortLevels.size(), sets[0].size());
     EXPECT_TRUE(info.columns[0].options.empty());
+}
+
+TEST(TemplateDefs, ASaveRemovesWhatKilledOnesLeft)
+{
+    const TemporaryFolder folder;
+    const std::string old = folder / ".defs.xml.123-1.tmp";
+    const std::string young = folder / ".defs.xml.123-2.tmp";
+    const std::string ofAnother = folder / ".other.xml.123-3.tmp";
+    for (const std::string& path : {old, young, ofAnother})
+        writeBytes(path, "half");
+    for (const std::string& path : {old, ofAnother})
+        std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() - std::chrono::hours(2));
+    EXPECT_EQ(util::saveTemplateDefs(folder.path(), "defs", {}), status::ok);
+    EXPECT_FALSE(std::filesystem::exists(old));
+    EXPECT_TRUE(std::filesystem::exists(young));
+    EXPECT_TRUE(std::filesystem::exists(ofAnother));
 }
 
 TEST(TemplateFolders, ListComesBackAndIsEmptyAtFirst)
