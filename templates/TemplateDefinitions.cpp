@@ -130,28 +130,21 @@ std::vector<util::TemplateColumn> defaultTemplateColumns(int kind, bool titleVar
 }
 
 DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind, bool titleVariant,
-                                            util::TemplateInfo& info, TemplatePrompts& prompts)
+                                            util::TemplateInfo& info, int& code)
 {
     util::TechnologyExpertData expertData;
-    int code = util::getTechnologyExpertData(&expertData);
+    code = util::getTechnologyExpertData(&expertData);
     if (code != status::ok)
-    {
-        showStatus(prompts, code);
         return DefinitionsState::failed;
-    }
     code = util::loadTemplateDefs(folder, templateDefinitionsName(kind), &info);
     if (code == status::templateColumnsMissing)
     {
         info = util::TemplateInfo();
         info.columns = defaultTemplateColumns(kind, titleVariant, expertData);
-        // Where they cannot be stored, as in a library that is only read, they are made again the next time.
-        util::saveTemplateDefs(folder, templateDefinitionsName(kind), info);
+        code = util::saveTemplateDefs(folder, templateDefinitionsName(kind), info);
         return DefinitionsState::created;
     }
-    if (code == status::ok)
-        return DefinitionsState::loaded;
-    showStatus(prompts, code);
-    return DefinitionsState::failed;
+    return code == status::ok ? DefinitionsState::loaded : DefinitionsState::failed;
 }
 
 } // namespace TessaronResources

@@ -18,6 +18,7 @@ namespace
 {
 
 constexpr int acceptId = 1;
+typedef TemplateSession::StoreReason StoreReason;
 
 } // namespace
 
@@ -61,7 +62,12 @@ bool TemplateManagerCommands::run(int command)
     }
 }
 
-void TemplateManagerCommands::storeLayout(bool byUser)
+void TemplateManagerCommands::storeLayoutAtEnd()
+{
+    storeLayout(m_changed ? StoreReason::endWithChange : StoreReason::end);
+}
+
+void TemplateManagerCommands::storeLayout(StoreReason reason)
 {
     m_session.info().headingHeight = m_grid->GetColLabelSize();
     if (!m_frame.IsMaximized() && !m_frame.IsIconized())
@@ -69,15 +75,19 @@ void TemplateManagerCommands::storeLayout(bool byUser)
         m_session.info().windowWidth = m_frame.GetSize().x;
         m_session.info().windowHeight = m_frame.GetSize().y;
     }
-    m_session.storeDefinitions(byUser);
+    m_session.storeDefinitions(reason);
 }
 
 void TemplateManagerCommands::storeEdits()
 {
     m_grid->finishEdit();
-    if (m_session.storeEdits())
-        m_changed = false;
-    m_session.refresh();
+    m_session.inOneMessage(
+        [this]
+        {
+            if (m_session.storeEdits())
+                m_changed = false;
+            m_session.refresh();
+        });
 }
 
 void TemplateManagerCommands::deleteSelected()
@@ -86,8 +96,12 @@ void TemplateManagerCommands::deleteSelected()
     const std::vector<std::size_t> selected = m_grid->selectedRows();
     if (selected.empty() || !m_session.settleEdits())
         return;
-    m_session.deleteTemplates(selected);
-    m_session.fill();
+    m_session.inOneMessage(
+        [&]
+        {
+            m_session.deleteTemplates(selected);
+            m_session.fill();
+        });
 }
 
 void TemplateManagerCommands::deleteByKey()
@@ -112,10 +126,14 @@ void TemplateManagerCommands::configureColumns()
 void TemplateManagerCommands::columnsChanged()
 {
     m_changed = true;
-    storeLayout(true);
-    m_session.info().headingHeight = -1;
-    m_grid->rebuildColumns();
-    m_session.refresh();
+    m_session.inOneMessage(
+        [this]
+        {
+            storeLayout(StoreReason::change);
+            m_session.info().headingHeight = -1;
+            m_grid->rebuildColumns();
+            m_session.refresh();
+        });
 }
 
 void TemplateManagerCommands::sort()
@@ -140,11 +158,15 @@ void TemplateManagerCommands::preferences()
         return;
     if (dialog.preferences().font != m_session.info().preferences.font)
         m_session.info().headingHeight = -1;
-    m_session.acceptPreferences(dialog.preferences(), dialog.folder());
-    m_grid->applyLook();
-    m_grid->rebuildColumns();
-    if (refillNeeded)
-        m_session.fill();
+    m_session.inOneMessage(
+        [&]
+        {
+            m_session.acceptPreferences(dialog.preferences(), dialog.folder());
+            m_grid->applyLook();
+            m_grid->rebuildColumns();
+            if (refillNeeded)
+                m_session.fill();
+        });
 }
 
 void TemplateManagerCommands::importTemplates()
@@ -152,8 +174,12 @@ void TemplateManagerCommands::importTemplates()
     m_grid->finishEdit();
     if (!m_session.settleEdits())
         return;
-    if (m_session.importTemplates() > 0)
-        m_session.fill();
+    m_session.inOneMessage(
+        [this]
+        {
+            if (m_session.importTemplates() > 0)
+                m_session.fill();
+        });
 }
 
 void TemplateManagerCommands::exportTemplates()

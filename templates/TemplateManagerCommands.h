@@ -31,8 +31,8 @@ public:
     void storeEdits();
     /// The layout or the preferences have been changed by the user, and are to be stored.
     void markChanged() { m_changed = true; }
-    /// Stores the definitions with the heading height and the window's size.
-    void storeLayout() { storeLayout(m_changed); }
+    /// Stores the definitions with the heading height and the window's size, as the window closes.
+    void storeLayoutAtEnd();
 
     void find();
     void findAgain();
@@ -43,7 +43,7 @@ public:
     void columnsChanged() override;
 
 private:
-    void storeLayout(bool byUser);
+    void storeLayout(TemplateSession::StoreReason reason);
     void importTemplates();
     void exportTemplates();
     void sort();

@@ -51,20 +51,25 @@ bool TemplateManagerFormView::setUp()
 {
     if (!currentResources().loadForm(*this, &m_frame, templateId) || !makeControls())
         return false;
+    m_session.inOneMessage([this] { open(); });
+    if (m_inputs.loadSaved)
+        *m_inputs.loadSaved = m_session.info().preferences.loadSavedTemplates;
+    bindControls();
+    applyLook();
+    m_grid->SetFocus();
+    return true;
+}
+
+void TemplateManagerFormView::open()
+{
     m_session.open(titleVariant);
     installVisualTheme(theme());
     if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
         themes->SetSelection(theme());
     m_grid->rebuildColumns();
     m_session.fill();
-    if (m_inputs.loadSaved)
-        *m_inputs.loadSaved = m_session.info().preferences.loadSavedTemplates;
     if (auto* const name = dynamic_cast<wxTextCtrl*>(FindWindow(nameId)); name && m_inputs.saving)
         name->ChangeValue(wxString::FromUTF8(m_session.proposeName()));
-    bindControls();
-    applyLook();
-    m_grid->SetFocus();
-    return true;
 }
 
 bool TemplateManagerFormView::makeControls()
@@ -153,6 +158,15 @@ void TemplateManagerFormView::applyLook()
         frame->applyLook();
 }
 
+void TemplateManagerFormView::layoutKeepingChanged()
+{
+    if (auto* const frame = dynamic_cast<TemplateManagerFrameWnd*>(&m_frame))
+        frame->setNotice(m_session.layoutIsKept()
+                             ? wxString()
+                             : translatedLabel("This template library cannot be written to: changes of the layout and "
+                                               "of the preferences are not kept."));
+}
+
 void TemplateManagerFormView::updateButtons()
 {
     const bool selected = m_grid->IsSelection();
@@ -173,7 +187,7 @@ void TemplateManagerFormView::finish(int value, const std::function<void()>& han
         return;
     if (handOver)
         handOver();
-    m_commands.storeLayout();
+    m_commands.storeLayoutAtEnd();
     *m_slot = value;
     if (m_finished)
         m_finished();

@@ -1,9 +1,9 @@
 #include "templates/TemplateSession.h"
 
 #include "frame/Translation.h"
-#include "templates/TemplateFailures.h"
 #include "templates/TemplateSharing.h"
 #include "templates/TemplateSort.h"
+#include "util/platform/Folder.h"
 #include "util/text/Ascii.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/engine/TemplateStore.h>
@@ -67,18 +67,42 @@ void TemplateSession::notify(Notice notice)
         notice(*observer);
 }
 
-void TemplateSession::report(int code)
+void TemplateSession::inOneMessage(const std::function<void()>& command)
 {
-    showStatus(m_prompts, code);
+    ++m_commandDepth;
+    command();
+    if (--m_commandDepth == 0)
+        std::exchange(m_failures, {}).tell(m_prompts);
+}
+
+void TemplateSession::report(int code, const std::string& line)
+{
+    inOneMessage([&] { m_failures.add(code, line); });
 }
 
 DefinitionsState TemplateSession::open(bool titleVariant)
 {
-    reloadKnownFolders();
+    inOneMessage(
+        [this, titleVariant]
+        {
+            reloadKnownFolders();
+            int code = status::ok;
+            m_definitionsState = prepareTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info, code);
+            if (m_definitionsState == DefinitionsState::failed)
+                report(code);
+            const util::Folder home(util::nativePath(m_homeFolder));
+            setLayoutIsKept(code == status::ok && home.canBeWritten());
+        });
     if (!m_knownFolders.empty() && isFolder(m_knownFolders.front()))
         m_folder = m_knownFolders.front();
-    m_definitionsState = prepareTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info, m_prompts);
     return m_definitionsState;
+}
+
+void TemplateSession::setLayoutIsKept(bool kept)
+{
+    if (kept == std::exchange(m_layoutIsKept, kept))
+        return;
+    notify([](TemplateSessionObserver& observer) { observer.layoutKeepingChanged(); });
 }
 
 void TemplateSession::fill()
@@ -122,32 +146,39 @@ void TemplateSession::refresh()
 void TemplateSession::reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty)
 {
     std::set<std::pair<std::string, int>> faults;
-    TemplateFailures unknown;
     const auto add = [&](const std::string& path, int fault, const std::string& line)
     {
         if (faults.emplace(path, fault).second && m_reported.count({path, fault}) == 0)
-            unknown.add(fault, line);
+            report(fault, line);
     };
-    for (const util::FaultyTemplateFile& file : faulty)
-        add(file.path, file.code, templateLine(file.path));
-    if (code != status::ok && faulty.empty())
-        add(kindFolder(), code, "");
+    inOneMessage(
+        [&]
+        {
+            for (const util::FaultyTemplateFile& file : faulty)
+                add(file.path, file.code, templateLine(file.path));
+            if (code != status::ok && faulty.empty())
+                add(kindFolder(), code, "");
+        });
     m_reported = std::move(faults);
-    unknown.tell(m_prompts);
 }
 
-bool TemplateSession::storeDefinitions(bool byUser)
+bool TemplateSession::storeDefinitions(StoreReason reason)
 {
     // What is stored is better than what the user never got to see.
+    const bool byUser = reason != StoreReason::end;
     const bool isOurs = m_definitionsState != DefinitionsState::failed || (byUser && !m_info.columns.empty());
     if (!isOurs)
         return false;
     const int code = util::saveTemplateDefs(m_homeFolder, templateDefinitionsName(m_kind), m_info);
-    // Whoever only looks into a library that may not be written to has nothing to lose.
-    if (code != status::ok && byUser)
-        report(code);
+    const bool unexpected = reason == StoreReason::change ? !m_storeFailureReported : byUser && m_layoutIsKept;
+    setLayoutIsKept(code == status::ok);
     if (code == status::ok)
         m_definitionsState = DefinitionsState::loaded;
+    else if (unexpected)
+    {
+        m_storeFailureReported = true;
+        report(code);
+    }
     return code == status::ok;
 }
 
@@ -185,9 +216,13 @@ bool TemplateSession::acceptPreferences(const util::TemplatePreferences& prefere
     std::for_each(m_knownFolders.begin(), m_knownFolders.end(), add);
     add(m_homeFolder);
     m_knownFolders = std::move(folders);
-    if (const int code = util::saveTemplateFolders(m_homeFolder, m_knownFolders); code != status::ok)
-        report(code);
-    storeDefinitions(true);
+    inOneMessage(
+        [this]
+        {
+            if (const int code = util::saveTemplateFolders(m_homeFolder, m_knownFolders); code != status::ok)
+                report(code);
+            storeDefinitions(StoreReason::change);
+        });
     return refill;
 }
 
@@ -217,31 +252,37 @@ std::string TemplateSession::proposeName()
 
 std::size_t TemplateSession::importTemplates()
 {
-    return TessaronResources::importTemplates(kindFolder(), m_prompts);
+    std::size_t saved = 0;
+    inOneMessage([&] { saved = TessaronResources::importTemplates(kindFolder(), m_prompts, m_failures); });
+    return saved;
 }
 
 bool TemplateSession::exportTemplates(const std::vector<std::size_t>& rows)
 {
-    return TessaronResources::exportTemplates(m_rows, rows, m_prompts);
+    bool written = false;
+    inOneMessage([&] { written = TessaronResources::exportTemplates(m_rows, rows, m_prompts, m_failures); });
+    return written;
 }
 
 std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& rows)
 {
     std::size_t deleted = 0;
-    TemplateFailures failures;
-    for (const std::size_t row : rows)
-    {
-        const int code = util::deleteTemplateFile(kindFolder(), m_rows.storedAt(row));
-        if (code != status::ok)
-            failures.add(code, templateLine(nameOf(m_rows.storedAt(row))));
-        else
-            ++deleted;
-    }
-    failures.tell(m_prompts);
+    inOneMessage(
+        [&]
+        {
+            for (const std::size_t row : rows)
+            {
+                const int code = util::deleteTemplateFile(kindFolder(), m_rows.storedAt(row));
+                if (code != status::ok)
+                    report(code, templateLine(nameOf(m_rows.storedAt(row))));
+                else
+                    ++deleted;
+            }
+        });
     return deleted;
 }
 
-bool TemplateSession::storeRow(std::size_t row, TemplateFailures& failures)
+bool TemplateSession::storeRow(std::size_t row)
 {
     util::Parameterized set = m_rows.at(row);
     std::string name = nameOf(set);
@@ -263,7 +304,7 @@ bool TemplateSession::storeRow(std::size_t row, TemplateFailures& failures)
     }
     if (code != status::ok)
     {
-        failures.add(code, name.empty() ? "" : templateLine(name));
+        report(code, name.empty() ? "" : templateLine(name));
         return false;
     }
     m_rows.markStored(row, std::move(set));
@@ -274,10 +315,12 @@ bool TemplateSession::storeEdits()
 {
     const std::vector<std::size_t> edited = m_rows.editedRows();
     bool all = true;
-    TemplateFailures failures;
-    for (const std::size_t row : edited)
-        all = storeRow(row, failures) && all;
-    failures.tell(m_prompts);
+    inOneMessage(
+        [&]
+        {
+            for (const std::size_t row : edited)
+                all = storeRow(row) && all;
+        });
     if (!edited.empty())
         notify([](TemplateSessionObserver& observer) { observer.rowsEdited(); });
     return all;
@@ -346,7 +389,7 @@ bool TemplateSession::saveCurrentAs(const std::function<bool(SaveAsAnswer& answe
             report(code);
             continue;
         }
-        storeDefinitions(false);
+        storeDefinitions(StoreReason::end);
         if (result)
             *result = std::move(set);
         if (loadSaved)

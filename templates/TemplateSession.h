@@ -2,6 +2,7 @@
 #define TEMPLATES_TEMPLATESESSION_H
 
 #include "templates/TemplateDefinitions.h"
+#include "templates/TemplateFailures.h"
 #include "templates/TemplatePrompts.h"
 #include "templates/TemplateRows.h"
 #include <tessaron/engine/TemplateInfo.h>
@@ -18,8 +19,6 @@
 namespace TessaronResources
 {
 
-class TemplateFailures;
-
 /// Is told what has become of a session's rows, after the change.
 class TemplateSessionObserver
 {
@@ -35,6 +34,8 @@ public:
     virtual void rowsReordered(const std::vector<std::size_t>& order) = 0;
     /// Templates have been edited, or edits stored. The rows are the same, in the same order.
     virtual void rowsEdited() = 0;
+    /// TemplateSession::layoutIsKept() tells something else now.
+    virtual void layoutKeepingChanged() {}
 };
 
 /// One run of the template manager: what it holds, and what its commands do. The window shows the state and calls the
@@ -50,6 +51,9 @@ public:
     /// Observers are told in the order in which they were added. They are not owned, and no command is given after
     /// they are gone.
     void addObserver(TemplateSessionObserver& observer) { m_observers.push_back(&observer); }
+
+    /// Runs a command, or several that are one to the user: what fails in it becomes one message at its end.
+    void inOneMessage(const std::function<void()>& command);
 
     // Opening
 
@@ -75,10 +79,19 @@ public:
 
     // Definitions and preferences
 
+    /// False when the definitions cannot be stored, as in a library that may only be read.
+    bool layoutIsKept() const { return m_layoutIsKept; }
+    enum class StoreReason
+    {
+        change,        ///< the user has changed them
+        endWithChange, ///< the window closes; the user has changed something that has not been stored
+        end,           ///< the window closes
+    };
     /// Stores the definitions: columns, heading height, window size, preferences. Definitions that could not be loaded
-    /// are not overwritten before the user has changed them (`byUser`); a failure is reported only then.
+    /// are not overwritten before the user has changed them. A failure is reported where the user would lose a change
+    /// without knowing: once, and not at the end in a library that may only be read.
     /// \returns whether they are stored.
-    bool storeDefinitions(bool byUser);
+    bool storeDefinitions(StoreReason reason);
     /// Reads the list of known folders anew, as the preferences dialog does when it opens.
     void reloadKnownFolders();
     /// Must the rows be filled again, without their edits, when acceptPreferences() is called with these?
@@ -145,10 +158,11 @@ public:
 private:
     std::string chosenFolder(const std::string& typed) const;
     std::vector<std::size_t> formerNumbers(const TemplateRows& formerRows) const;
-    void report(int code);
+    void report(int code, const std::string& line = {});
+    void setLayoutIsKept(bool kept);
     void reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty);
     util::Parameterized currentAs(const std::string& name) const;
-    bool storeRow(std::size_t row, TemplateFailures& failures);
+    bool storeRow(std::size_t row);
     template <class Notice>
     void notify(Notice notice);
 
@@ -161,6 +175,10 @@ private:
 
     util::TemplateInfo m_info;
     DefinitionsState m_definitionsState = DefinitionsState::failed;
+    bool m_layoutIsKept = true;
+    bool m_storeFailureReported = false;
+    TemplateFailures m_failures; ///< of the command that runs
+    int m_commandDepth = 0;
     std::vector<std::string> m_knownFolders;
     std::vector<std::string> m_existingNames;
     TemplateRows m_rows;

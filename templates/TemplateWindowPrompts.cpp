@@ -4,6 +4,7 @@
 #include "frame/Translation.h"
 #include "frame/configuration/UserProfile.h"
 #include "frame/native/NativeLoop.h"
+#include "templates/dialogs/TemplateProgressDialog.h"
 #include <tessaron/engine/TemplatePath.h>
 
 #include <wx/filedlg.h>
@@ -88,6 +89,11 @@ std::string TemplateWindowPrompts::chooseExportFile(const std::string& folder)
             return file.GetFullPath().utf8_string();
     }
     return {};
+}
+
+std::unique_ptr<TemplateProgress> TemplateWindowPrompts::showImport(std::size_t files)
+{
+    return showTemplateProgress(m_owner, translatedLabel("Import Templates"), files);
 }
 
 std::string TemplateWindowPrompts::lastFolder()
