@@ -1,15 +1,20 @@
 #include "templates/dialogs/TemplatePreferencesDialog.h"
 
+#include "frame/MessageDialog.h"
 #include "frame/Translation.h"
 #include "frame/native/NativeLoop.h"
 #include "templates/TemplateMatch.h"
 #include "templates/grid/GridFont.h"
+#include "util/platform/Folder.h"
 #include <tessaron/frame/DataExchange.h>
 
 #include <wx/choice.h>
 #include <wx/dirdlg.h>
+#include <wx/filefn.h>
 #include <wx/fontdlg.h>
 #include <wx/textctrl.h>
+
+#include <filesystem>
 
 namespace TessaronResources
 {
@@ -63,6 +68,35 @@ void TemplatePreferencesDialog::DoDataExchange(CDataExchange* exchange)
     exchange->check(autoRowsId, m_preferences.autoSizeRows);
     exchange->index(matchFilterId, m_preferences.matchFilter);
     exchange->text(folderId, m_folder);
+}
+
+void TemplatePreferencesDialog::OnOK()
+{
+    if (!UpdateData(true))
+        return;
+    if (settleFolder())
+        DialogBase::OnOK();
+    else if (auto* const field = dynamic_cast<wxTextCtrl*>(control(folderId)))
+    {
+        field->SetFocus();
+        field->SelectAll();
+    }
+}
+
+bool TemplatePreferencesDialog::settleFolder()
+{
+    const wxString typed = wxString(m_folder).Trim().Trim(false);
+    if (typed.empty() || typed == m_homeFolder || wxDirExists(typed))
+        return true;
+    const std::string path = std::filesystem::absolute(typed.utf8_string()).string();
+    const auto text = [&path](const char* format) { return wxString::FromUTF8(translatedWith(format, path)); };
+    if (!askOkCancel(this, GetTitle(), text(translatable("The folder %s does not exist. Do you want to create it?")),
+                     MessageKind::warning))
+        return false;
+    const bool made = util::makeFolders(path);
+    if (!made)
+        showMessage(this, GetTitle(), text(translatable("The folder %s cannot be created.")), MessageKind::error);
+    return made;
 }
 
 void TemplatePreferencesDialog::chooseFolder()

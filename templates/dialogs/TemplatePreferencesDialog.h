@@ -25,8 +25,12 @@ public:
 protected:
     bool OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
+    void OnOK() override;
 
 private:
+    /// Asks about a folder that does not exist, and makes it.
+    /// \returns whether there is a folder to use.
+    bool settleFolder();
     void chooseFolder();
     void chooseFont();
     void resetAll();

@@ -3,11 +3,10 @@
 
 #include "templates/TemplateFind.h"
 #include "templates/TemplateSession.h"
+#include "templates/grid/EditingGrid.h"
 #include "templates/grid/EmptyGridHint.h"
 #include "templates/grid/TemplateGridInput.h"
 #include "templates/grid/TemplateGridRenderers.h"
-
-#include <wx/grid.h>
 
 #include <optional>
 #include <string>
@@ -33,7 +32,7 @@ public:
 };
 
 /// The grid of templates: one row a template, one column a column definition.
-class TemplateManagerGrid : public wxGrid, private TemplateCells, private TemplateSessionObserver
+class TemplateManagerGrid : public EditingGrid, private TemplateCells, private TemplateSessionObserver
 {
 public:
     /// Both are not owned; no command is given to the session once the grid is gone.

@@ -73,12 +73,15 @@ TEST_F(FindFlowTest, FindsHitAfterHitAndTellsWhenThereIsNoMore)
         });
     user.when(
         "the only name with it", [] { return grid()->GetGridCursorRow() == 1; },
+        [] { click(control<wxComboBox>("Find", 1141)); });
+    user.when(
+        "the text has the focus",
+        [] { return dynamic_cast<wxComboBox*>(wxWindow::FindFocus()) && !wxGetMouseState().LeftIsDown(); },
         []
         {
-            person().doubleClick(Person::middleOf(control<wxComboBox>("Find", 1141)));
             pressKey('A', wxMOD_CONTROL);
             type("6061");
-            press("Find", 1140);
+            pressKey(WXK_RETURN);
         });
     user.when(
         "the first hit", [] { return grid()->GetGridCursorRow() == 0; }, [] { press("Find", 1); });

@@ -1,6 +1,10 @@
 #include "templates/columns/RatingColumn.h"
 #include "tests/templates/ManagerRun.h"
 
+#include <wx/listbox.h>
+
+#include <cstdlib>
+
 using namespace testing_support;
 
 namespace
@@ -102,6 +106,65 @@ TEST_F(GridEditFlowTest, SaveTakesTheEditThatIsUnderWay)
     user.when("the manager is back", atRest, [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
     EXPECT_EQ(stored("Beta").stringOr(util::keys::material, ""), "Brass");
+}
+
+TEST_F(GridEditFlowTest, AListDropsFromItsCellAndChangesOnlyWhatIsChosen)
+{
+    for (int k = 0; k < 30; ++k)
+        store("More " + std::to_string(k), 3.0, 1.0);
+    const auto list = [] { return dynamic_cast<wxListBox*>(wxWindow::FindFocus()); };
+    const auto at = [](int row) { return cell(row, "Part Material"); };
+    WindowDriver user;
+    // In the middle of the grid and in its last row, the list is beside its cell and covers none of the columns left of
+    // it. Leaving it leaves an empty cell empty.
+    for (const int row : {1, 32})
+    {
+        user.when("at rest", atRest, [row] { clickCell(row, "Part Material"); });
+        user.when(
+            "the cell is the current one", [row] { return isSelected(row) && !wxGetMouseState().LeftIsDown(); },
+            [] { pressKey(WXK_F2); });
+        user.when("the list is dropped by F2 in row " + std::to_string(row), list,
+                  [=]
+                  {
+                      const wxRect shown = list()->GetScreenRect();
+                      const wxPoint middle = placeInCell(row, "Part Material");
+                      const int half = grid()->GetRowHeight(row) / 2;
+                      EXPECT_NEAR(shown.x, placeInCell(row, "Part Material", 0.0).x, 2);
+                      EXPECT_TRUE(std::abs(shown.y - middle.y - half) < 4 ||
+                                  std::abs(shown.GetBottom() - middle.y + half) < 4);
+                      EXPECT_GT(shown.height, 100);
+                      savePicture(manager(), "template-manager-list-" + std::to_string(row));
+                      pressKey(WXK_ESCAPE);
+                  });
+        user.when(
+            "nothing has changed", [=] { return !list() && atRest(); }, [=] { EXPECT_EQ(at(row), ""); });
+    }
+    user.then("choose with the pointer",
+              []
+              {
+                  EXPECT_FALSE(child(manager(), 1125)->IsEnabled());
+                  person().doubleClick(placeInCell(32, "Part Material"));
+              });
+    wxString clicked;
+    user.when("the list is dropped by a double click", list,
+              [&clicked, list]
+              {
+                  clicked = list()->GetString(1);
+                  person().click(list()->ClientToScreen(wxPoint(20, list()->GetCharHeight() * 2)));
+              });
+    user.when(
+        "the text is in the cell", [=, &clicked] { return at(32) == clicked && !list(); }, [] { pressKey(WXK_F2); });
+    user.when(
+        "the list starts at it", [=, &clicked] { return list() && list()->GetStringSelection() == clicked; },
+        []
+        {
+            pressKey(WXK_DOWN);
+            pressKey(WXK_RETURN);
+        });
+    user.when(
+        "the next text is in the cell", [=, &clicked] { return !list() && at(32) != clicked && !at(32).empty(); },
+        tessaronResourcesQuit);
+    EXPECT_EQ(load(), 0);
 }
 
 TEST_F(GridEditFlowTest, AClickOnAStarRates)

@@ -4,6 +4,9 @@
 #include <wx/dirdlg.h>
 #include <wx/fontdlg.h>
 #include <wx/modalhook.h>
+#include <wx/stattext.h>
+
+#include <fstream>
 
 using namespace testing_support;
 
@@ -58,17 +61,14 @@ TEST_F(PreferencesFlowTest, PreferencesFilterAtOnceAndSurviveARestart)
               {
                   EXPECT_EQ(text(1153), folder());
                   press(title, 1042);
-                  press(title, 1155);
-                  press(title, 1152);
               });
+    user.when(
+        "one box is ticked", [] { return control<wxCheckBox>(title, 1042)->GetValue(); }, [] { press(title, 1155); });
+    user.when(
+        "the other is", [] { return control<wxCheckBox>(title, 1155)->GetValue(); }, [] { press(title, 1152); });
     pressInMenu(user, {WXK_HOME, WXK_DOWN, WXK_RETURN});
     user.when(
-        "all is chosen",
-        []
-        {
-            return !menuIsUp() && control<wxCheckBox>(title, 1042)->GetValue() &&
-                   control<wxCheckBox>(title, 1155)->GetValue() && control<wxChoice>(title, 1152)->GetSelection() == 1;
-        },
+        "the filter is chosen", [] { return !menuIsUp() && control<wxChoice>(title, 1152)->GetSelection() == 1; },
         []
         {
             savePicture(windowTitled(title), "template-preferences");
@@ -168,6 +168,60 @@ TEST_F(PreferencesFlowTest, FolderAndFontAreChosenAndResetToTheHostsAndTheSystem
             clickManager(1150);
         });
     EXPECT_EQ(load(), 0);
+}
+
+TEST_F(PreferencesFlowTest, AFolderThatDoesNotExistIsAskedAboutAndMade)
+{
+    const std::filesystem::path other = m_folder / "not yet" / "there";
+    const std::filesystem::path file = m_folder / "a file";
+    std::ofstream(file) << "no folder";
+    const auto question = [] { return isReady(title) && windowTitled(title)->FindWindow(10); };
+    const auto dialog = [question] { return isReady(title) && !question(); };
+    const auto field = [] { return control<wxTextCtrl>(title, 1153); };
+    WindowDriver user;
+    const auto typePath = [&](const std::filesystem::path& path)
+    {
+        user.when("in the preferences", dialog, [field] { click(field()); });
+        user.when(
+            "the field has the focus", [field] { return field()->HasFocus() && !wxGetMouseState().LeftIsDown(); },
+            [path]
+            {
+                pressKey('A', wxMOD_CONTROL);
+                pressKey(WXK_DELETE);
+                type(path.c_str());
+            });
+        user.when(
+            "the path is typed", [=] { return field()->GetValue() == path.string(); }, [] { pressKey(WXK_RETURN); });
+    };
+    openPreferences(user);
+    typePath(other);
+    user.when("the question", question,
+              [&]
+              {
+                  EXPECT_TRUE(control<wxStaticText>(title, 10)->GetLabel().StartsWith("The folder"));
+                  pressKey(WXK_ESCAPE);
+              });
+    user.when("back", dialog,
+              [&]
+              {
+                  EXPECT_FALSE(std::filesystem::exists(other));
+                  EXPECT_EQ(text(1153).utf8_string(), other.string());
+                  // The field has the focus.
+                  type(file.c_str());
+                  pressKey(WXK_RETURN);
+              });
+    user.when("the question", question, [] { pressKey(WXK_RETURN); });
+    user.when(
+        "there is a file of that name",
+        [question] { return question() && control<wxStaticText>(title, 10)->GetLabel().Contains("cannot"); },
+        [] { pressKey(WXK_RETURN); });
+    typePath(other);
+    user.when("the question", question, [] { pressKey(WXK_RETURN); });
+    user.when(
+        "the new folder is in use", [] { return atRest() && grid()->GetNumberRows() == 0; },
+        [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+    EXPECT_TRUE(std::filesystem::is_directory(other));
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "tests/templates/ManagerRun.h"
 
-#include <wx/combobox.h>
+#include <wx/listbox.h>
 
 using namespace testing_support;
 
@@ -14,16 +14,13 @@ protected:
 
     static wxGrid* levels() { return control<wxGrid>("Sort", 1137); }
 
+    static wxListBox* editing() { return dynamic_cast<wxListBox*>(wxWindow::FindFocus()); }
+
     // The middle of a cell, on the screen.
     static wxPoint levelCell(int row, int col)
     {
         const wxRect cell = levels()->CellToRect(row, col);
         return levels()->GetGridWindow()->ClientToScreen(cell.GetPosition() + cell.GetSize() / 2);
-    }
-    static bool otherOrderChosen()
-    {
-        const auto* const orders = dynamic_cast<wxComboBox*>(wxWindow::FindFocus());
-        return orders && orders->GetValue() == "Z to A";
     }
 };
 
@@ -72,18 +69,16 @@ TEST_F(SortFlowTest, SortsByTheLevelsOfTheDialog)
             EXPECT_EQ(levels()->GetCellValue(0, 1), "Name");
             person().click(levelCell(0, 2));
         });
-    // The first click opens the list of orders, in which the keys go from one to the next.
     user.when(
-        "the order is edited", [] { return levels()->IsCellEditControlShown(); },
+        "the orders are dropped", [] { return editing() && editing()->GetStringSelection() == "A to Z"; },
         []
         {
-            auto* const orders = dynamic_cast<wxComboBox*>(wxWindow::FindFocus());
-            ASSERT_NE(orders, nullptr);
-            EXPECT_EQ(orders->GetString(0) + "/" + orders->GetString(1), "A to Z/Z to A");
+            EXPECT_EQ(editing()->GetCount(), 2U);
             pressKey(WXK_DOWN);
+            pressKey(WXK_RETURN);
         });
     user.when(
-        "the other order is chosen", [] { return otherOrderChosen(); }, [] { press("Sort", 1); });
+        "the other order is chosen", [] { return levels()->GetCellValue(0, 2) == "Z to A"; }, [] { press("Sort", 1); });
     user.when(
         "the manager is back, sorted the other way round", [] { return !isUp("Sort") && atRest(); },
         []
@@ -92,6 +87,48 @@ TEST_F(SortFlowTest, SortsByTheLevelsOfTheDialog)
             EXPECT_EQ(cell(2, "Name"), "Alpha");
             clickManager(1150);
         });
+    EXPECT_EQ(load(), 0);
+}
+
+TEST_F(SortFlowTest, EnterTakesTheLevelsThatAreShown)
+{
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { clickRibbon(32801); });
+    user.when(
+        "the sort dialog is up", [] { return isReady("Sort"); },
+        []
+        {
+            EXPECT_EQ(levels()->GetNumberRows(), 1);
+            pressKey(WXK_RETURN);
+        });
+    user.when("the manager is back", atRest, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+    util::TemplateInfo info;
+    EXPECT_EQ(util::loadTemplateDefs(folder(), "tessaron_template_info", &info), 0);
+    EXPECT_EQ(info.sortLevels, (std::vector<util::TemplateSortLevel>{{"Template Name", false}}));
+}
+
+TEST_F(SortFlowTest, EscapeLeavesTheListAndThenTheDialog)
+{
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { clickRibbon(32801); });
+    user.when("the sort dialog is up", [] { return isReady("Sort"); });
+    // With the pointer, and with the key.
+    for (const bool key : {false, true})
+    {
+        user.then("the list is dropped", [key] { key ? pressKey(WXK_F2) : person().click(levelCell(0, 1)); });
+        user.when("the list is up", editing,
+                  []
+                  {
+                      pressKey(WXK_DOWN);
+                      pressKey(WXK_ESCAPE);
+                  });
+        user.when(
+            "only the list is gone", [] { return !editing() && isReady("Sort"); },
+            [] { EXPECT_EQ(levels()->GetCellValue(0, 1), "Name"); });
+    }
+    user.then("the dialog is left", [] { pressKey(WXK_ESCAPE); });
+    user.when("the manager is back", atRest, [] { clickManager(1150); });
     EXPECT_EQ(load(), 0);
 }
 
