@@ -1,0 +1,59 @@
+#include "tests/templates/ManagerRun.h"
+
+#include <filesystem>
+
+using namespace testing_support;
+
+namespace
+{
+
+/// What becomes of a user's work that is not stored, or cannot be.
+class UnstoredFlowTest : public ManagerTest
+{
+protected:
+    UnstoredFlowTest() { storeThree(); }
+
+    /// Makes storing the layout fail while the manager is open: a folder stands where the file would.
+    void blockLayout() const
+    {
+        const std::filesystem::path file = m_folder / "tessaron_template_info.xml";
+        std::filesystem::remove(file);
+        std::filesystem::create_directory(file);
+    }
+};
+
+TEST_F(UnstoredFlowTest, TheColumnsAreWholeWhileTheUserReadsThatTheyCannotBeStored)
+{
+    WindowDriver user;
+    user.when("the manager is up", atRest,
+              [this]
+              {
+                  blockLayout();
+                  person().click(placeInCell(0, "Name"), Person::right);
+              });
+    pressInMenu(user, {WXK_UP, WXK_UP, WXK_RETURN});
+    user.when(
+        "the columns are up", [] { return isReady("Columns"); },
+        []
+        {
+            // The second in the list is shown no more.
+            wxWindow* const list = child(windowTitled("Columns"), 1138);
+            clickAt(list, wxPoint(list->GetSize().x / 2, 10));
+            pressKey(WXK_DOWN);
+            pressKey(WXK_SPACE);
+            press("Columns", 1);
+        });
+    user.when("the message", messageIsUp,
+              []
+              {
+                  EXPECT_EQ(message(), "Error writing Template file.");
+                  EXPECT_FALSE(grid()->IsColShown(1));
+                  EXPECT_EQ(grid()->GetColLabelValue(1), "Part Material");
+                  EXPECT_EQ(cell(0, "Name"), "Alpha");
+                  answer(1);
+              });
+    user.when("the manager is back", atRest, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
+} // namespace
