@@ -93,15 +93,8 @@ void TemplateManagerCommands::storeEdits()
 void TemplateManagerCommands::deleteSelected()
 {
     m_grid->finishEdit();
-    const std::vector<std::size_t> selected = m_grid->selectedRows();
-    if (selected.empty() || !m_session.settleEdits())
-        return;
-    m_session.inOneMessage(
-        [&]
-        {
-            m_session.deleteTemplates(selected);
-            m_session.fill();
-        });
+    if (const std::vector<std::size_t> selected = m_grid->selectedRows(); !selected.empty())
+        m_session.deleteTemplates(selected);
 }
 
 void TemplateManagerCommands::deleteByKey()

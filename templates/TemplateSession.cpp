@@ -27,7 +27,7 @@ namespace status = exchange::status;
 
 constexpr const char* nameWithoutGenerator = "TEMPL";
 constexpr const char* unsavedEditsText =
-    translatable("Some templates have changes that have not been saved.\nDo you want to save them?");
+    translatable("Some templates have changes that have not been saved.\nDo you want to save them? Cancel drops them.");
 
 std::string replaceQuestion(const std::string& name)
 {
@@ -266,7 +266,7 @@ bool TemplateSession::exportTemplates(const std::vector<std::size_t>& rows)
 
 std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& rows)
 {
-    std::size_t deleted = 0;
+    std::set<std::size_t> deleted;
     inOneMessage(
         [&]
         {
@@ -276,10 +276,26 @@ std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& row
                 if (code != status::ok)
                     report(code, templateLine(nameOf(m_rows.storedAt(row))));
                 else
-                    ++deleted;
+                    deleted.insert(row);
             }
+            removeRows(deleted);
         });
-    return deleted;
+    return deleted.size();
+}
+
+void TemplateSession::removeRows(const std::set<std::size_t>& rows)
+{
+    const std::vector<std::size_t> edited = m_rows.editedRows();
+    if (std::includes(rows.begin(), rows.end(), edited.begin(), edited.end()))
+        return fill();
+    std::vector<std::size_t> left;
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        if (rows.count(row) == 0)
+            left.push_back(row);
+        else
+            std::erase(m_existingNames, nameOf(m_rows.storedAt(row)));
+    m_rows.reorder(left);
+    notify([&left](TemplateSessionObserver& observer) { observer.rowsReplaced(left); });
 }
 
 bool TemplateSession::storeRow(std::size_t row)

@@ -120,7 +120,8 @@ public:
     std::size_t importTemplates();
     /// Writes the templates of the given rows, in this order, into a file that the user chooses.
     bool exportTemplates(const std::vector<std::size_t>& rows);
-    /// Deletes the stored templates of the given rows. Does not fill the rows.
+    /// Deletes the stored templates of the given rows, and fills the rows again. While other rows have edits, only those
+    /// of the deleted templates are taken away.
     /// \returns how many are gone.
     std::size_t deleteTemplates(const std::vector<std::size_t>& rows);
     /// Saves all edited templates; asks before one is replaced. Rows that were not saved, by a failure or by the user's
@@ -160,6 +161,7 @@ private:
     std::vector<std::size_t> formerNumbers(const TemplateRows& formerRows) const;
     void report(int code, const std::string& line = {});
     void setLayoutIsKept(bool kept);
+    void removeRows(const std::set<std::size_t>& rows);
     void reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty);
     util::Parameterized currentAs(const std::string& name) const;
     bool storeRow(std::size_t row);

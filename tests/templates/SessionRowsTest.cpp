@@ -90,7 +90,6 @@ TEST_F(SessionRowsTest, ObserversHearOfEveryChangeOfTheRows)
     store({"c"});
     EXPECT_EQ(observer.takeNotes(), "replaced new 0 1 of 3 ") << "in the order of the last sort";
     session.deleteTemplates({0});
-    session.refresh();
     EXPECT_EQ(observer.takeNotes(), "replaced 1 2 of 2 ");
 }
 

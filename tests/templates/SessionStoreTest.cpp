@@ -83,16 +83,6 @@ TEST_F(SessionStoreTest, ExportWritesRowsInTheirOrderOrSaysWhyNot)
     EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + writeError + "\n Template: " + user.exportFile));
 }
 
-TEST_F(SessionStoreTest, DeleteGoesByWhatIsStoredAndNotByEdits)
-{
-    store({"a", "b", "c"});
-    edit(0, keys::templateName, "c");
-    EXPECT_EQ(session.deleteTemplates({0, 1}), 2U);
-    EXPECT_EQ(session.deleteTemplates({0, 1}), 0U);
-    EXPECT_THAT(user.takeMessages(), ElementsAre("error: Error reading Template file.\n Template: a\n Template: b"));
-    EXPECT_THAT(names(), ElementsAre("c"));
-}
-
 TEST_F(SessionStoreTest, StoringEditsAsksBeforeItReplaces)
 {
     store({"a", "b"});

@@ -56,4 +56,36 @@ TEST_F(UnstoredFlowTest, TheColumnsAreWholeWhileTheUserReadsThatTheyCannotBeStor
     EXPECT_EQ(load(), 0);
 }
 
+TEST_F(UnstoredFlowTest, DeletingARowLeavesTheEditsOfTheOthers)
+{
+    WindowDriver user;
+    edit(user, 0, "Material", "Brass");
+    user.when("edited", [] { return cell(0, "Material") == "Brass"; });
+    edit(user, 1, "Name", "Alpha");
+    user.when(
+        "renamed", [] { return cell(1, "Name") == "Alpha"; }, [] { clickCell(1, "Hardness"); });
+    user.when(
+        "the row is in hand", [] { return isSelected(1) && !isSelected(0); }, [] { clickManager(1124); });
+    user.when(
+        "one is gone", [] { return atRest() && grid()->GetNumberRows() == 2; },
+        [this]
+        {
+            EXPECT_EQ(storedNames(), (std::vector<std::string>{"Alpha", "Gamma"}));
+            EXPECT_EQ(cell(0, "Material"), "Brass");
+            EXPECT_EQ(cell(1, "Name"), "Gamma");
+            clickManager(1150);
+        });
+    user.when("the question about what is left", messageIsUp,
+              []
+              {
+                  EXPECT_TRUE(message().Contains("Cancel drops")) << message();
+                  answer(1);
+              });
+    user.when(
+        "the question about the file", [] { return messageIsUp() && message().StartsWith("Alpha"); },
+        [] { answer(1); });
+    EXPECT_EQ(load(), 0);
+    EXPECT_EQ(stored("Alpha").stringOr(util::keys::material, ""), "Brass");
+}
+
 } // namespace
