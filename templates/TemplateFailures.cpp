@@ -1,5 +1,7 @@
 #include "templates/TemplateFailures.h"
 
+#include "util/text/ReadableText.h"
+
 #include <algorithm>
 
 namespace TessaronResources
@@ -35,7 +37,7 @@ void TemplateFailures::tell(TemplatePrompts& prompts) const
 
 std::string templateLine(const std::string& name)
 {
-    return translated("\n Template: ") + name;
+    return translated("\n Template: ") + util::readableText(name);
 }
 
 } // namespace TessaronResources

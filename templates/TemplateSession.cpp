@@ -5,6 +5,7 @@
 #include "templates/TemplateSort.h"
 #include "util/platform/Folder.h"
 #include "util/text/Ascii.h"
+#include "util/text/ReadableText.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
@@ -367,8 +368,16 @@ util::Parameterized TemplateSession::currentAs(const std::string& name) const
     return set;
 }
 
-bool TemplateSession::saveCurrent(const std::string& name, util::Parameterized* result)
+std::string TemplateSession::storedName(const std::string& shown) const
 {
+    const auto found = std::find_if(m_existingNames.begin(), m_existingNames.end(),
+                                    [&shown](const std::string& name) { return util::readableText(name) == shown; });
+    return found == m_existingNames.end() ? shown : *found;
+}
+
+bool TemplateSession::saveCurrent(const std::string& typed, util::Parameterized* result)
+{
+    const std::string name = storedName(typed);
     util::Parameterized set = currentAs(name);
     const int code = util::saveTemplateFile(util::templatePath(kindFolder(), name), false, &set);
     if (code != status::ok)
@@ -376,7 +385,7 @@ bool TemplateSession::saveCurrent(const std::string& name, util::Parameterized* 
         report(code);
         return false;
     }
-    m_prompts.showMessage(translated("The template saved with name: ") + nameOf(set));
+    m_prompts.showMessage(translated("The template saved with name: ") + util::readableText(nameOf(set)));
     if (result)
         *result = std::move(set);
     return true;
@@ -391,12 +400,13 @@ bool TemplateSession::saveCurrentAs(const std::function<bool(SaveAsAnswer& answe
     while (dialog(answer))
     {
         keepSaveName(answer.name);
-        util::Parameterized set = currentAs(answer.name);
-        const std::string path = util::templatePath(kindFolder(), answer.name);
+        const std::string name = storedName(answer.name);
+        util::Parameterized set = currentAs(name);
+        const std::string path = util::templatePath(kindFolder(), name);
         int code = util::saveTemplateFile(path, true, &set);
         if (code == status::templateNameDuplicated)
         {
-            if (!m_prompts.askOkCancel(replaceQuestion(answer.name)))
+            if (!m_prompts.askOkCancel(replaceQuestion(name)))
                 continue;
             code = util::saveTemplateFile(path, false, &set);
         }

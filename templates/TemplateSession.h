@@ -158,6 +158,8 @@ public:
 
 private:
     std::string chosenFolder(const std::string& typed) const;
+    /// The name of the template that the user sees under this one; a new name as it is.
+    std::string storedName(const std::string& shown) const;
     std::vector<std::size_t> formerNumbers(const TemplateRows& formerRows) const;
     void report(int code, const std::string& line = {});
     void setLayoutIsKept(bool kept);

@@ -1,6 +1,7 @@
 #include "templates/TemplateSharing.h"
 
 #include "frame/Translation.h"
+#include "util/text/ReadableText.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
@@ -38,7 +39,8 @@ bool readFile(const std::string& path, std::vector<util::Parameterized>& templat
     else
         code = util::loadTemplateArrayFile(path, &templates);
     if (code != status::ok)
-        failures.add(code, isSingle ? templateLine(path) : translated("\n Template Array: ") + path);
+        failures.add(code,
+                     isSingle ? templateLine(path) : translated("\n Template Array: ") + util::readableText(path));
     return code == status::ok;
 }
 
