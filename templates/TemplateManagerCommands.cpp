@@ -143,18 +143,25 @@ void TemplateManagerCommands::preferences()
 {
     m_grid->finishEdit();
     m_session.reloadKnownFolders();
-    TemplatePreferencesDialog dialog(m_session.info().preferences, m_session.folder(), m_homeFolder, &m_frame);
-    if (dialog.ShowModal() != acceptId)
-        return;
-    const bool refillNeeded = m_session.changesRows(dialog.preferences(), dialog.folder());
-    if (refillNeeded && !m_session.settleEdits())
-        return;
-    if (dialog.preferences().font != m_session.info().preferences.font)
+    util::TemplatePreferences preferences = m_session.info().preferences;
+    std::string folder = m_session.wantedFolder();
+    bool refillNeeded = false;
+    // What the user has entered is still there when edits have to be dealt with first.
+    do
+    {
+        TemplatePreferencesDialog dialog(preferences, folder, m_homeFolder, &m_frame);
+        if (dialog.ShowModal() != acceptId)
+            return;
+        preferences = dialog.preferences();
+        folder = dialog.folder();
+        refillNeeded = m_session.changesRows(preferences, folder);
+    } while (refillNeeded && !m_session.settleEdits());
+    if (preferences.font != m_session.info().preferences.font)
         m_session.info().headingHeight = -1;
     m_session.inOneMessage(
         [&]
         {
-            m_session.acceptPreferences(dialog.preferences(), dialog.folder());
+            m_session.acceptPreferences(preferences, folder);
             m_grid->applyLook();
             m_grid->rebuildColumns();
             if (refillNeeded)

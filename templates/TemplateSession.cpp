@@ -56,8 +56,8 @@ std::string& lastSaveName()
 
 TemplateSession::TemplateSession(int kind, int selector, std::string folder, util::Parameterized current,
                                  TemplatePrompts& prompts)
-    : m_kind(kind), m_selector(selector), m_homeFolder(std::move(folder)), m_folder(m_homeFolder),
-      m_current(std::move(current)), m_prompts(prompts)
+    : m_kind(kind), m_selector(selector), m_homeFolder(std::move(folder)), m_wantedFolder(m_homeFolder),
+      m_folder(m_homeFolder), m_current(std::move(current)), m_prompts(prompts)
 {
 }
 
@@ -89,13 +89,20 @@ DefinitionsState TemplateSession::open(bool titleVariant)
             reloadKnownFolders();
             int code = status::ok;
             m_definitionsState = prepareTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info, code);
+            m_definitionsCode = code;
             if (m_definitionsState == DefinitionsState::failed)
                 report(code);
             const util::Folder home(util::nativePath(m_homeFolder));
             setLayoutIsKept(code == status::ok && home.canBeWritten());
         });
-    if (!m_knownFolders.empty() && isFolder(m_knownFolders.front()))
-        m_folder = m_knownFolders.front();
+    if (!m_knownFolders.empty())
+        m_wantedFolder = m_knownFolders.front();
+    if (m_wantedFolder == m_homeFolder || isFolder(m_wantedFolder))
+        m_folder = m_wantedFolder;
+    else
+        m_prompts.showMessage(translatedWith("The template folder %s is not there now. The templates in the folder of "
+                                             "the CAM system are shown instead.",
+                                             m_wantedFolder));
     return m_definitionsState;
 }
 
@@ -168,9 +175,8 @@ bool TemplateSession::storeDefinitions(StoreReason reason)
     // What is stored is better than what the user never got to see.
     const bool byUser = reason != StoreReason::end;
     const bool isOurs = m_definitionsState != DefinitionsState::failed || (byUser && !m_info.columns.empty());
-    if (!isOurs)
-        return false;
-    const int code = util::saveTemplateDefs(m_homeFolder, templateDefinitionsName(m_kind), m_info);
+    const int code =
+        isOurs ? util::saveTemplateDefs(m_homeFolder, templateDefinitionsName(m_kind), m_info) : m_definitionsCode;
     const bool unexpected = reason == StoreReason::change ? !m_storeFailureReported : byUser && m_layoutIsKept;
     setLayoutIsKept(code == status::ok);
     if (code == status::ok)
@@ -195,20 +201,26 @@ std::string TemplateSession::chosenFolder(const std::string& typed) const
     return folder.empty() ? m_homeFolder : folder;
 }
 
+std::string TemplateSession::usedFolder(const std::string& typed) const
+{
+    const std::string chosen = chosenFolder(typed);
+    return chosen != m_wantedFolder || isFolder(chosen) ? chosen : m_folder;
+}
+
 bool TemplateSession::changesRows(const util::TemplatePreferences& preferences, const std::string& folder) const
 {
-    return chosenFolder(folder) != m_folder || preferences.matchFilter != m_info.preferences.matchFilter;
+    return usedFolder(folder) != m_folder || preferences.matchFilter != m_info.preferences.matchFilter;
 }
 
 bool TemplateSession::acceptPreferences(const util::TemplatePreferences& preferences, const std::string& folder)
 {
-    const std::string chosen = chosenFolder(folder);
     const bool refill = changesRows(preferences, folder);
     m_info.preferences = preferences;
-    m_folder = chosen;
+    m_folder = usedFolder(folder);
+    m_wantedFolder = chosenFolder(folder);
 
-    // The folder in use leads the list; the host's is always in it.
-    std::vector<std::string> folders = {chosen};
+    // The folder that is wanted leads the list; the host's is always in it.
+    std::vector<std::string> folders = {m_wantedFolder};
     const auto add = [&folders](const std::string& known)
     {
         if (std::find(folders.begin(), folders.end(), known) == folders.end())

@@ -70,6 +70,8 @@ public:
 
     /// The template folder in use, and the sub-folder that holds the templates of this kind of operation.
     const std::string& folder() const { return m_folder; }
+    /// The template folder that the user has chosen. It is folder() unless it is away, as a drive of the network can be.
+    const std::string& wantedFolder() const { return m_wantedFolder; }
     std::string kindFolder() const { return templateKindFolder(m_folder, m_kind); }
     const TemplateRows& rows() const { return m_rows; }
     /// The names of all templates that were listed, also of those that the match filter leaves out.
@@ -96,9 +98,9 @@ public:
     void reloadKnownFolders();
     /// Must the rows be filled again, without their edits, when acceptPreferences() is called with these?
     bool changesRows(const util::TemplatePreferences& preferences, const std::string& folder) const;
-    /// Accepts the preferences dialog: the preferences, and the folder to use from now on. Stores both.
+    /// Accepts the preferences dialog: the preferences, and the folder that is wanted from now on. Stores both.
     /// \returns whether the rows must be filled again. The folder given by the user is taken without blanks around it;
-    /// an empty one is the host's.
+    /// an empty one is the host's. One that was wanted before and is still away stays the wanted one.
     bool acceptPreferences(const util::TemplatePreferences& preferences, const std::string& folder);
 
     // Rows
@@ -158,6 +160,7 @@ public:
 
 private:
     std::string chosenFolder(const std::string& typed) const;
+    std::string usedFolder(const std::string& typed) const;
     /// The name of the template that the user sees under this one; a new name as it is.
     std::string storedName(const std::string& shown) const;
     std::vector<std::size_t> formerNumbers(const TemplateRows& formerRows) const;
@@ -173,12 +176,14 @@ private:
     int m_kind;
     int m_selector;
     std::string m_homeFolder; ///< the host's
+    std::string m_wantedFolder;
     std::string m_folder;
     util::Parameterized m_current;
     TemplatePrompts& m_prompts;
 
     util::TemplateInfo m_info;
     DefinitionsState m_definitionsState = DefinitionsState::failed;
+    int m_definitionsCode = exchange::status::internalError; ///< why they could not be loaded
     bool m_layoutIsKept = true;
     bool m_storeFailureReported = false;
     TemplateFailures m_failures; ///< of the command that runs

@@ -151,14 +151,6 @@ TEST_F(SessionLayoutTest, PreferencesAndFolderSurviveARestart)
     EXPECT_EQ(again.rows().at(0).stringOr(keys::templateName, ""), "b");
     EXPECT_THAT(again.existingNames(), ElementsAre("a", "b"));
     EXPECT_THAT(storedFolders(), ElementsAre(home.path(), other));
-
-    // A folder that is gone does not leave the user with nothing.
-    session.acceptPreferences(preferences, other);
-    std::filesystem::remove_all(other);
-    TemplateSession third(operationKind::milling, 0, home.path(), {}, user);
-    third.open(true);
-    EXPECT_EQ(third.folder(), home.path());
-    EXPECT_THAT(user.said, IsEmpty());
 }
 
 TEST_F(SessionLayoutTest, FolderListThatCannotBeReadIsReported)

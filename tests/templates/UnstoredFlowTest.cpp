@@ -1,5 +1,7 @@
 #include "tests/templates/ManagerRun.h"
 
+#include <wx/checkbox.h>
+
 #include <filesystem>
 
 using namespace testing_support;
@@ -86,6 +88,50 @@ TEST_F(UnstoredFlowTest, DeletingARowLeavesTheEditsOfTheOthers)
         [] { answer(1); });
     EXPECT_EQ(load(), 0);
     EXPECT_EQ(stored("Alpha").stringOr(util::keys::material, ""), "Brass");
+}
+
+TEST_F(UnstoredFlowTest, PreferencesAreKeptUntilEditsAreDealtWith)
+{
+    const char* const title = "Template Preferences";
+    WindowDriver user;
+    edit(user, 0, "Material", "Brass");
+    user.when("edited", [] { return cell(0, "Material") == "Brass"; });
+    openPreferences(user);
+    user.then("in the preferences",
+              [=]
+              {
+                  press(title, 1042);
+                  press(title, 1152);
+              });
+    pressInMenu(user, {WXK_HOME, WXK_DOWN, WXK_RETURN});
+    user.when(
+        "the filter is chosen", [=] { return !menuIsUp() && control<wxChoice>(title, 1152)->GetSelection() == 1; },
+        [=] { press(title, 1); });
+    user.when(
+        "the question about edits", [] { return messageIsUp() && message().StartsWith("Some"); }, [] { answer(1); });
+    user.when(
+        "the question about the file", [] { return messageIsUp() && message().StartsWith("Alpha"); },
+        [] { answer(2); });
+    user.when(
+        "the preferences as they were entered", [=] { return isReady(title); },
+        [=]
+        {
+            EXPECT_TRUE(control<wxCheckBox>(title, 1042)->GetValue());
+            EXPECT_EQ(control<wxChoice>(title, 1152)->GetSelection(), 1);
+            EXPECT_EQ(grid()->GetNumberRows(), 3);
+            EXPECT_EQ(cell(0, "Material"), "Brass");
+            press(title, 1);
+        });
+    user.when(
+        "the question about edits again", [] { return messageIsUp() && message().StartsWith("Some"); },
+        [] { answer(2); });
+    user.when(
+        "what matches is left", [] { return atRest() && grid()->GetNumberRows() == 1; }, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+    util::TemplateInfo info;
+    ASSERT_EQ(util::loadTemplateDefs(folder(), "tessaron_template_info", &info), 0);
+    EXPECT_TRUE(info.preferences.loadSavedTemplates);
+    EXPECT_EQ(info.preferences.matchFilter, 1);
 }
 
 } // namespace
