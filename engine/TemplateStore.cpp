@@ -65,6 +65,12 @@ int readStoreFile(const std::string& path, std::size_t limit, int codeOfMissing,
     return codeOfState(contents.state);
 }
 
+/// The path of a folder as a host gives it, in the platform's form: none at all is the current one.
+std::string nativeFolder(const std::string& path)
+{
+    return path.empty() ? "." : nativePath(path);
+}
+
 /// Lists a folder; one that is not there holds nothing.
 int listFolder(const std::string& path, std::vector<Parameterized>* templates, std::vector<FaultyTemplateFile>* faulty)
 {
@@ -75,7 +81,7 @@ int listFolder(const std::string& path, std::vector<Parameterized>* templates, s
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const Folder folder(nativePath(path));
+                       const Folder folder(nativeFolder(path));
                        if (folder.state() == FileState::missing)
                            return status::ok;
                        if (folder.state() != FileState::ok)
@@ -93,6 +99,18 @@ int listFolder(const std::string& path, std::vector<Parameterized>* templates, s
 bool lacksGuid(const Parameterized& set)
 {
     return set.stringOr(keys::templateGuid, "").empty();
+}
+
+/// Gives a set what it lacks of that which every stored template has.
+void completeStamp(Parameterized& set)
+{
+    Parameterized stamped = set;
+    store::stampTemplate(stamped, nullptr, store::secondsNow());
+    for (const Key& key :
+         {keys::templateGuid, keys::templateVersion, keys::templateDateCreated, keys::templateDateModified})
+        if (const std::string own = set.stringOr(key, ""); !own.empty())
+            stamped.set(key, own);
+    set = std::move(stamped);
 }
 
 std::string definitionsFile(const std::string& name)
@@ -144,7 +162,7 @@ int loadTemplateDefs(const std::string& folder, const std::string& name, Templat
                    [&]
                    {
                        std::vector<Parameterized> sets;
-                       const std::string path = templatePath(nativePath(folder), definitionsFile(name));
+                       const std::string path = templatePath(nativeFolder(folder), definitionsFile(name));
                        const int code =
                            readSetsFile(path, store::longestTemplateFile, status::templateColumnsMissing, sets);
                        if (code != status::ok)
@@ -160,7 +178,7 @@ int saveTemplateDefs(const std::string& folder, const std::string& name, const T
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = nativePath(folder);
+                       const std::string native = nativeFolder(folder);
                        return makeFolders(native)
                                   ? writeSetsFile(native, definitionsFile(name), store::setsOfInfo(info))
                                   : status::templateWriteError;
@@ -175,7 +193,7 @@ int loadTemplateFolders(const std::string& path, std::vector<std::string>* folde
                    [&]
                    {
                        std::vector<Parameterized> sets;
-                       const std::string file = templatePath(nativePath(path), foldersFile);
+                       const std::string file = templatePath(nativeFolder(path), foldersFile);
                        constexpr int none = 1;
                        const int code = readSetsFile(file, store::longestTemplateFile, none, sets);
                        if (code != status::ok && code != none)
@@ -189,7 +207,7 @@ int saveTemplateFolders(const std::string& path, const std::vector<std::string>&
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = nativePath(path);
+                       const std::string native = nativeFolder(path);
                        return makeFolders(native) ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders))
                                                   : status::templateWriteError;
                    });
@@ -292,10 +310,8 @@ int saveTemplateArrayFile(const std::string& path, const std::vector<Parameteriz
                        if (fileName.empty())
                            return status::templateNameMissing;
                        std::vector<Parameterized> stamped = templates;
-                       for (Parameterized& set : stamped)
-                           if (lacksGuid(set))
-                               store::stampTemplate(set, nullptr, store::secondsNow());
-                       return writeSetsFile(native.substr(0, separator + 1), fileName, stamped);
+                       std::for_each(stamped.begin(), stamped.end(), completeStamp);
+                       return writeSetsFile(nativeFolder(native.substr(0, separator + 1)), fileName, stamped);
                    });
 }
 
@@ -307,7 +323,7 @@ int deleteTemplateFile(const std::string& folder, const Parameterized& set)
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const Folder opened(nativePath(folder));
+                       const Folder opened(nativeFolder(folder));
                        return opened.state() == FileState::ok ? store::deleteTemplate(opened, name, set)
                                                               : status::templateReadError;
                    });
@@ -320,7 +336,7 @@ int genTemplateName(const std::string& folder, const std::string& prefix, Parame
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const Folder opened(nativePath(folder));
+                       const Folder opened(nativeFolder(folder));
                        std::vector<std::string> entries;
                        const bool read = opened.state() == FileState::ok && opened.entries(entries);
                        if (!read && opened.state() != FileState::missing)
