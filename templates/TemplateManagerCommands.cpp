@@ -1,5 +1,6 @@
 #include "templates/TemplateManagerCommands.h"
 
+#include "frame/ControlId.h"
 #include "frame/Translation.h"
 #include "templates/TemplateManagerIds.h"
 #include "templates/dialogs/TemplateColumnsDialog.h"
@@ -17,14 +18,13 @@ namespace TessaronResources
 namespace
 {
 
-constexpr int acceptId = 1;
 typedef TemplateSession::StoreReason StoreReason;
 
 } // namespace
 
 TemplateManagerCommands::TemplateManagerCommands(wxFrame& frame, TemplateSession& session,
-                                                 TemplateWindowPrompts& prompts, std::string homeFolder)
-    : m_frame(frame), m_session(session), m_prompts(prompts), m_homeFolder(std::move(homeFolder))
+                                                 TemplateWindowPrompts& prompts)
+    : m_frame(frame), m_session(session), m_prompts(prompts)
 {
 }
 
@@ -110,7 +110,7 @@ void TemplateManagerCommands::configureColumns()
 {
     m_grid->finishEdit();
     TemplateColumnsDialog dialog(m_session.info().columns, &m_frame);
-    if (dialog.ShowModal() != acceptId)
+    if (dialog.ShowModal() != idOk)
         return;
     m_session.info().columns = dialog.result();
     columnsChanged();
@@ -133,7 +133,7 @@ void TemplateManagerCommands::sort()
 {
     m_grid->finishEdit();
     TemplateSortDialog dialog(m_session.info().columns, m_session.info().sortLevels, &m_frame);
-    if (dialog.ShowModal() != acceptId)
+    if (dialog.ShowModal() != idOk)
         return;
     m_changed = true;
     m_grid->sortBy(dialog.result());
@@ -149,8 +149,8 @@ void TemplateManagerCommands::preferences()
     // What the user has entered is still there when edits have to be dealt with first.
     do
     {
-        TemplatePreferencesDialog dialog(preferences, folder, m_homeFolder, &m_frame);
-        if (dialog.ShowModal() != acceptId)
+        TemplatePreferencesDialog dialog(preferences, folder, m_session.homeFolder(), &m_frame);
+        if (dialog.ShowModal() != idOk)
             return;
         preferences = dialog.preferences();
         folder = dialog.folder();

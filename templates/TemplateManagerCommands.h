@@ -17,9 +17,8 @@ namespace TessaronResources
 class TemplateManagerCommands : public TemplateGridCommands
 {
 public:
-    /// None is owned; all outlive the object. `homeFolder` is the template folder that the host names.
-    TemplateManagerCommands(wxFrame& frame, TemplateSession& session, TemplateWindowPrompts& prompts,
-                            std::string homeFolder);
+    /// None is owned; all outlive the object.
+    TemplateManagerCommands(wxFrame& frame, TemplateSession& session, TemplateWindowPrompts& prompts);
 
     /// To be given before the first command.
     void setGrid(TemplateManagerGrid& grid) { m_grid = &grid; }
@@ -53,7 +52,6 @@ private:
     wxFrame& m_frame;
     TemplateSession& m_session;
     TemplateWindowPrompts& m_prompts;
-    std::string m_homeFolder;
     TemplateManagerGrid* m_grid = nullptr;
     bool m_changed = false;
     std::string m_searched;

@@ -55,6 +55,12 @@ public:
     virtual void keepLastFolder(const std::string& folder) = 0;
 };
 
+/// The question before a template or a file of this name is replaced.
+inline std::string replaceQuestion(const std::string& name)
+{
+    return translatedWith("%s already exists. Do you want to replace it?", name);
+}
+
 inline constexpr const char* templateCaption = translatable("Template Manager");
 inline constexpr const char* templateImportFilter =
     translatable("Template Files (*.vtmpl)|*.vtmpl|XML-files (*.xml)|*.xml|All Files (*.*)|*.*||");

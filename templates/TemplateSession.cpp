@@ -30,11 +30,6 @@ constexpr const char* nameWithoutGenerator = "TEMPL";
 constexpr const char* unsavedEditsText =
     translatable("Some templates have changes that have not been saved.\nDo you want to save them? Cancel drops them.");
 
-std::string replaceQuestion(const std::string& name)
-{
-    return translatedWith("%s already exists. Do you want to replace it?", name);
-}
-
 bool isFolder(const std::string& path)
 {
     std::error_code error;

@@ -68,6 +68,8 @@ public:
 
     // State
 
+    /// The template folder that the host names.
+    const std::string& homeFolder() const { return m_homeFolder; }
     /// The template folder in use, and the sub-folder that holds the templates of this kind of operation.
     const std::string& folder() const { return m_folder; }
     /// The template folder that the user has chosen. It is folder() unless it is away, as a drive of the network can be.
@@ -175,7 +177,7 @@ private:
 
     int m_kind;
     int m_selector;
-    std::string m_homeFolder; ///< the host's
+    std::string m_homeFolder;
     std::string m_wantedFolder;
     std::string m_folder;
     util::Parameterized m_current;

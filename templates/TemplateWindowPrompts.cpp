@@ -85,8 +85,7 @@ std::string TemplateWindowPrompts::chooseExportFile(const std::string& folder)
             return pathOf(file.GetFullPath());
         // The dialog has asked about the name without the extension only.
         file.SetExt(wxString(util::templateExtension).AfterLast('.'));
-        if (!file.FileExists() ||
-            askOkCancel(translatedWith("%s already exists. Do you want to replace it?", pathOf(file.GetFullName()))))
+        if (!file.FileExists() || askOkCancel(replaceQuestion(pathOf(file.GetFullName()))))
             return pathOf(file.GetFullPath());
     }
     return {};

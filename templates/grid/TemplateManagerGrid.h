@@ -50,7 +50,7 @@ public:
     /// The selected row of the current cell, or else the first selected one; none without a selection.
     std::optional<std::size_t> chosenRow() const;
 
-    /// Has the session sort its rows. A mark is shown only for a sort by one column.
+    /// Has the session sort its rows. Each level has its mark in the heading of its column.
     void sortBy(const std::vector<util::TemplateSortLevel>& levels);
     /// Sorts by a column, the other way round when the rows are in its order already.
     void sortByHeading(int column);
