@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <functional>
 
 namespace util
 {
@@ -118,8 +119,28 @@ std::string definitionsFile(const std::string& name)
     return store::fileStem(name, definitionsExtension) + definitionsExtension;
 }
 
-/// Files sets under a file name in a folder that is there.
-int writeSetsFile(const std::string& folderPath, const std::string& fileName, const std::vector<Parameterized>& sets)
+typedef std::function<bool(const std::vector<Parameterized>& sets)> SetsCheck;
+
+/// Keeps a copy of a file, beside it, that is not what it should be: whoever can mend it needs it.
+/// \returns false when it cannot be kept.
+bool keepDamaged(const Folder& folder, const std::string& fileName, const SetsCheck& isWhole)
+{
+    const FileContents contents = folder.read(fileName, store::longestTemplateFile);
+    std::vector<Parameterized> sets;
+    if (contents.state == FileState::missing ||
+        (contents.state == FileState::ok && store::readSets(contents.bytes, sets) == status::ok && isWhole(sets)))
+        return true;
+    const std::string stem = fileName.substr(0, fileName.rfind('.')) + ".damaged";
+    std::string kept = stem + definitionsExtension;
+    FileStamp stamp;
+    for (int number = 2; folder.stamp(kept, stamp) != FileState::missing; ++number)
+        kept = stem + "-" + std::to_string(number) + definitionsExtension;
+    return contents.state == FileState::ok && folder.replace(kept, contents.bytes);
+}
+
+/// Files sets under a file name in a folder that is there. A file that `isWhole` refuses is kept under another name.
+int writeSetsFile(const std::string& folderPath, const std::string& fileName, const std::vector<Parameterized>& sets,
+                  const SetsCheck& isWhole = {})
 {
     std::string bytes;
     if (const int code = store::writeSets(sets, bytes); code != status::ok)
@@ -130,7 +151,21 @@ int writeSetsFile(const std::string& folderPath, const std::string& fileName, co
     const FolderLock lock(folderPath, FolderLock::Kind::exclusive);
     if (std::vector<std::string> entries; lock.isHeld() && folder.entries(entries))
         removeLeftovers(folder, entries, fileName);
-    return !lock.isBusy() && folder.replace(fileName, bytes) ? status::ok : status::templateWriteError;
+    return !lock.isBusy() && (!isWhole || keepDamaged(folder, fileName, isWhole)) && folder.replace(fileName, bytes)
+               ? status::ok
+               : status::templateWriteError;
+}
+
+bool isInfo(const std::vector<Parameterized>& sets)
+{
+    TemplateInfo info;
+    return store::infoOfSets(sets, info);
+}
+
+bool isFolders(const std::vector<Parameterized>& sets)
+{
+    std::vector<std::string> folders;
+    return store::foldersOfSets(sets, folders);
 }
 
 int readSetsFile(const std::string& path, std::size_t limit, int codeOfMissing, std::vector<Parameterized>& sets)
@@ -180,7 +215,7 @@ int saveTemplateDefs(const std::string& folder, const std::string& name, const T
                    {
                        const std::string native = nativeFolder(folder);
                        return makeFolders(native)
-                                  ? writeSetsFile(native, definitionsFile(name), store::setsOfInfo(info))
+                                  ? writeSetsFile(native, definitionsFile(name), store::setsOfInfo(info), isInfo)
                                   : status::templateWriteError;
                    });
 }
@@ -208,8 +243,9 @@ int saveTemplateFolders(const std::string& path, const std::vector<std::string>&
                    [&]
                    {
                        const std::string native = nativeFolder(path);
-                       return makeFolders(native) ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders))
-                                                  : status::templateWriteError;
+                       return makeFolders(native)
+                                  ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders), isFolders)
+                                  : status::templateWriteError;
                    });
 }
 

@@ -92,6 +92,14 @@ util::TemplateColumn makeColumn(const DefaultColumn& row, bool titleVariant, con
     return column;
 }
 
+int storeDefaults(const std::string& folder, int kind, bool titleVariant, const Expert& expertData,
+                  util::TemplateInfo& info)
+{
+    info = util::TemplateInfo();
+    info.columns = defaultTemplateColumns(kind, titleVariant, expertData);
+    return util::saveTemplateDefs(folder, templateDefinitionsName(kind), info);
+}
+
 const char* kindWord(int kind)
 {
     return kind == operationKind::milling ? keys::folderTessaron.c_str() : keys::folderOrrimant.c_str();
@@ -139,12 +147,17 @@ DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind,
     code = util::loadTemplateDefs(folder, templateDefinitionsName(kind), &info);
     if (code == status::templateColumnsMissing)
     {
-        info = util::TemplateInfo();
-        info.columns = defaultTemplateColumns(kind, titleVariant, expertData);
-        code = util::saveTemplateDefs(folder, templateDefinitionsName(kind), info);
+        code = storeDefaults(folder, kind, titleVariant, expertData, info);
         return DefinitionsState::created;
     }
     return code == status::ok ? DefinitionsState::loaded : DefinitionsState::failed;
+}
+
+int makeTemplateDefinitions(const std::string& folder, int kind, bool titleVariant, util::TemplateInfo& info)
+{
+    util::TechnologyExpertData expertData;
+    const int code = util::getTechnologyExpertData(&expertData);
+    return code == status::ok ? storeDefaults(folder, kind, titleVariant, expertData, info) : code;
 }
 
 } // namespace TessaronResources

@@ -44,6 +44,10 @@ enum class DefinitionsState
 DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind, bool titleVariant,
                                             util::TemplateInfo& info, int& code);
 
+/// Builds the default definitions and stores them in `folder`.
+/// \returns a status code. `info` holds them also when they could not be stored, but not when the expert data are missing.
+int makeTemplateDefinitions(const std::string& folder, int kind, bool titleVariant, util::TemplateInfo& info);
+
 } // namespace TessaronResources
 
 #endif

@@ -30,6 +30,10 @@ constexpr const char* nameWithoutGenerator = "TEMPL";
 constexpr const char* unsavedEditsText =
     translatable("Some templates have changes that have not been saved.\nDo you want to save them? Cancel drops them.");
 
+constexpr const char* standardColumnsText =
+    translatable("The columns of the list cannot be read. Do you want to have the standard columns instead?\n"
+                 "The damaged file is kept beside the new one.");
+
 bool isFolder(const std::string& path)
 {
     std::error_code error;
@@ -84,9 +88,19 @@ DefinitionsState TemplateSession::open(bool titleVariant)
             reloadKnownFolders();
             int code = status::ok;
             m_definitionsState = prepareTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info, code);
-            m_definitionsCode = code;
-            if (m_definitionsState == DefinitionsState::failed)
+            if (m_definitionsState == DefinitionsState::failed && code == status::templateFormatError)
+            {
+                // Without a way back the list would have no columns from now on.
+                if (m_prompts.askOkCancelError(translated(exchange::statusText(code)) + "\n" +
+                                               translated(standardColumnsText)))
+                {
+                    m_definitionsState = DefinitionsState::created;
+                    code = makeTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info);
+                }
+            }
+            else if (m_definitionsState == DefinitionsState::failed)
                 report(code);
+            m_definitionsCode = code;
             const util::Folder home(util::nativePath(m_homeFolder));
             setLayoutIsKept(code == status::ok && home.canBeWritten());
         });

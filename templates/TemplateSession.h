@@ -57,7 +57,8 @@ public:
 
     // Opening
 
-    /// Reads the known folders and the definitions; the first start makes the definitions. Does not fill the rows.
+    /// Reads the known folders and the definitions; the first start makes the definitions. Where they are damaged, the
+    /// user may have the default ones made in their place. Does not fill the rows.
     DefinitionsState open(bool titleVariant);
     /// Lists the folder's templates into the rows, those that the match filter displays, in the order of the sort last
     /// chosen. Edits are dropped. Files that

@@ -70,6 +70,7 @@ TEST_F(SessionFolderTest, PreferencesThatCannotBeKeptAreReported)
     writeBytes(home / (templateDefinitionsName(operationKind::milling) + ".xml"), "damaged");
     const auto next = opened();
     user.takeMessages();
+    EXPECT_FALSE(next->layoutIsKept());
     next->acceptPreferences({}, "");
     next->acceptPreferences({}, "");
     EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + formatError));

@@ -102,13 +102,30 @@ TEST_F(SessionLayoutTest, DamagedDefinitionsAreReportedAndNotOverwrittenUnasked)
     writeBytes(path, "damaged");
     TemplateSession again(operationKind::milling, 0, home.path(), {}, user);
     EXPECT_EQ(again.open(true), DefinitionsState::failed);
-    EXPECT_THAT(user.takeMessages(), ElementsAre("error: " + formatError));
+    EXPECT_THAT(user.takeMessages(), ElementsAre(testing::StartsWith("error question: " + formatError)));
     EXPECT_FALSE(again.storeDefinitions(StoreReason::end));
     EXPECT_FALSE(again.storeDefinitions(StoreReason::change)) << "there are no columns to store";
     EXPECT_EQ(readBytes(path), "damaged");
     again.info().columns = session.info().columns;
     EXPECT_TRUE(again.storeDefinitions(StoreReason::change));
     EXPECT_NE(readBytes(path), "damaged");
+}
+
+TEST_F(SessionLayoutTest, DamagedDefinitionsMakeWayForTheStandardOnesAndAreKept)
+{
+    const std::string stem = home / templateDefinitionsName(operationKind::milling);
+    writeBytes(stem + ".xml", "damaged");
+    user.nextAnswer = true;
+    TemplateSession again(operationKind::milling, 0, home.path(), {}, user);
+    EXPECT_EQ(again.open(true), DefinitionsState::created);
+    EXPECT_EQ(user.takeMessages().size(), 1U);
+    EXPECT_EQ(again.info().columns, session.info().columns);
+    EXPECT_TRUE(again.layoutIsKept());
+    EXPECT_EQ(readBytes(stem + ".damaged.xml"), "damaged");
+    TemplateSession next(operationKind::milling, 0, home.path(), {}, user);
+    EXPECT_EQ(next.open(true), DefinitionsState::loaded);
+    EXPECT_EQ(next.info(), again.info());
+    EXPECT_THAT(user.said, IsEmpty());
 }
 
 TEST_F(SessionLayoutTest, DefinitionsThatCannotBeStoredAreReported)

@@ -3,6 +3,7 @@
 #include <wx/checkbox.h>
 
 #include <filesystem>
+#include <fstream>
 
 using namespace testing_support;
 
@@ -132,6 +133,36 @@ TEST_F(UnstoredFlowTest, PreferencesAreKeptUntilEditsAreDealtWith)
     ASSERT_EQ(util::loadTemplateDefs(folder(), "tessaron_template_info", &info), 0);
     EXPECT_TRUE(info.preferences.loadSavedTemplates);
     EXPECT_EQ(info.preferences.matchFilter, 1);
+}
+
+TEST_F(UnstoredFlowTest, DamagedColumnsAreReplacedOnRequest)
+{
+    const std::filesystem::path file = m_folder / "tessaron_template_info.xml";
+    {
+        std::ofstream(file) << "damaged";
+    }
+    for (const int button : {2, 1})
+    {
+        WindowDriver user;
+        user.when("the question", messageIsUp,
+                  [button]
+                  {
+                      EXPECT_TRUE(message().StartsWith("Template file format error.\nThe columns")) << message();
+                      savePicture(windowTitled("Template Manager"), "template-columns-damaged");
+                      answer(button);
+                  });
+        user.when("the manager is up", atRest,
+                  [button]
+                  {
+                      EXPECT_EQ(grid()->GetNumberCols(), button == 1 ? 26 : 0);
+                      clickManager(1150);
+                  });
+        EXPECT_EQ(load(), 0);
+        EXPECT_EQ(std::filesystem::exists(m_folder / "tessaron_template_info.damaged.xml"), button == 1);
+    }
+    WindowDriver user;
+    user.when("the manager is up without a question", atRest, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <limits>
 
 namespace status = exchange::status;
@@ -83,6 +84,34 @@ TEST(TemplateDefs, DamagedDefinitionsAreAFormatErrorAndChangeNothing)
     TemplateInfo read;
     EXPECT_EQ(util::loadTemplateDefs(folder.path(), "x", &read), status::templateReadError);
     EXPECT_EQ(util::saveTemplateDefs(folder.path(), "x", read), status::templateWriteError);
+}
+
+TEST(TemplateDefs, DamagedFilesAreKeptBesideTheNewOnes)
+{
+    const TemporaryFolder folder;
+    const struct
+    {
+        std::string name;
+        std::function<int()> save;
+    } files[] = {
+        {"x", [&] { return util::saveTemplateDefs(folder.path(), "x", makeInfo()); }},
+        {"template_folders", [&] { return util::saveTemplateFolders(folder.path(), {"/a"}); }},
+    };
+    for (const auto& [name, save] : files)
+    {
+        SCOPED_TRACE(name);
+        for (const char* const bytes : {"damaged", "again"})
+        {
+            writeBytes(folder / (name + ".xml"), bytes);
+            EXPECT_EQ(save(), status::ok);
+        }
+        const std::string good = readBytes(folder / (name + ".xml"));
+        EXPECT_EQ(save(), status::ok);
+        EXPECT_EQ(readBytes(folder / (name + ".xml")), good);
+        EXPECT_EQ(readBytes(folder / (name + ".damaged.xml")), "damaged");
+        EXPECT_EQ(readBytes(folder / (name + ".damaged-2.xml")), "again");
+        EXPECT_FALSE(std::filesystem::exists(folder / (name + ".damaged-3.xml")));
+    }
 }
 
 TEST(TemplateDefs, CountsInAFileAreNotTrusted)
