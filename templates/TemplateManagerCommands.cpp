@@ -10,7 +10,8 @@
 
 #include <wx/frame.h>
 
-#include <utility>
+#include <optional>
+#include <string>
 
 namespace TessaronResources
 {
@@ -146,14 +147,15 @@ void TemplateManagerCommands::preferences()
     util::TemplatePreferences preferences = m_session.info().preferences;
     std::string folder = m_session.wantedFolder();
     bool refillNeeded = false;
+    std::optional<TemplatePreferencesDialog> dialog; // it gives the keys back to the list, and may not be gone by then
     // What the user has entered is still there when edits have to be dealt with first.
     do
     {
-        TemplatePreferencesDialog dialog(preferences, folder, m_session.homeFolder(), &m_frame);
-        if (dialog.ShowModal() != idOk)
+        dialog.emplace(preferences, folder, m_session.homeFolder(), &m_frame);
+        if (dialog->ShowModal() != idOk)
             return;
-        preferences = dialog.preferences();
-        folder = dialog.folder();
+        preferences = dialog->preferences();
+        folder = dialog->folder();
         refillNeeded = m_session.changesRows(preferences, folder);
     } while (refillNeeded && !m_session.settleEdits());
     if (preferences.font != m_session.info().preferences.font)

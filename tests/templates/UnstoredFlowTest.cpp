@@ -165,4 +165,35 @@ TEST_F(UnstoredFlowTest, DamagedColumnsAreReplacedOnRequest)
     EXPECT_EQ(load(), 0);
 }
 
+TEST_F(UnstoredFlowTest, AFolderThatIsAwayStaysTheChosenOne)
+{
+    const std::string drive = (m_folder / "drive").string();
+    const std::vector<std::string> folders = {drive, folder()};
+    ASSERT_EQ(util::saveTemplateFolders(folder(), folders), 0);
+    WindowDriver user;
+    user.when("the message", messageIsUp,
+              [&]
+              {
+                  wxString text = message();
+                  text.Replace("\n", " "); // it may stand on two lines
+                  EXPECT_TRUE(text.StartsWith("The template folder " + drive)) << text;
+                  answer(1);
+              });
+    user.when("the manager is up", atRest, [] { EXPECT_EQ(grid()->GetNumberRows(), 3); });
+    openPreferences(user);
+    user.then("in the preferences",
+              [&]
+              {
+                  EXPECT_EQ(control<wxTextCtrl>("Template Preferences", 1153)->GetValue(), drive);
+                  press("Template Preferences", 1155);
+                  press("Template Preferences", 1);
+              });
+    user.when("the manager is back", atRest, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+    std::vector<std::string> kept;
+    EXPECT_EQ(util::loadTemplateFolders(folder(), &kept), 0);
+    EXPECT_EQ(kept, folders);
+    EXPECT_FALSE(std::filesystem::exists(drive));
+}
+
 } // namespace
