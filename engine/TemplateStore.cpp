@@ -10,11 +10,13 @@
 #include "util/platform/Folder.h"
 #include "util/platform/FolderLock.h"
 #include "util/platform/LibraryFile.h"
+#include "util/platform/TemporaryFile.h"
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
 
 #include <algorithm>
 #include <exception>
+#include <functional>
 
 namespace util
 {
@@ -64,6 +66,12 @@ int readStoreFile(const std::string& path, std::size_t limit, int codeOfMissing,
     return codeOfState(contents.state);
 }
 
+/// The path of a folder as a host gives it, in the platform's form: none at all is the current one.
+std::string nativeFolder(const std::string& path)
+{
+    return path.empty() ? "." : nativePath(path);
+}
+
 /// Lists a folder; one that is not there holds nothing.
 int listFolder(const std::string& path, std::vector<Parameterized>* templates, std::vector<FaultyTemplateFile>* faulty)
 {
@@ -74,7 +82,7 @@ int listFolder(const std::string& path, std::vector<Parameterized>* templates, s
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const Folder folder(nativePath(path));
+                       const Folder folder(nativeFolder(path));
                        if (folder.state() == FileState::missing)
                            return status::ok;
                        if (folder.state() != FileState::ok)
@@ -94,13 +102,45 @@ bool lacksGuid(const Parameterized& set)
     return set.stringOr(keys::templateGuid, "").empty();
 }
 
+/// Gives a set what it lacks of that which every stored template has.
+void completeStamp(Parameterized& set)
+{
+    Parameterized stamped = set;
+    store::stampTemplate(stamped, nullptr, store::secondsNow());
+    for (const Key& key :
+         {keys::templateGuid, keys::templateVersion, keys::templateDateCreated, keys::templateDateModified})
+        if (const std::string own = set.stringOr(key, ""); !own.empty())
+            stamped.set(key, own);
+    set = std::move(stamped);
+}
+
 std::string definitionsFile(const std::string& name)
 {
     return store::fileStem(name, definitionsExtension) + definitionsExtension;
 }
 
-/// Files sets under a file name in a folder that is there.
-int writeSetsFile(const std::string& folderPath, const std::string& fileName, const std::vector<Parameterized>& sets)
+typedef std::function<bool(const std::vector<Parameterized>& sets)> SetsCheck;
+
+/// Keeps a copy of a file, beside it, that is not what it should be: whoever can mend it needs it.
+/// \returns false when it cannot be kept.
+bool keepDamaged(const Folder& folder, const std::string& fileName, const SetsCheck& isWhole)
+{
+    const FileContents contents = folder.read(fileName, store::longestTemplateFile);
+    std::vector<Parameterized> sets;
+    if (contents.state == FileState::missing ||
+        (contents.state == FileState::ok && store::readSets(contents.bytes, sets) == status::ok && isWhole(sets)))
+        return true;
+    const std::string stem = fileName.substr(0, fileName.rfind('.')) + ".damaged";
+    std::string kept = stem + definitionsExtension;
+    FileStamp stamp;
+    for (int number = 2; folder.stamp(kept, stamp) != FileState::missing; ++number)
+        kept = stem + "-" + std::to_string(number) + definitionsExtension;
+    return contents.state == FileState::ok && folder.replace(kept, contents.bytes);
+}
+
+/// Files sets under a file name in a folder that is there. A file that `isWhole` refuses is kept under another name.
+int writeSetsFile(const std::string& folderPath, const std::string& fileName, const std::vector<Parameterized>& sets,
+                  const SetsCheck& isWhole = {})
 {
     std::string bytes;
     if (const int code = store::writeSets(sets, bytes); code != status::ok)
@@ -109,7 +149,23 @@ int writeSetsFile(const std::string& folderPath, const std::string& fileName, co
     if (folder.state() != FileState::ok)
         return status::templateWriteError;
     const FolderLock lock(folderPath, FolderLock::Kind::exclusive);
-    return !lock.isBusy() && folder.replace(fileName, bytes) ? status::ok : status::templateWriteError;
+    if (std::vector<std::string> entries; lock.isHeld() && folder.entries(entries))
+        removeLeftovers(folder, entries, fileName);
+    return !lock.isBusy() && (!isWhole || keepDamaged(folder, fileName, isWhole)) && folder.replace(fileName, bytes)
+               ? status::ok
+               : status::templateWriteError;
+}
+
+bool isInfo(const std::vector<Parameterized>& sets)
+{
+    TemplateInfo info;
+    return store::infoOfSets(sets, info);
+}
+
+bool isFolders(const std::vector<Parameterized>& sets)
+{
+    std::vector<std::string> folders;
+    return store::foldersOfSets(sets, folders);
 }
 
 int readSetsFile(const std::string& path, std::size_t limit, int codeOfMissing, std::vector<Parameterized>& sets)
@@ -141,7 +197,7 @@ int loadTemplateDefs(const std::string& folder, const std::string& name, Templat
                    [&]
                    {
                        std::vector<Parameterized> sets;
-                       const std::string path = templatePath(nativePath(folder), definitionsFile(name));
+                       const std::string path = templatePath(nativeFolder(folder), definitionsFile(name));
                        const int code =
                            readSetsFile(path, store::longestTemplateFile, status::templateColumnsMissing, sets);
                        if (code != status::ok)
@@ -157,9 +213,9 @@ int saveTemplateDefs(const std::string& folder, const std::string& name, const T
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = nativePath(folder);
+                       const std::string native = nativeFolder(folder);
                        return makeFolders(native)
-                                  ? writeSetsFile(native, definitionsFile(name), store::setsOfInfo(info))
+                                  ? writeSetsFile(native, definitionsFile(name), store::setsOfInfo(info), isInfo)
                                   : status::templateWriteError;
                    });
 }
@@ -172,7 +228,7 @@ int loadTemplateFolders(const std::string& path, std::vector<std::string>* folde
                    [&]
                    {
                        std::vector<Parameterized> sets;
-                       const std::string file = templatePath(nativePath(path), foldersFile);
+                       const std::string file = templatePath(nativeFolder(path), foldersFile);
                        constexpr int none = 1;
                        const int code = readSetsFile(file, store::longestTemplateFile, none, sets);
                        if (code != status::ok && code != none)
@@ -186,9 +242,10 @@ int saveTemplateFolders(const std::string& path, const std::vector<std::string>&
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const std::string native = nativePath(path);
-                       return makeFolders(native) ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders))
-                                                  : status::templateWriteError;
+                       const std::string native = nativeFolder(path);
+                       return makeFolders(native)
+                                  ? writeSetsFile(native, foldersFile, store::setsOfFolders(folders), isFolders)
+                                  : status::templateWriteError;
                    });
 }
 
@@ -289,10 +346,8 @@ int saveTemplateArrayFile(const std::string& path, const std::vector<Parameteriz
                        if (fileName.empty())
                            return status::templateNameMissing;
                        std::vector<Parameterized> stamped = templates;
-                       for (Parameterized& set : stamped)
-                           if (lacksGuid(set))
-                               store::stampTemplate(set, nullptr, store::secondsNow());
-                       return writeSetsFile(native.substr(0, separator + 1), fileName, stamped);
+                       std::for_each(stamped.begin(), stamped.end(), completeStamp);
+                       return writeSetsFile(nativeFolder(native.substr(0, separator + 1)), fileName, stamped);
                    });
 }
 
@@ -304,7 +359,7 @@ int deleteTemplateFile(const std::string& folder, const Parameterized& set)
     return guarded(status::templateWriteError,
                    [&]
                    {
-                       const Folder opened(nativePath(folder));
+                       const Folder opened(nativeFolder(folder));
                        return opened.state() == FileState::ok ? store::deleteTemplate(opened, name, set)
                                                               : status::templateReadError;
                    });
@@ -317,7 +372,7 @@ int genTemplateName(const std::string& folder, const std::string& prefix, Parame
     return guarded(status::templateReadError,
                    [&]
                    {
-                       const Folder opened(nativePath(folder));
+                       const Folder opened(nativeFolder(folder));
                        std::vector<std::string> entries;
                        const bool read = opened.state() == FileState::ok && opened.entries(entries);
                        if (!read && opened.state() != FileState::missing)

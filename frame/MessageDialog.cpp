@@ -1,6 +1,7 @@
 #include "frame/MessageDialog.h"
 #include "frame/ControlId.h"
 #include "frame/Translation.h"
+#include "frame/native/NativeToolkit.h"
 
 #include <tessaron/frame/DialogBase.h>
 
@@ -9,6 +10,7 @@
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
+#include <wx/textctrl.h>
 
 namespace TessaronResources
 {
@@ -18,6 +20,7 @@ namespace
 
 constexpr int idText = 10;
 constexpr int widestLine = 420;
+constexpr int mostLines = 11; // a heading and ten names; more are scrolled
 
 wxArtID artOf(MessageKind kind)
 {
@@ -40,8 +43,7 @@ public:
     {
         if (!createBare(owner, caption))
             return;
-        auto* const message = new wxStaticText(this, idText, wxControl::EscapeMnemonics(text));
-        message->Wrap(FromDIP(widestLine));
+        wxWindow* const message = text.Freq('\n') < mostLines ? wrapped(text) : scrolled(text);
         auto* const body = new wxBoxSizer(wxHORIZONTAL);
         const int gap = FromDIP(12);
         body->Add(new wxStaticBitmap(this, wxID_ANY, wxArtProvider::GetBitmapBundle(artOf(kind), wxART_MESSAGE_BOX)), 0,
@@ -63,6 +65,22 @@ public:
     }
 
 private:
+    wxWindow* wrapped(const wxString& text)
+    {
+        auto* const message = new wxStaticText(this, idText, wxControl::EscapeMnemonics(text));
+        message->Wrap(FromDIP(widestLine));
+        return message;
+    }
+
+    wxWindow* scrolled(const wxString& text)
+    {
+        const wxSize size(FromDIP(widestLine), (mostLines + 1) * GetCharHeight());
+        auto* const message =
+            new wxTextCtrl(this, idText, text, wxDefaultPosition, size, wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP);
+        native::setAccessibleName(*message, GetTitle());
+        return message;
+    }
+
     bool OnInitDialog() override
     {
         DialogBase::OnInitDialog();

@@ -15,7 +15,7 @@ enum class MessageKind
     error,
 };
 
-/// Shows a message with an OK button, modal, in the look in force.
+/// Shows a message with an OK button, modal, in the look in force. One of many lines is scrolled.
 /// \returns when the user has closed it.
 void showMessage(wxWindow* owner, const wxString& caption, const wxString& text, MessageKind kind);
 

@@ -1,6 +1,7 @@
 #include "frame/Translation.h"
 
 #include "resources/EmbeddedFile.h"
+#include "util/text/ReadableText.h"
 
 #include <wx/log.h>
 #include <wx/translation.h>
@@ -61,15 +62,16 @@ std::string translated(const std::string& text)
     // The empty text stands for the catalogue's header.
     if (text.empty())
         return text;
-    const wxString* const found = catalogue().GetTranslatedString(wxString::FromUTF8(text), domain);
-    return found ? found->utf8_string() : text;
+    const std::string readable = util::readableText(text);
+    const wxString* const found = catalogue().GetTranslatedString(wxString::FromUTF8(readable), domain);
+    return found ? found->utf8_string() : readable;
 }
 
 std::string translatedWith(const char* format, const std::string& value)
 {
     std::string text = translated(format);
     if (const std::size_t place = text.find("%s"); place != std::string::npos)
-        text.replace(place, 2, value);
+        text.replace(place, 2, util::readableText(value));
     return text;
 }
 

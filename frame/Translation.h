@@ -13,7 +13,8 @@ namespace TessaronResources
 // names (LANGUAGE, LC_ALL, LC_MESSAGES, LANG) when the first text is shown; texts that its catalogue lacks stay
 // English. The host's own translations are neither used nor changed.
 
-/// An English text in the user's language, UTF-8.
+/// An English text in the user's language, UTF-8. A text that has no translation is only made readable
+/// (util::readableText()); so is `value`.
 std::string translated(const std::string& text);
 /// The same with `value` in the place of its "%s".
 std::string translatedWith(const char* format, const std::string& value);

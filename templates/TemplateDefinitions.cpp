@@ -92,6 +92,14 @@ util::TemplateColumn makeColumn(const DefaultColumn& row, bool titleVariant, con
     return column;
 }
 
+int storeDefaults(const std::string& folder, int kind, bool titleVariant, const Expert& expertData,
+                  util::TemplateInfo& info)
+{
+    info = util::TemplateInfo();
+    info.columns = defaultTemplateColumns(kind, titleVariant, expertData);
+    return util::saveTemplateDefs(folder, templateDefinitionsName(kind), info);
+}
+
 const char* kindWord(int kind)
 {
     return kind == operationKind::milling ? keys::folderTessaron.c_str() : keys::folderOrrimant.c_str();
@@ -130,28 +138,26 @@ std::vector<util::TemplateColumn> defaultTemplateColumns(int kind, bool titleVar
 }
 
 DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind, bool titleVariant,
-                                            util::TemplateInfo& info, TemplatePrompts& prompts)
+                                            util::TemplateInfo& info, int& code)
 {
     util::TechnologyExpertData expertData;
-    int code = util::getTechnologyExpertData(&expertData);
+    code = util::getTechnologyExpertData(&expertData);
     if (code != status::ok)
-    {
-        showStatus(prompts, code);
         return DefinitionsState::failed;
-    }
     code = util::loadTemplateDefs(folder, templateDefinitionsName(kind), &info);
     if (code == status::templateColumnsMissing)
     {
-        info = util::TemplateInfo();
-        info.columns = defaultTemplateColumns(kind, titleVariant, expertData);
-        // Where they cannot be stored, as in a library that is only read, they are made again the next time.
-        util::saveTemplateDefs(folder, templateDefinitionsName(kind), info);
+        code = storeDefaults(folder, kind, titleVariant, expertData, info);
         return DefinitionsState::created;
     }
-    if (code == status::ok)
-        return DefinitionsState::loaded;
-    showStatus(prompts, code);
-    return DefinitionsState::failed;
+    return code == status::ok ? DefinitionsState::loaded : DefinitionsState::failed;
+}
+
+int makeTemplateDefinitions(const std::string& folder, int kind, bool titleVariant, util::TemplateInfo& info)
+{
+    util::TechnologyExpertData expertData;
+    const int code = util::getTechnologyExpertData(&expertData);
+    return code == status::ok ? storeDefaults(folder, kind, titleVariant, expertData, info) : code;
 }
 
 } // namespace TessaronResources

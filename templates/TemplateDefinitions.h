@@ -1,7 +1,6 @@
 #ifndef TEMPLATES_TEMPLATEDEFINITIONS_H
 #define TEMPLATES_TEMPLATEDEFINITIONS_H
 
-#include "templates/TemplatePrompts.h"
 #include <tessaron/engine/TechnologyExpertData.h>
 #include <tessaron/engine/TemplateInfo.h>
 
@@ -35,14 +34,19 @@ std::vector<util::TemplateColumn> defaultTemplateColumns(int kind, bool titleVar
 enum class DefinitionsState
 {
     loaded,  ///< as stored
-    created, ///< there were none: the defaults were built and stored, or it was tried and the user told
-    failed   ///< the user has been told. The record is the default one without columns, or as it was
+    created, ///< there were none: the defaults were built and stored, or it was tried
+    failed   ///< the record is the default one without columns, or as it was
 };
 
 /// Loads the definitions from `folder` when the manager opens, and builds and stores the defaults at the first start.
-/// Every failure is shown to the user.
+/// `code` receives the status code of what failed, also where only storing the defaults did: they are made again the next
+/// time then, as in a library that may only be read.
 DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind, bool titleVariant,
-                                            util::TemplateInfo& info, TemplatePrompts& prompts);
+                                            util::TemplateInfo& info, int& code);
+
+/// Builds the default definitions and stores them in `folder`.
+/// \returns a status code. `info` holds them also when they could not be stored, but not when the expert data are missing.
+int makeTemplateDefinitions(const std::string& folder, int kind, bool titleVariant, util::TemplateInfo& info);
 
 } // namespace TessaronResources
 

@@ -1,16 +1,11 @@
 #include "templates/TemplateFailures.h"
 
+#include "util/text/ReadableText.h"
+
 #include <algorithm>
 
 namespace TessaronResources
 {
-
-namespace
-{
-
-constexpr std::size_t mostNamed = 12; // for each reason
-
-} // namespace
 
 void TemplateFailures::add(int code, const std::string& line)
 {
@@ -28,11 +23,8 @@ std::string TemplateFailures::text() const
     for (const auto& [code, lines] : m_lines)
     {
         text += (text.empty() ? "" : "\n") + translated(exchange::statusText(code));
-        const std::size_t named = lines.size() > mostNamed ? mostNamed - 1 : lines.size();
-        for (std::size_t i = 0; i < named; ++i)
-            text += lines[i];
-        if (named < lines.size())
-            text += translatedWith("\n and %s more", std::to_string(lines.size() - named));
+        for (const std::string& line : lines)
+            text += line;
     }
     return text;
 }
@@ -45,7 +37,7 @@ void TemplateFailures::tell(TemplatePrompts& prompts) const
 
 std::string templateLine(const std::string& name)
 {
-    return translated("\n Template: ") + name;
+    return translated("\n Template: ") + util::readableText(name);
 }
 
 } // namespace TessaronResources

@@ -16,8 +16,7 @@ class TemplateFailures
 public:
     /// `line` names what failed, as a line of its own ("\n Template: a"); empty for nothing to name.
     void add(int code, const std::string& line = {});
-    /// The message. Of many names for one reason it has the first ones and the number of the others, so that it fits a
-    /// screen.
+    /// The message.
     std::string text() const;
     /// Tells the user, if there is anything to tell.
     void tell(TemplatePrompts& prompts) const;

@@ -1,5 +1,6 @@
 #include "templates/TemplateManagerCommands.h"
 
+#include "frame/ControlId.h"
 #include "frame/Translation.h"
 #include "templates/TemplateManagerIds.h"
 #include "templates/dialogs/TemplateColumnsDialog.h"
@@ -9,7 +10,8 @@
 
 #include <wx/frame.h>
 
-#include <utility>
+#include <optional>
+#include <string>
 
 namespace TessaronResources
 {
@@ -17,13 +19,13 @@ namespace TessaronResources
 namespace
 {
 
-constexpr int acceptId = 1;
+typedef TemplateSession::StoreReason StoreReason;
 
 } // namespace
 
 TemplateManagerCommands::TemplateManagerCommands(wxFrame& frame, TemplateSession& session,
-                                                 TemplateWindowPrompts& prompts, std::string homeFolder)
-    : m_frame(frame), m_session(session), m_prompts(prompts), m_homeFolder(std::move(homeFolder))
+                                                 TemplateWindowPrompts& prompts)
+    : m_frame(frame), m_session(session), m_prompts(prompts)
 {
 }
 
@@ -61,7 +63,12 @@ bool TemplateManagerCommands::run(int command)
     }
 }
 
-void TemplateManagerCommands::storeLayout(bool byUser)
+void TemplateManagerCommands::storeLayoutAtEnd()
+{
+    storeLayout(m_changed ? StoreReason::endWithChange : StoreReason::end);
+}
+
+void TemplateManagerCommands::storeLayout(StoreReason reason)
 {
     m_session.info().headingHeight = m_grid->GetColLabelSize();
     if (!m_frame.IsMaximized() && !m_frame.IsIconized())
@@ -69,25 +76,26 @@ void TemplateManagerCommands::storeLayout(bool byUser)
         m_session.info().windowWidth = m_frame.GetSize().x;
         m_session.info().windowHeight = m_frame.GetSize().y;
     }
-    m_session.storeDefinitions(byUser);
+    m_session.storeDefinitions(reason);
 }
 
 void TemplateManagerCommands::storeEdits()
 {
     m_grid->finishEdit();
-    if (m_session.storeEdits())
-        m_changed = false;
-    m_session.refresh();
+    m_session.inOneMessage(
+        [this]
+        {
+            if (m_session.storeEdits())
+                m_changed = false;
+            m_session.refresh();
+        });
 }
 
 void TemplateManagerCommands::deleteSelected()
 {
     m_grid->finishEdit();
-    const std::vector<std::size_t> selected = m_grid->selectedRows();
-    if (selected.empty() || !m_session.settleEdits())
-        return;
-    m_session.deleteTemplates(selected);
-    m_session.fill();
+    if (const std::vector<std::size_t> selected = m_grid->selectedRows(); !selected.empty())
+        m_session.deleteTemplates(selected);
 }
 
 void TemplateManagerCommands::deleteByKey()
@@ -103,7 +111,7 @@ void TemplateManagerCommands::configureColumns()
 {
     m_grid->finishEdit();
     TemplateColumnsDialog dialog(m_session.info().columns, &m_frame);
-    if (dialog.ShowModal() != acceptId)
+    if (dialog.ShowModal() != idOk)
         return;
     m_session.info().columns = dialog.result();
     columnsChanged();
@@ -112,17 +120,21 @@ void TemplateManagerCommands::configureColumns()
 void TemplateManagerCommands::columnsChanged()
 {
     m_changed = true;
-    storeLayout(true);
-    m_session.info().headingHeight = -1;
-    m_grid->rebuildColumns();
-    m_session.refresh();
+    m_session.inOneMessage(
+        [this]
+        {
+            storeLayout(StoreReason::change);
+            m_session.info().headingHeight = -1;
+            m_grid->rebuildColumns();
+            m_session.refresh();
+        });
 }
 
 void TemplateManagerCommands::sort()
 {
     m_grid->finishEdit();
     TemplateSortDialog dialog(m_session.info().columns, m_session.info().sortLevels, &m_frame);
-    if (dialog.ShowModal() != acceptId)
+    if (dialog.ShowModal() != idOk)
         return;
     m_changed = true;
     m_grid->sortBy(dialog.result());
@@ -132,19 +144,31 @@ void TemplateManagerCommands::preferences()
 {
     m_grid->finishEdit();
     m_session.reloadKnownFolders();
-    TemplatePreferencesDialog dialog(m_session.info().preferences, m_session.folder(), m_homeFolder, &m_frame);
-    if (dialog.ShowModal() != acceptId)
-        return;
-    const bool refillNeeded = m_session.changesRows(dialog.preferences(), dialog.folder());
-    if (refillNeeded && !m_session.settleEdits())
-        return;
-    if (dialog.preferences().font != m_session.info().preferences.font)
+    util::TemplatePreferences preferences = m_session.info().preferences;
+    std::string folder = m_session.wantedFolder();
+    bool refillNeeded = false;
+    std::optional<TemplatePreferencesDialog> dialog; // it gives the keys back to the list, and may not be gone by then
+    // What the user has entered is still there when edits have to be dealt with first.
+    do
+    {
+        dialog.emplace(preferences, folder, m_session.homeFolder(), &m_frame);
+        if (dialog->ShowModal() != idOk)
+            return;
+        preferences = dialog->preferences();
+        folder = dialog->folder();
+        refillNeeded = m_session.changesRows(preferences, folder);
+    } while (refillNeeded && !m_session.settleEdits());
+    if (preferences.font != m_session.info().preferences.font)
         m_session.info().headingHeight = -1;
-    m_session.acceptPreferences(dialog.preferences(), dialog.folder());
-    m_grid->applyLook();
-    m_grid->rebuildColumns();
-    if (refillNeeded)
-        m_session.fill();
+    m_session.inOneMessage(
+        [&]
+        {
+            m_session.acceptPreferences(preferences, folder);
+            m_grid->applyLook();
+            m_grid->rebuildColumns();
+            if (refillNeeded)
+                m_session.fill();
+        });
 }
 
 void TemplateManagerCommands::importTemplates()
@@ -152,8 +176,12 @@ void TemplateManagerCommands::importTemplates()
     m_grid->finishEdit();
     if (!m_session.settleEdits())
         return;
-    if (m_session.importTemplates() > 0)
-        m_session.fill();
+    m_session.inOneMessage(
+        [this]
+        {
+            if (m_session.importTemplates() > 0)
+                m_session.fill();
+        });
 }
 
 void TemplateManagerCommands::exportTemplates()

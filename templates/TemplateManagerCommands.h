@@ -17,9 +17,8 @@ namespace TessaronResources
 class TemplateManagerCommands : public TemplateGridCommands
 {
 public:
-    /// None is owned; all outlive the object. `homeFolder` is the template folder that the host names.
-    TemplateManagerCommands(wxFrame& frame, TemplateSession& session, TemplateWindowPrompts& prompts,
-                            std::string homeFolder);
+    /// None is owned; all outlive the object.
+    TemplateManagerCommands(wxFrame& frame, TemplateSession& session, TemplateWindowPrompts& prompts);
 
     /// To be given before the first command.
     void setGrid(TemplateManagerGrid& grid) { m_grid = &grid; }
@@ -31,8 +30,8 @@ public:
     void storeEdits();
     /// The layout or the preferences have been changed by the user, and are to be stored.
     void markChanged() { m_changed = true; }
-    /// Stores the definitions with the heading height and the window's size.
-    void storeLayout() { storeLayout(m_changed); }
+    /// Stores the definitions with the heading height and the window's size, as the window closes.
+    void storeLayoutAtEnd();
 
     void find();
     void findAgain();
@@ -43,7 +42,7 @@ public:
     void columnsChanged() override;
 
 private:
-    void storeLayout(bool byUser);
+    void storeLayout(TemplateSession::StoreReason reason);
     void importTemplates();
     void exportTemplates();
     void sort();
@@ -53,7 +52,6 @@ private:
     wxFrame& m_frame;
     TemplateSession& m_session;
     TemplateWindowPrompts& m_prompts;
-    std::string m_homeFolder;
     TemplateManagerGrid* m_grid = nullptr;
     bool m_changed = false;
     std::string m_searched;

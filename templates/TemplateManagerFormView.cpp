@@ -1,5 +1,6 @@
 #include "templates/TemplateManagerFormView.h"
 
+#include "frame/ControlId.h"
 #include "frame/CurrentModule.h"
 #include "frame/Translation.h"
 #include "frame/looks/VisualManager.h"
@@ -32,7 +33,6 @@ constexpr int themeLabelId = 1148;
 constexpr int themeId = 1147;
 constexpr int saveEditsId = 1125;
 constexpr int deleteId = 1124;
-constexpr int acceptId = 1;
 constexpr int cancelId = 1150;
 
 // The long titles, which follow the parameter names.
@@ -43,7 +43,7 @@ constexpr bool titleVariant = true;
 TemplateManagerFormView::TemplateManagerFormView(wxFrame& frame, const TemplateManagerInputs& inputs)
     : m_frame(frame), m_inputs(inputs), m_prompts(frame),
       m_session(inputs.kind, inputs.selector, inputs.path, *inputs.current, m_prompts),
-      m_commands(frame, m_session, m_prompts, inputs.path)
+      m_commands(frame, m_session, m_prompts)
 {
 }
 
@@ -51,20 +51,25 @@ bool TemplateManagerFormView::setUp()
 {
     if (!currentResources().loadForm(*this, &m_frame, templateId) || !makeControls())
         return false;
+    m_session.inOneMessage([this] { open(); });
+    if (m_inputs.loadSaved)
+        *m_inputs.loadSaved = m_session.info().preferences.loadSavedTemplates;
+    bindControls();
+    applyLook();
+    m_grid->SetFocus();
+    return true;
+}
+
+void TemplateManagerFormView::open()
+{
     m_session.open(titleVariant);
     installVisualTheme(theme());
     if (auto* const themes = dynamic_cast<wxChoice*>(FindWindow(themeId)))
         themes->SetSelection(theme());
     m_grid->rebuildColumns();
     m_session.fill();
-    if (m_inputs.loadSaved)
-        *m_inputs.loadSaved = m_session.info().preferences.loadSavedTemplates;
     if (auto* const name = dynamic_cast<wxTextCtrl*>(FindWindow(nameId)); name && m_inputs.saving)
         name->ChangeValue(wxString::FromUTF8(m_session.proposeName()));
-    bindControls();
-    applyLook();
-    m_grid->SetFocus();
-    return true;
 }
 
 bool TemplateManagerFormView::makeControls()
@@ -86,7 +91,7 @@ bool TemplateManagerFormView::makeControls()
             themes->SetToolTip(translatedLabel(
                 "The application sets the theme. Your choice is kept for windows in which it does not."));
     }
-    if (wxWindow* const accept = FindWindow(acceptId))
+    if (wxWindow* const accept = FindWindow(idOk))
         accept->SetLabel(m_inputs.saving ? translatedLabel("Save") : translatedLabel("Apply"));
     // Without an operation to name, the fields would only raise questions.
     for (const int id : {nameLabelId, nameId})
@@ -103,7 +108,7 @@ void TemplateManagerFormView::bindControls()
         MoveFactors factors;
     } follow[] = {{gridId, {0, 0, 1, 1}},          {nameLabelId, {0, 1, 0, 0}}, {nameId, {0, 1, 0.3F, 0}},
                   {themeLabelId, {0.3F, 1, 0, 0}}, {themeId, {0.3F, 1, 0, 0}},  {saveEditsId, {0, 1, 0, 0}},
-                  {deleteId, {0, 1, 0, 0}},        {acceptId, {1, 1, 0, 0}},    {cancelId, {1, 1, 0, 0}}};
+                  {deleteId, {0, 1, 0, 0}},        {idOk, {1, 1, 0, 0}},        {cancelId, {1, 1, 0, 0}}};
     m_mover.setUp(*this);
     for (const auto& entry : follow)
         m_mover.add(FindWindow(entry.id), entry.factors);
@@ -118,7 +123,7 @@ void TemplateManagerFormView::bindControls()
         Bind(
             wxEVT_BUTTON, [action](wxCommandEvent&) { action(); }, id);
     };
-    onButton(acceptId, [this] { m_inputs.saving ? save() : apply(); });
+    onButton(idOk, [this] { m_inputs.saving ? save() : apply(); });
     onButton(saveEditsId, [this] { m_commands.storeEdits(); });
     onButton(deleteId, [this] { m_commands.deleteSelected(); });
     onButton(cancelId, [this] { finish(0); });
@@ -153,6 +158,15 @@ void TemplateManagerFormView::applyLook()
         frame->applyLook();
 }
 
+void TemplateManagerFormView::layoutKeepingChanged()
+{
+    if (auto* const frame = dynamic_cast<TemplateManagerFrameWnd*>(&m_frame))
+        frame->setNotice(m_session.layoutIsKept()
+                             ? wxString()
+                             : translatedLabel("This template library cannot be written to: changes of the layout and "
+                                               "of the preferences are not kept."));
+}
+
 void TemplateManagerFormView::updateButtons()
 {
     const bool selected = m_grid->IsSelection();
@@ -173,7 +187,7 @@ void TemplateManagerFormView::finish(int value, const std::function<void()>& han
         return;
     if (handOver)
         handOver();
-    m_commands.storeLayout();
+    m_commands.storeLayoutAtEnd();
     *m_slot = value;
     if (m_finished)
         m_finished();
@@ -225,7 +239,7 @@ void TemplateManagerFormView::saveAs()
     const auto ask = [&](TemplateSession::SaveAsAnswer& answer)
     {
         SaveOperationTemplateDialog dialog(m_session.existingNames(), answer.loadSaved, &m_frame);
-        if (dialog.ShowModal() != acceptId)
+        if (dialog.ShowModal() != idOk)
             return false;
         answer.name = dialog.name();
         answer.loadSaved = dialog.loadBack();

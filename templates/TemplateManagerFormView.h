@@ -70,9 +70,11 @@ private:
     void rowsReplaced(const std::vector<std::size_t>&) override { updateButtons(); }
     void rowsReordered(const std::vector<std::size_t>&) override {}
     void rowsEdited() override { updateButtons(); }
+    void layoutKeepingChanged() override;
 
     /// False once the window has a result; events may still arrive after that.
     bool isRunning() const { return m_slot && *m_slot == -1; }
+    void open();
     bool makeControls();
     void bindControls();
     /// Asks for edits that are not stored.

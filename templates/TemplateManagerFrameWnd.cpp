@@ -11,6 +11,7 @@
 
 #include <wx/display.h>
 #include <wx/sizer.h>
+#include <wx/stattext.h>
 
 #include <algorithm>
 
@@ -23,6 +24,8 @@ namespace
 constexpr int iconId = 1001;
 constexpr int smallestWidth = 640;
 constexpr int smallestHeight = 400;
+constexpr int noticeId = 1160;
+constexpr int noticeMargin = 6;
 
 } // namespace
 
@@ -46,11 +49,14 @@ TemplateManagerFrameWnd::TemplateManagerFrameWnd(wxWindow* owner, const Template
 bool TemplateManagerFrameWnd::initialUpdate()
 {
     m_ribbon = new TemplateManagerRibbon(this);
+    m_notice = new wxStaticText(this, noticeId, wxEmptyString, wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
+    m_notice->Hide();
     if (!m_form->setUp())
         return false;
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_ribbon, 0, wxEXPAND);
     sizer->Add(m_form, 1, wxEXPAND);
+    sizer->Add(m_notice, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(noticeMargin));
     m_form->SetMinSize(wxSize(0, 0));
     SetSizer(sizer);
 
@@ -72,6 +78,14 @@ void TemplateManagerFrameWnd::applyLook()
     VisualManager::current().apply(*this);
     Layout();
     Refresh();
+}
+
+void TemplateManagerFrameWnd::setNotice(const wxString& text)
+{
+    m_notice->SetLabel(text);
+    m_notice->SetToolTip(text);
+    m_notice->Show(!text.empty());
+    Layout();
 }
 
 void TemplateManagerFrameWnd::onClose(wxCloseEvent& event)

@@ -3,6 +3,8 @@
 
 #include <wx/frame.h>
 
+class wxStaticText;
+
 namespace TessaronResources
 {
 
@@ -26,6 +28,9 @@ public:
     /// Takes on the look in force.
     void applyLook();
 
+    /// Tells something in a line at the lower edge; an empty text takes the line away.
+    void setNotice(const wxString& text);
+
     TemplateManagerFormView& form() { return *m_form; }
 
 private:
@@ -34,6 +39,7 @@ private:
 
     TemplateManagerFormView* m_form;
     TemplateManagerRibbon* m_ribbon = nullptr;
+    wxStaticText* m_notice = nullptr;
 };
 
 } // namespace TessaronResources

@@ -1,6 +1,7 @@
 #include "templates/TemplateMatch.h"
 
 #include "frame/Translation.h"
+#include "templates/columns/CellNumber.h"
 #include <tessaron/util/Keys.h>
 
 #include <algorithm>
@@ -26,6 +27,11 @@ bool sameReal(const util::Parameterized& a, const util::Parameterized& b, const 
     return std::fabs(a.numberOr(key, 0.0) - b.numberOr(key, 0.0)) < tolerance;
 }
 
+int flutes(const util::Parameterized& set)
+{
+    return integerOf(set.find(keys::toolNumFlutes)).value_or(0);
+}
+
 } // namespace
 
 const std::vector<std::string>& matchFilterTexts()
@@ -44,7 +50,7 @@ bool matchesFilter(int filter, const util::Parameterized& set, const util::Param
     case matchFilter::sameTool:
         return std::all_of(toolKeys.begin(), toolKeys.end(),
                            [&](const util::Key& key) { return sameReal(set, current, key); }) &&
-               set.intOr(keys::toolNumFlutes, 0) == current.intOr(keys::toolNumFlutes, 0);
+               flutes(set) == flutes(current);
     default:
         return true;
     }

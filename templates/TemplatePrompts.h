@@ -4,11 +4,24 @@
 #include "frame/Translation.h"
 #include <tessaron/exchange/StatusTable.h>
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace TessaronResources
 {
+
+/// Shows how far a command is that takes its time.
+class TemplateProgress
+{
+public:
+    virtual ~TemplateProgress() = default;
+
+    /// To be called again and again, with the number of files that are done.
+    /// \returns false once the user has cancelled.
+    virtual bool goesOn(std::size_t done) = 0;
+};
 
 /// What the rules of the template manager ask and tell the user. A window does so with the toolkit, all boxes captioned
 /// templateCaption and owned by the manager; a test answers from a script.
@@ -33,16 +46,19 @@ public:
     /// asks before an existing file is chosen.
     virtual std::string chooseExportFile(const std::string& folder) = 0;
 
+    /// Shows the import of a number of files while the result exists, once it takes longer than a moment.
+    virtual std::unique_ptr<TemplateProgress> showImport(std::size_t files) = 0;
+
     /// The user setting "LoadXmlDir" in the section "Halvorsund Technologies, Inc.": the folder of the last import or
     /// export, empty at first.
     virtual std::string lastFolder() = 0;
     virtual void keepLastFolder(const std::string& folder) = 0;
 };
 
-/// Shows the text of a status code as an error, with `detail` behind it.
-inline void showStatus(TemplatePrompts& prompts, int code, const std::string& detail = {})
+/// The question before a template or a file of this name is replaced.
+inline std::string replaceQuestion(const std::string& name)
 {
-    prompts.showError(translated(exchange::statusText(code)) + detail);
+    return translatedWith("%s already exists. Do you want to replace it?", name);
 }
 
 inline constexpr const char* templateCaption = translatable("Template Manager");

@@ -88,7 +88,7 @@ void TemplateRows::markStored(std::size_t row, util::Parameterized set)
 void TemplateRows::reorder(const std::vector<std::size_t>& order)
 {
     std::vector<Row> rows;
-    rows.reserve(m_rows.size());
+    rows.reserve(order.size());
     for (const std::size_t row : order)
         rows.push_back(std::move(m_rows[row]));
     m_rows = std::move(rows);

@@ -43,7 +43,8 @@ public:
     /// The template of a row has been stored, and is now as given.
     void markStored(std::size_t row, util::Parameterized set);
 
-    /// Brings the rows into a new order: order[i] is the present number of the row that comes to place i.
+    /// Brings the rows into a new order: order[i] is the present number of the row that comes to place i. A row whose
+    /// number is not among these is gone.
     void reorder(const std::vector<std::size_t>& order);
 
 private:

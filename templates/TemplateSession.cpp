@@ -1,10 +1,11 @@
 #include "templates/TemplateSession.h"
 
 #include "frame/Translation.h"
-#include "templates/TemplateFailures.h"
 #include "templates/TemplateSharing.h"
 #include "templates/TemplateSort.h"
+#include "util/platform/Folder.h"
 #include "util/text/Ascii.h"
+#include "util/text/ReadableText.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
@@ -27,12 +28,11 @@ namespace status = exchange::status;
 
 constexpr const char* nameWithoutGenerator = "TEMPL";
 constexpr const char* unsavedEditsText =
-    translatable("Some templates have changes that have not been saved.\nDo you want to save them?");
+    translatable("Some templates have changes that have not been saved.\nDo you want to save them? Cancel drops them.");
 
-std::string replaceQuestion(const std::string& name)
-{
-    return translatedWith("%s already exists. Do you want to replace it?", name);
-}
+constexpr const char* standardColumnsText =
+    translatable("The columns of the list cannot be read. Do you want to have the standard columns instead?\n"
+                 "The damaged file is kept beside the new one.");
 
 bool isFolder(const std::string& path)
 {
@@ -55,8 +55,8 @@ std::string& lastSaveName()
 
 TemplateSession::TemplateSession(int kind, int selector, std::string folder, util::Parameterized current,
                                  TemplatePrompts& prompts)
-    : m_kind(kind), m_selector(selector), m_homeFolder(std::move(folder)), m_folder(m_homeFolder),
-      m_current(std::move(current)), m_prompts(prompts)
+    : m_kind(kind), m_selector(selector), m_homeFolder(std::move(folder)), m_wantedFolder(m_homeFolder),
+      m_folder(m_homeFolder), m_current(std::move(current)), m_prompts(prompts)
 {
 }
 
@@ -67,18 +67,59 @@ void TemplateSession::notify(Notice notice)
         notice(*observer);
 }
 
-void TemplateSession::report(int code)
+void TemplateSession::inOneMessage(const std::function<void()>& command)
 {
-    showStatus(m_prompts, code);
+    ++m_commandDepth;
+    command();
+    if (--m_commandDepth == 0)
+        std::exchange(m_failures, {}).tell(m_prompts);
+}
+
+void TemplateSession::report(int code, const std::string& line)
+{
+    inOneMessage([&] { m_failures.add(code, line); });
 }
 
 DefinitionsState TemplateSession::open(bool titleVariant)
 {
-    reloadKnownFolders();
-    if (!m_knownFolders.empty() && isFolder(m_knownFolders.front()))
-        m_folder = m_knownFolders.front();
-    m_definitionsState = prepareTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info, m_prompts);
+    inOneMessage(
+        [this, titleVariant]
+        {
+            reloadKnownFolders();
+            int code = status::ok;
+            m_definitionsState = prepareTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info, code);
+            if (m_definitionsState == DefinitionsState::failed && code == status::templateFormatError)
+            {
+                // Without a way back the list would have no columns from now on.
+                if (m_prompts.askOkCancelError(translated(exchange::statusText(code)) + "\n" +
+                                               translated(standardColumnsText)))
+                {
+                    m_definitionsState = DefinitionsState::created;
+                    code = makeTemplateDefinitions(m_homeFolder, m_kind, titleVariant, m_info);
+                }
+            }
+            else if (m_definitionsState == DefinitionsState::failed)
+                report(code);
+            m_definitionsCode = code;
+            const util::Folder home(util::nativePath(m_homeFolder));
+            setLayoutIsKept(code == status::ok && home.canBeWritten());
+        });
+    if (!m_knownFolders.empty())
+        m_wantedFolder = m_knownFolders.front();
+    if (m_wantedFolder == m_homeFolder || isFolder(m_wantedFolder))
+        m_folder = m_wantedFolder;
+    else
+        m_prompts.showMessage(translatedWith("The template folder %s is not there now. The templates in the folder of "
+                                             "the CAM system are shown instead.",
+                                             m_wantedFolder));
     return m_definitionsState;
+}
+
+void TemplateSession::setLayoutIsKept(bool kept)
+{
+    if (kept == std::exchange(m_layoutIsKept, kept))
+        return;
+    notify([](TemplateSessionObserver& observer) { observer.layoutKeepingChanged(); });
 }
 
 void TemplateSession::fill()
@@ -122,32 +163,38 @@ void TemplateSession::refresh()
 void TemplateSession::reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty)
 {
     std::set<std::pair<std::string, int>> faults;
-    TemplateFailures unknown;
     const auto add = [&](const std::string& path, int fault, const std::string& line)
     {
         if (faults.emplace(path, fault).second && m_reported.count({path, fault}) == 0)
-            unknown.add(fault, line);
+            report(fault, line);
     };
-    for (const util::FaultyTemplateFile& file : faulty)
-        add(file.path, file.code, templateLine(file.path));
-    if (code != status::ok && faulty.empty())
-        add(kindFolder(), code, "");
+    inOneMessage(
+        [&]
+        {
+            for (const util::FaultyTemplateFile& file : faulty)
+                add(file.path, file.code, templateLine(file.path));
+            if (code != status::ok && faulty.empty())
+                add(kindFolder(), code, "");
+        });
     m_reported = std::move(faults);
-    unknown.tell(m_prompts);
 }
 
-bool TemplateSession::storeDefinitions(bool byUser)
+bool TemplateSession::storeDefinitions(StoreReason reason)
 {
     // What is stored is better than what the user never got to see.
+    const bool byUser = reason != StoreReason::end;
     const bool isOurs = m_definitionsState != DefinitionsState::failed || (byUser && !m_info.columns.empty());
-    if (!isOurs)
-        return false;
-    const int code = util::saveTemplateDefs(m_homeFolder, templateDefinitionsName(m_kind), m_info);
-    // Whoever only looks into a library that may not be written to has nothing to lose.
-    if (code != status::ok && byUser)
-        report(code);
+    const int code =
+        isOurs ? util::saveTemplateDefs(m_homeFolder, templateDefinitionsName(m_kind), m_info) : m_definitionsCode;
+    const bool unexpected = reason == StoreReason::change ? !m_storeFailureReported : byUser && m_layoutIsKept;
+    setLayoutIsKept(code == status::ok);
     if (code == status::ok)
         m_definitionsState = DefinitionsState::loaded;
+    else if (unexpected)
+    {
+        m_storeFailureReported = true;
+        report(code);
+    }
     return code == status::ok;
 }
 
@@ -163,20 +210,26 @@ std::string TemplateSession::chosenFolder(const std::string& typed) const
     return folder.empty() ? m_homeFolder : folder;
 }
 
+std::string TemplateSession::usedFolder(const std::string& typed) const
+{
+    const std::string chosen = chosenFolder(typed);
+    return chosen != m_wantedFolder || isFolder(chosen) ? chosen : m_folder;
+}
+
 bool TemplateSession::changesRows(const util::TemplatePreferences& preferences, const std::string& folder) const
 {
-    return chosenFolder(folder) != m_folder || preferences.matchFilter != m_info.preferences.matchFilter;
+    return usedFolder(folder) != m_folder || preferences.matchFilter != m_info.preferences.matchFilter;
 }
 
 bool TemplateSession::acceptPreferences(const util::TemplatePreferences& preferences, const std::string& folder)
 {
-    const std::string chosen = chosenFolder(folder);
     const bool refill = changesRows(preferences, folder);
     m_info.preferences = preferences;
-    m_folder = chosen;
+    m_folder = usedFolder(folder);
+    m_wantedFolder = chosenFolder(folder);
 
-    // The folder in use leads the list; the host's is always in it.
-    std::vector<std::string> folders = {chosen};
+    // The folder that is wanted leads the list; the host's is always in it.
+    std::vector<std::string> folders = {m_wantedFolder};
     const auto add = [&folders](const std::string& known)
     {
         if (std::find(folders.begin(), folders.end(), known) == folders.end())
@@ -185,9 +238,13 @@ bool TemplateSession::acceptPreferences(const util::TemplatePreferences& prefere
     std::for_each(m_knownFolders.begin(), m_knownFolders.end(), add);
     add(m_homeFolder);
     m_knownFolders = std::move(folders);
-    if (const int code = util::saveTemplateFolders(m_homeFolder, m_knownFolders); code != status::ok)
-        report(code);
-    storeDefinitions(true);
+    inOneMessage(
+        [this]
+        {
+            if (const int code = util::saveTemplateFolders(m_homeFolder, m_knownFolders); code != status::ok)
+                report(code);
+            storeDefinitions(StoreReason::change);
+        });
     return refill;
 }
 
@@ -217,31 +274,53 @@ std::string TemplateSession::proposeName()
 
 std::size_t TemplateSession::importTemplates()
 {
-    return TessaronResources::importTemplates(kindFolder(), m_prompts);
+    std::size_t saved = 0;
+    inOneMessage([&] { saved = TessaronResources::importTemplates(kindFolder(), m_prompts, m_failures); });
+    return saved;
 }
 
 bool TemplateSession::exportTemplates(const std::vector<std::size_t>& rows)
 {
-    return TessaronResources::exportTemplates(m_rows, rows, m_prompts);
+    bool written = false;
+    inOneMessage([&] { written = TessaronResources::exportTemplates(m_rows, rows, m_prompts, m_failures); });
+    return written;
 }
 
 std::size_t TemplateSession::deleteTemplates(const std::vector<std::size_t>& rows)
 {
-    std::size_t deleted = 0;
-    TemplateFailures failures;
-    for (const std::size_t row : rows)
-    {
-        const int code = util::deleteTemplateFile(kindFolder(), m_rows.storedAt(row));
-        if (code != status::ok)
-            failures.add(code, templateLine(nameOf(m_rows.storedAt(row))));
-        else
-            ++deleted;
-    }
-    failures.tell(m_prompts);
-    return deleted;
+    std::set<std::size_t> deleted;
+    inOneMessage(
+        [&]
+        {
+            for (const std::size_t row : rows)
+            {
+                const int code = util::deleteTemplateFile(kindFolder(), m_rows.storedAt(row));
+                if (code != status::ok)
+                    report(code, templateLine(nameOf(m_rows.storedAt(row))));
+                else
+                    deleted.insert(row);
+            }
+            removeRows(deleted);
+        });
+    return deleted.size();
 }
 
-bool TemplateSession::storeRow(std::size_t row, TemplateFailures& failures)
+void TemplateSession::removeRows(const std::set<std::size_t>& rows)
+{
+    const std::vector<std::size_t> edited = m_rows.editedRows();
+    if (std::includes(rows.begin(), rows.end(), edited.begin(), edited.end()))
+        return fill();
+    std::vector<std::size_t> left;
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        if (rows.count(row) == 0)
+            left.push_back(row);
+        else
+            std::erase(m_existingNames, nameOf(m_rows.storedAt(row)));
+    m_rows.reorder(left);
+    notify([&left](TemplateSessionObserver& observer) { observer.rowsReplaced(left); });
+}
+
+bool TemplateSession::storeRow(std::size_t row)
 {
     util::Parameterized set = m_rows.at(row);
     std::string name = nameOf(set);
@@ -263,7 +342,7 @@ bool TemplateSession::storeRow(std::size_t row, TemplateFailures& failures)
     }
     if (code != status::ok)
     {
-        failures.add(code, name.empty() ? "" : templateLine(name));
+        report(code, name.empty() ? "" : templateLine(name));
         return false;
     }
     m_rows.markStored(row, std::move(set));
@@ -274,10 +353,12 @@ bool TemplateSession::storeEdits()
 {
     const std::vector<std::size_t> edited = m_rows.editedRows();
     bool all = true;
-    TemplateFailures failures;
-    for (const std::size_t row : edited)
-        all = storeRow(row, failures) && all;
-    failures.tell(m_prompts);
+    inOneMessage(
+        [&]
+        {
+            for (const std::size_t row : edited)
+                all = storeRow(row) && all;
+        });
     if (!edited.empty())
         notify([](TemplateSessionObserver& observer) { observer.rowsEdited(); });
     return all;
@@ -308,8 +389,16 @@ util::Parameterized TemplateSession::currentAs(const std::string& name) const
     return set;
 }
 
-bool TemplateSession::saveCurrent(const std::string& name, util::Parameterized* result)
+std::string TemplateSession::storedName(const std::string& shown) const
 {
+    const auto found = std::find_if(m_existingNames.begin(), m_existingNames.end(),
+                                    [&shown](const std::string& name) { return util::readableText(name) == shown; });
+    return found == m_existingNames.end() ? shown : *found;
+}
+
+bool TemplateSession::saveCurrent(const std::string& typed, util::Parameterized* result)
+{
+    const std::string name = storedName(typed);
     util::Parameterized set = currentAs(name);
     const int code = util::saveTemplateFile(util::templatePath(kindFolder(), name), false, &set);
     if (code != status::ok)
@@ -317,7 +406,7 @@ bool TemplateSession::saveCurrent(const std::string& name, util::Parameterized* 
         report(code);
         return false;
     }
-    m_prompts.showMessage(translated("The template saved with name: ") + nameOf(set));
+    m_prompts.showMessage(translated("The template saved with name: ") + util::readableText(nameOf(set)));
     if (result)
         *result = std::move(set);
     return true;
@@ -332,12 +421,13 @@ bool TemplateSession::saveCurrentAs(const std::function<bool(SaveAsAnswer& answe
     while (dialog(answer))
     {
         keepSaveName(answer.name);
-        util::Parameterized set = currentAs(answer.name);
-        const std::string path = util::templatePath(kindFolder(), answer.name);
+        const std::string name = storedName(answer.name);
+        util::Parameterized set = currentAs(name);
+        const std::string path = util::templatePath(kindFolder(), name);
         int code = util::saveTemplateFile(path, true, &set);
         if (code == status::templateNameDuplicated)
         {
-            if (!m_prompts.askOkCancel(replaceQuestion(answer.name)))
+            if (!m_prompts.askOkCancel(replaceQuestion(name)))
                 continue;
             code = util::saveTemplateFile(path, false, &set);
         }
@@ -346,7 +436,7 @@ bool TemplateSession::saveCurrentAs(const std::function<bool(SaveAsAnswer& answe
             report(code);
             continue;
         }
-        storeDefinitions(false);
+        storeDefinitions(StoreReason::end);
         if (result)
             *result = std::move(set);
         if (loadSaved)

@@ -2,6 +2,7 @@
 #define TEMPLATES_TEMPLATESESSION_H
 
 #include "templates/TemplateDefinitions.h"
+#include "templates/TemplateFailures.h"
 #include "templates/TemplatePrompts.h"
 #include "templates/TemplateRows.h"
 #include <tessaron/engine/TemplateInfo.h>
@@ -18,8 +19,6 @@
 namespace TessaronResources
 {
 
-class TemplateFailures;
-
 /// Is told what has become of a session's rows, after the change.
 class TemplateSessionObserver
 {
@@ -35,6 +34,8 @@ public:
     virtual void rowsReordered(const std::vector<std::size_t>& order) = 0;
     /// Templates have been edited, or edits stored. The rows are the same, in the same order.
     virtual void rowsEdited() = 0;
+    /// TemplateSession::layoutIsKept() tells something else now.
+    virtual void layoutKeepingChanged() {}
 };
 
 /// One run of the template manager: what it holds, and what its commands do. The window shows the state and calls the
@@ -51,9 +52,13 @@ public:
     /// they are gone.
     void addObserver(TemplateSessionObserver& observer) { m_observers.push_back(&observer); }
 
+    /// Runs a command, or several that are one to the user: what fails in it becomes one message at its end.
+    void inOneMessage(const std::function<void()>& command);
+
     // Opening
 
-    /// Reads the known folders and the definitions; the first start makes the definitions. Does not fill the rows.
+    /// Reads the known folders and the definitions; the first start makes the definitions. Where they are damaged, the
+    /// user may have the default ones made in their place. Does not fill the rows.
     DefinitionsState open(bool titleVariant);
     /// Lists the folder's templates into the rows, those that the match filter displays, in the order of the sort last
     /// chosen. Edits are dropped. Files that
@@ -64,8 +69,12 @@ public:
 
     // State
 
+    /// The template folder that the host names.
+    const std::string& homeFolder() const { return m_homeFolder; }
     /// The template folder in use, and the sub-folder that holds the templates of this kind of operation.
     const std::string& folder() const { return m_folder; }
+    /// The template folder that the user has chosen. It is folder() unless it is away, as a drive of the network can be.
+    const std::string& wantedFolder() const { return m_wantedFolder; }
     std::string kindFolder() const { return templateKindFolder(m_folder, m_kind); }
     const TemplateRows& rows() const { return m_rows; }
     /// The names of all templates that were listed, also of those that the match filter leaves out.
@@ -75,17 +84,26 @@ public:
 
     // Definitions and preferences
 
+    /// False when the definitions cannot be stored, as in a library that may only be read.
+    bool layoutIsKept() const { return m_layoutIsKept; }
+    enum class StoreReason
+    {
+        change,        ///< the user has changed them
+        endWithChange, ///< the window closes; the user has changed something that has not been stored
+        end,           ///< the window closes
+    };
     /// Stores the definitions: columns, heading height, window size, preferences. Definitions that could not be loaded
-    /// are not overwritten before the user has changed them (`byUser`); a failure is reported only then.
+    /// are not overwritten before the user has changed them. A failure is reported where the user would lose a change
+    /// without knowing: once, and not at the end in a library that may only be read.
     /// \returns whether they are stored.
-    bool storeDefinitions(bool byUser);
+    bool storeDefinitions(StoreReason reason);
     /// Reads the list of known folders anew, as the preferences dialog does when it opens.
     void reloadKnownFolders();
     /// Must the rows be filled again, without their edits, when acceptPreferences() is called with these?
     bool changesRows(const util::TemplatePreferences& preferences, const std::string& folder) const;
-    /// Accepts the preferences dialog: the preferences, and the folder to use from now on. Stores both.
+    /// Accepts the preferences dialog: the preferences, and the folder that is wanted from now on. Stores both.
     /// \returns whether the rows must be filled again. The folder given by the user is taken without blanks around it;
-    /// an empty one is the host's.
+    /// an empty one is the host's. One that was wanted before and is still away stays the wanted one.
     bool acceptPreferences(const util::TemplatePreferences& preferences, const std::string& folder);
 
     // Rows
@@ -107,7 +125,8 @@ public:
     std::size_t importTemplates();
     /// Writes the templates of the given rows, in this order, into a file that the user chooses.
     bool exportTemplates(const std::vector<std::size_t>& rows);
-    /// Deletes the stored templates of the given rows. Does not fill the rows.
+    /// Deletes the stored templates of the given rows, and fills the rows again. While other rows have edits, only those
+    /// of the deleted templates are taken away.
     /// \returns how many are gone.
     std::size_t deleteTemplates(const std::vector<std::size_t>& rows);
     /// Saves all edited templates; asks before one is replaced. Rows that were not saved, by a failure or by the user's
@@ -144,23 +163,34 @@ public:
 
 private:
     std::string chosenFolder(const std::string& typed) const;
+    std::string usedFolder(const std::string& typed) const;
+    /// The name of the template that the user sees under this one; a new name as it is.
+    std::string storedName(const std::string& shown) const;
     std::vector<std::size_t> formerNumbers(const TemplateRows& formerRows) const;
-    void report(int code);
+    void report(int code, const std::string& line = {});
+    void setLayoutIsKept(bool kept);
+    void removeRows(const std::set<std::size_t>& rows);
     void reportListing(int code, const std::vector<util::FaultyTemplateFile>& faulty);
     util::Parameterized currentAs(const std::string& name) const;
-    bool storeRow(std::size_t row, TemplateFailures& failures);
+    bool storeRow(std::size_t row);
     template <class Notice>
     void notify(Notice notice);
 
     int m_kind;
     int m_selector;
-    std::string m_homeFolder; ///< the host's
+    std::string m_homeFolder;
+    std::string m_wantedFolder;
     std::string m_folder;
     util::Parameterized m_current;
     TemplatePrompts& m_prompts;
 
     util::TemplateInfo m_info;
     DefinitionsState m_definitionsState = DefinitionsState::failed;
+    int m_definitionsCode = exchange::status::internalError; ///< why they could not be loaded
+    bool m_layoutIsKept = true;
+    bool m_storeFailureReported = false;
+    TemplateFailures m_failures; ///< of the command that runs
+    int m_commandDepth = 0;
     std::vector<std::string> m_knownFolders;
     std::vector<std::string> m_existingNames;
     TemplateRows m_rows;

@@ -1,13 +1,14 @@
 #include "templates/TemplateSharing.h"
 
 #include "frame/Translation.h"
-#include "templates/TemplateFailures.h"
+#include "util/text/ReadableText.h"
 #include <tessaron/engine/TemplatePath.h>
 #include <tessaron/engine/TemplateStore.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/util/Keys.h>
 
 #include <filesystem>
+#include <memory>
 
 namespace TessaronResources
 {
@@ -38,13 +39,14 @@ bool readFile(const std::string& path, std::vector<util::Parameterized>& templat
     else
         code = util::loadTemplateArrayFile(path, &templates);
     if (code != status::ok)
-        failures.add(code, isSingle ? templateLine(path) : translated("\n Template Array: ") + path);
+        failures.add(code,
+                     isSingle ? templateLine(path) : translated("\n Template Array: ") + util::readableText(path));
     return code == status::ok;
 }
 
 } // namespace
 
-std::size_t importTemplates(const std::string& folder, TemplatePrompts& prompts)
+std::size_t importTemplates(const std::string& folder, TemplatePrompts& prompts, TemplateFailures& failures)
 {
     const std::vector<std::string> paths = prompts.chooseImportFiles(prompts.lastFolder());
     if (paths.empty())
@@ -52,14 +54,16 @@ std::size_t importTemplates(const std::string& folder, TemplatePrompts& prompts)
     prompts.keepLastFolder(folderOf(paths.front()));
 
     std::size_t saved = 0;
-    TemplateFailures failures;
-    for (const std::string& path : paths)
+    const std::unique_ptr<TemplateProgress> progress = prompts.showImport(paths.size());
+    for (std::size_t done = 0; done < paths.size() && progress->goesOn(done); ++done)
     {
         std::vector<util::Parameterized> templates;
-        if (!readFile(path, templates, failures))
+        if (!readFile(paths[done], templates, failures))
             continue;
         for (util::Parameterized& set : templates)
         {
+            // For the sake of the display only: a file is taken whole.
+            progress->goesOn(done);
             const std::string name = set.stringOr(util::keys::templateName, "");
             const int code = util::saveTemplateFile(util::templatePath(folder, name), false, &set);
             if (code != status::ok)
@@ -68,11 +72,11 @@ std::size_t importTemplates(const std::string& folder, TemplatePrompts& prompts)
                 ++saved;
         }
     }
-    failures.tell(prompts);
     return saved;
 }
 
-bool exportTemplates(const TemplateRows& rows, const std::vector<std::size_t>& numbers, TemplatePrompts& prompts)
+bool exportTemplates(const TemplateRows& rows, const std::vector<std::size_t>& numbers, TemplatePrompts& prompts,
+                     TemplateFailures& failures)
 {
     const std::string path = prompts.chooseExportFile(prompts.lastFolder());
     if (path.empty())
@@ -84,7 +88,7 @@ bool exportTemplates(const TemplateRows& rows, const std::vector<std::size_t>& n
         templates.push_back(rows.at(row));
     const int code = util::saveTemplateArrayFile(path, templates);
     if (code != status::ok)
-        showStatus(prompts, code, templateLine(path));
+        failures.add(code, templateLine(path));
     return code == status::ok;
 }
 

@@ -1,9 +1,11 @@
 #include "templates/TemplateWindowPrompts.h"
 
 #include "frame/MessageDialog.h"
+#include "frame/ShownText.h"
 #include "frame/Translation.h"
 #include "frame/configuration/UserProfile.h"
 #include "frame/native/NativeLoop.h"
+#include "templates/dialogs/TemplateProgressDialog.h"
 #include <tessaron/engine/TemplatePath.h>
 
 #include <wx/filedlg.h>
@@ -28,7 +30,7 @@ wxString filterOf(const char* filter)
 // Without a folder the toolkit would start in the host's working directory, where users do not look for their files.
 wxString startFolder(const std::string& folder)
 {
-    const wxString last = wxString::FromUTF8(folder);
+    const wxString last = toolkitPath(folder);
     return !last.empty() && wxDirExists(last) ? last : wxStandardPaths::Get().GetDocumentsDir();
 }
 
@@ -68,7 +70,7 @@ std::vector<std::string> TemplateWindowPrompts::chooseImportFiles(const std::str
     wxArrayString paths;
     dialog.GetPaths(paths);
     for (const wxString& path : paths)
-        files.push_back(path.utf8_string());
+        files.push_back(pathOf(path));
     return files;
 }
 
@@ -80,24 +82,28 @@ std::string TemplateWindowPrompts::chooseExportFile(const std::string& folder)
     {
         wxFileName file(dialog.GetPath());
         if (file.HasExt())
-            return file.GetFullPath().utf8_string();
+            return pathOf(file.GetFullPath());
         // The dialog has asked about the name without the extension only.
         file.SetExt(wxString(util::templateExtension).AfterLast('.'));
-        if (!file.FileExists() || askOkCancel(translatedWith("%s already exists. Do you want to replace it?",
-                                                             file.GetFullName().utf8_string())))
-            return file.GetFullPath().utf8_string();
+        if (!file.FileExists() || askOkCancel(replaceQuestion(pathOf(file.GetFullName()))))
+            return pathOf(file.GetFullPath());
     }
     return {};
 }
 
+std::unique_ptr<TemplateProgress> TemplateWindowPrompts::showImport(std::size_t files)
+{
+    return showTemplateProgress(m_owner, translatedLabel("Import Templates"), files);
+}
+
 std::string TemplateWindowPrompts::lastFolder()
 {
-    return profileText(profileSection, lastFolderEntry);
+    return pathOf(wxString::FromUTF8(profileText(profileSection, lastFolderEntry)));
 }
 
 void TemplateWindowPrompts::keepLastFolder(const std::string& folder)
 {
-    keepProfileText(profileSection, lastFolderEntry, folder);
+    keepProfileText(profileSection, lastFolderEntry, toolkitPath(folder).utf8_string());
 }
 
 } // namespace TessaronResources

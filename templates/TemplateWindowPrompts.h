@@ -21,6 +21,7 @@ public:
     bool askOkCancelError(const std::string& text) override;
     std::vector<std::string> chooseImportFiles(const std::string& folder) override;
     std::string chooseExportFile(const std::string& folder) override;
+    std::unique_ptr<TemplateProgress> showImport(std::size_t files) override;
     std::string lastFolder() override;
     void keepLastFolder(const std::string& folder) override;
 

@@ -1,6 +1,7 @@
 #include "templates/columns/GridColumnInfo.h"
 
 #include "frame/Translation.h"
+#include "util/text/ReadableText.h"
 
 namespace TessaronResources
 {
@@ -13,7 +14,7 @@ constexpr int defaultRowHeight = 60;
 } // namespace
 
 GridColumnInfo::GridColumnInfo(const util::TemplateColumn& definition, bool editable)
-    : m_definition(definition), m_format(definition.format), m_editable(editable)
+    : m_definition(definition), m_format(util::readableText(definition.format)), m_editable(editable)
 {
 }
 

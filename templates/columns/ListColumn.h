@@ -4,6 +4,7 @@
 #include "templates/columns/CellNumber.h"
 #include "templates/columns/GridColumnInfo.h"
 #include "util/text/FoldCase.h"
+#include "util/text/ReadableText.h"
 
 #include <algorithm>
 #include <map>
@@ -15,12 +16,17 @@ namespace TessaronResources
 class GridColumnInfoListBox : public GridColumnInfo
 {
 public:
-    using GridColumnInfo::GridColumnInfo;
+    GridColumnInfoListBox(const util::TemplateColumn& definition, bool editable)
+        : GridColumnInfo(definition, editable), m_options(definition.options)
+    {
+        for (auto& [code, text] : m_options)
+            text = util::readableText(text);
+    }
 
     std::string formatValue(const util::Parameterized::Value* value) const override
     {
         const std::optional<int> code = integerOf(value);
-        for (const auto& [optionCode, text] : m_definition.options)
+        for (const auto& [optionCode, text] : m_options)
             if (code == optionCode)
                 return text;
         return {};
@@ -28,7 +34,7 @@ public:
     /// Stores the code of the option with this text; does nothing when there is none.
     void parse(const std::string& text, util::Parameterized& set) const override
     {
-        for (const auto& [code, optionText] : m_definition.options)
+        for (const auto& [code, optionText] : m_options)
             if (text == optionText)
                 return set.set(m_definition.key, code);
     }
@@ -42,7 +48,7 @@ public:
     SortKeyMaker sortKeys() const override
     {
         std::map<int, SortKey> keys;
-        for (const auto& [code, text] : m_definition.options)
+        for (const auto& [code, text] : m_options)
             keys.emplace(code, textSortKey(text));
         return [keys = std::move(keys)](const util::Parameterized::Value& value)
         {
@@ -54,7 +60,7 @@ public:
     SearchHints searchHints(const std::string& wanted) const override
     {
         SearchHints hints;
-        hints.isPossible = std::any_of(m_definition.options.begin(), m_definition.options.end(),
+        hints.isPossible = std::any_of(m_options.begin(), m_options.end(),
                                        [&wanted](const auto& option)
                                        { return util::foldCase(option.second).find(wanted) != std::string::npos; });
         hints.valuesRecur = true;
@@ -64,10 +70,13 @@ public:
     std::vector<std::string> choices() const override
     {
         std::vector<std::string> texts;
-        for (const auto& [code, text] : m_definition.options)
+        for (const auto& [code, text] : m_options)
             texts.push_back(text);
         return texts;
     }
+
+private:
+    util::TemplateOptions m_options; ///< the definition's, with texts that can be shown
 };
 
 } // namespace TessaronResources

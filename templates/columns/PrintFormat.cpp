@@ -1,6 +1,7 @@
 #include "templates/columns/PrintFormat.h"
 
 #include "util/text/Ascii.h"
+#include "util/text/ReadableText.h"
 #include "util/text/Utf8.h"
 
 #include <array>
@@ -157,9 +158,10 @@ std::string PrintFormat::print(std::string_view value) const
 {
     if (m_conversion != 's')
         return {};
+    std::string text = util::readableText(value);
     if (m_precision >= 0)
-        value = value.substr(0, util::utf8CutLength(value, static_cast<std::size_t>(m_precision)));
-    return finish(std::string(value), false);
+        text.resize(util::utf8CutLength(text, static_cast<std::size_t>(m_precision)));
+    return finish(std::move(text), false);
 }
 
 } // namespace TessaronResources

@@ -2,6 +2,7 @@
 
 #include "util/text/Ascii.h"
 #include "util/text/FoldCase.h"
+#include "util/text/ReadableText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +22,7 @@ constexpr std::size_t mostDigitsTold = 200;
 /// its count of digits, so that a longer number is a larger one.
 std::string comparableText(std::string_view text)
 {
-    const std::string folded = util::foldCase(text);
+    const std::string folded = util::foldCase(util::readableText(text));
     std::string key;
     key.reserve(folded.size() + 8);
     for (std::size_t i = 0; i < folded.size();)

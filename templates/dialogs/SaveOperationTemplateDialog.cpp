@@ -1,6 +1,7 @@
 #include "templates/dialogs/SaveOperationTemplateDialog.h"
 
 #include "frame/MessageDialog.h"
+#include "frame/ShownText.h"
 #include "frame/Translation.h"
 #include "templates/TemplateSession.h"
 #include <tessaron/frame/DataExchange.h>
@@ -21,7 +22,7 @@ constexpr int loadBackId = 1042;
 
 SaveOperationTemplateDialog::SaveOperationTemplateDialog(const std::vector<std::string>& names, bool loadBack,
                                                          wxWindow* owner)
-    : m_names(names), m_name(wxString::FromUTF8(proposedSaveName(names))), m_loadBack(loadBack)
+    : m_names(names), m_name(shownText(proposedSaveName(names))), m_loadBack(loadBack)
 {
     create(templateId, owner);
 }
@@ -34,7 +35,7 @@ bool SaveOperationTemplateDialog::OnInitDialog()
         wxArrayString names;
         names.reserve(m_names.size());
         for (const std::string& name : m_names)
-            names.Add(wxString::FromUTF8(name));
+            names.Add(shownText(name));
         combo->Append(names);
         combo->ChangeValue(m_name);
         combo->SetFocus();

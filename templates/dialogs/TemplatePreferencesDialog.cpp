@@ -1,15 +1,23 @@
 #include "templates/dialogs/TemplatePreferencesDialog.h"
 
+#include "frame/MessageDialog.h"
+#include "frame/ShownText.h"
 #include "frame/Translation.h"
 #include "frame/native/NativeLoop.h"
 #include "templates/TemplateMatch.h"
 #include "templates/grid/GridFont.h"
+#include "util/platform/Folder.h"
+#include "util/text/Ascii.h"
 #include <tessaron/frame/DataExchange.h>
 
 #include <wx/choice.h>
 #include <wx/dirdlg.h>
 #include <wx/fontdlg.h>
 #include <wx/textctrl.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace TessaronResources
 {
@@ -33,9 +41,17 @@ constexpr int resetId = 1151;
 TemplatePreferencesDialog::TemplatePreferencesDialog(const util::TemplatePreferences& preferences,
                                                      const std::string& folder, const std::string& homeFolder,
                                                      wxWindow* owner)
-    : m_preferences(preferences), m_folder(wxString::FromUTF8(folder)), m_homeFolder(wxString::FromUTF8(homeFolder))
+    : m_preferences(preferences), m_folder(shownText(folder)), m_given{folder, homeFolder}
 {
     create(templateId, owner);
+}
+
+std::string TemplatePreferencesDialog::folder() const
+{
+    for (const std::string& given : m_given)
+        if (m_folder == shownText(given))
+            return given;
+    return pathOf(m_folder);
 }
 
 bool TemplatePreferencesDialog::OnInitDialog()
@@ -65,13 +81,46 @@ void TemplatePreferencesDialog::DoDataExchange(CDataExchange* exchange)
     exchange->text(folderId, m_folder);
 }
 
+void TemplatePreferencesDialog::OnOK()
+{
+    if (!UpdateData(true))
+        return;
+    if (settleFolder())
+        DialogBase::OnOK();
+    else if (auto* const field = dynamic_cast<wxTextCtrl*>(control(folderId)))
+    {
+        field->SetFocus();
+        field->SelectAll();
+    }
+}
+
+bool TemplatePreferencesDialog::settleFolder()
+{
+    const std::string wanted(util::trimmed(folder()));
+    // The one in use may be away for the moment.
+    std::error_code error;
+    if (wanted.empty() || std::find(m_given.begin(), m_given.end(), wanted) != m_given.end() ||
+        std::filesystem::is_directory(wanted, error))
+        return true;
+    const std::string path = std::filesystem::absolute(wanted).string();
+    const auto text = [&path](const char* format) { return wxString::FromUTF8(translatedWith(format, path)); };
+    if (!askOkCancel(this, GetTitle(), text(translatable("The folder %s does not exist. Do you want to create it?")),
+                     MessageKind::warning))
+        return false;
+    const bool made = util::makeFolders(path);
+    if (!made)
+        showMessage(this, GetTitle(), text(translatable("The folder %s cannot be created.")), MessageKind::error);
+    return made;
+}
+
 void TemplatePreferencesDialog::chooseFolder()
 {
     UpdateData(true);
-    wxDirDialog dialog(this, translatedLabel("Template Path"), m_folder);
+    wxDirDialog dialog(this, translatedLabel("Template Path"), toolkitPath(folder()));
     if (native::runModal(dialog) != wxID_OK)
         return;
-    m_folder = dialog.GetPath();
+    m_given.front() = pathOf(dialog.GetPath());
+    m_folder = shownText(m_given.front());
     UpdateData(false);
 }
 
@@ -93,7 +142,7 @@ void TemplatePreferencesDialog::resetAll()
     const int theme = m_preferences.theme;
     m_preferences = util::TemplatePreferences();
     m_preferences.theme = theme;
-    m_folder = m_homeFolder;
+    m_folder = shownText(m_given.back());
     UpdateData(false);
     showFont();
 }

@@ -4,6 +4,7 @@
 #include <tessaron/engine/TemplateInfo.h>
 #include <tessaron/frame/DialogBase.h>
 
+#include <array>
 #include <string>
 
 namespace TessaronResources
@@ -20,13 +21,18 @@ public:
 
     // After OK
     const util::TemplatePreferences& preferences() const { return m_preferences; }
-    std::string folder() const { return m_folder.utf8_string(); }
+    /// The folder that the user has left, chosen or typed; the very bytes where it was not typed.
+    std::string folder() const;
 
 protected:
     bool OnInitDialog() override;
     void DoDataExchange(CDataExchange* exchange) override;
+    void OnOK() override;
 
 private:
+    /// Asks about a folder that does not exist, and makes it.
+    /// \returns whether there is a folder to use.
+    bool settleFolder();
     void chooseFolder();
     void chooseFont();
     void resetAll();
@@ -34,7 +40,7 @@ private:
 
     util::TemplatePreferences m_preferences;
     wxString m_folder;
-    wxString m_homeFolder;
+    std::array<std::string, 2> m_given; ///< the folder in use or chosen last, and the host's
 };
 
 } // namespace TessaronResources

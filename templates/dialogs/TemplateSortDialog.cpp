@@ -55,8 +55,18 @@ bool TemplateSortDialog::OnInitDialog()
                  });
     followSize({{gridId, {0, 0, 1, 1}}, {1, {1, 1, 0, 0}}, {2, {1, 1, 0, 0}}});
     enableVisualManagerStyle();
+    // Enter means the whole dialog, also from within the levels, where the toolkit would go one row down.
+    m_grid->Bind(wxEVT_KEY_DOWN,
+                 [this](wxKeyEvent& event)
+                 {
+                     if (event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER)
+                         OnOK();
+                     else
+                         event.Skip();
+                 });
     show(0);
-    return true;
+    m_grid->SetFocus();
+    return false;
 }
 
 void TemplateSortDialog::OnOK()

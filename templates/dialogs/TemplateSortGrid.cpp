@@ -1,11 +1,13 @@
 #include "templates/dialogs/TemplateSortGrid.h"
 
 #include "frame/Translation.h"
-#include "frame/looks/VisualManager.h"
 #include "frame/native/NativeToolkit.h"
 #include "templates/grid/GridSetup.h"
+#include "templates/grid/ListCellEditor.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace TessaronResources
 {
@@ -21,19 +23,10 @@ enum Column
     columnCount
 };
 
-template <class Texts>
-wxArrayString toStrings(const Texts& texts)
-{
-    wxArrayString result;
-    for (const std::string& text : texts)
-        result.Add(wxString::FromUTF8(text));
-    return result;
-}
-
 } // namespace
 
 TemplateSortGrid::TemplateSortGrid(wxWindow* parent, int id, TemplateSortLevels& levels)
-    : wxGrid(parent, id), m_levels(levels)
+    : EditingGrid(parent, id), m_levels(levels)
 {
     CreateGrid(0, columnCount, wxGridSelectRows);
     GetTable()->SetAttrProvider(new TemplateHeadings(m_headings, m_noTemplates));
@@ -49,10 +42,8 @@ TemplateSortGrid::TemplateSortGrid(wxWindow* parent, int id, TemplateSortLevels&
     SetLabelFont(GetFont());
     SetDefaultRenderer(new TemplateCellRenderer);
     applyPalette(*this);
-    Bind(wxEVT_GRID_CELL_CHANGED, &TemplateSortGrid::onChanged, this);
     Bind(wxEVT_GRID_CELL_LEFT_CLICK, &TemplateSortGrid::onClick, this);
-    Bind(wxEVT_GRID_EDITOR_CREATED,
-         [](wxGridEditorCreatedEvent& event) { VisualManager::current().apply(*event.GetWindow()); });
+    Bind(wxEVT_GRID_CELL_CHANGED, &TemplateSortGrid::onChanged, this);
     Bind(wxEVT_SIZE,
          [this](wxSizeEvent& event)
          {
@@ -69,17 +60,17 @@ void TemplateSortGrid::showLevels(std::size_t selected)
         DeleteRows(count, GetNumberRows() - count);
     else if (GetNumberRows() < count)
         AppendRows(count - GetNumberRows());
-    const wxArrayString titles = toStrings(m_levels.columnTitles());
+    const std::vector<std::string> titles = m_levels.columnTitles();
     for (int row = 0; row < count; ++row)
     {
         const auto level = static_cast<std::size_t>(row);
         SetCellValue(row, captionColumn, wxString::FromUTF8(TemplateSortLevels::caption(level)));
         SetReadOnly(row, captionColumn);
-        SetCellEditor(row, titleColumn, new wxGridCellChoiceEditor(titles));
-        SetCellValue(row, titleColumn, titles[m_levels.columnOf(level)]);
-        const wxArrayString orders = toStrings(m_levels.orderTexts(level));
-        SetCellEditor(row, orderColumn, new wxGridCellChoiceEditor(orders));
-        SetCellValue(row, orderColumn, orders[m_levels.levels()[level].descending ? 1 : 0]);
+        SetCellEditor(row, titleColumn, new ListCellEditor(titles));
+        SetCellValue(row, titleColumn, wxString::FromUTF8(titles[m_levels.columnOf(level)]));
+        const auto& orders = m_levels.orderTexts(level);
+        SetCellEditor(row, orderColumn, new ListCellEditor({orders.begin(), orders.end()}));
+        SetCellValue(row, orderColumn, wxString::FromUTF8(orders[m_levels.levels()[level].descending ? 1 : 0]));
     }
     if (selected < m_levels.levels().size())
     {
@@ -98,33 +89,35 @@ std::size_t TemplateSortGrid::selectedLevel() const
 void TemplateSortGrid::onChanged(wxGridEvent& event)
 {
     const auto level = static_cast<std::size_t>(event.GetRow());
-    const wxString text = GetCellValue(event.GetRow(), event.GetCol());
-    if (event.GetCol() == titleColumn)
-    {
-        const int column = toStrings(m_levels.columnTitles()).Index(text);
-        if (column != wxNOT_FOUND)
-            m_levels.setColumn(level, static_cast<std::size_t>(column));
-    }
-    else
-        m_levels.setDescending(level, text == wxString::FromUTF8(m_levels.orderTexts(level)[1]));
+    const std::string text = GetCellValue(event.GetRow(), event.GetCol()).utf8_string();
+    const std::vector<std::string> titles = m_levels.columnTitles();
+    if (event.GetCol() == orderColumn)
+        m_levels.setDescending(level, text == m_levels.orderTexts(level)[1]);
+    else if (const auto title = std::find(titles.begin(), titles.end(), text); title != titles.end())
+        m_levels.setColumn(level, static_cast<std::size_t>(title - titles.begin()));
     // The orders on offer follow the column. Not now: the editor is still on its way out.
-    CallAfter([this, level] { showLevels(level); });
+    CallAfter(
+        [this, level, col = event.GetCol()]
+        {
+            showLevels(level);
+            if (level < m_levels.levels().size())
+                SetGridCursor(static_cast<int>(level), col);
+        });
 }
 
 void TemplateSortGrid::onClick(wxGridEvent& event)
 {
-    event.Skip();
     if (event.GetCol() == captionColumn)
+    {
+        event.Skip();
         return;
-    CallAfter(
-        [this, row = event.GetRow(), column = event.GetCol()]
-        {
-            if (row < GetNumberRows())
-            {
-                SetGridCursor(row, column);
-                EnableCellEditControl();
-            }
-        });
+    }
+    // The toolkit itself would begin with a second click.
+    DisableCellEditControl();
+    GetGridWindow()->SetFocus();
+    SetGridCursor(event.GetRow(), event.GetCol());
+    SelectRow(event.GetRow());
+    CallAfter([this] { EnableCellEditControl(); });
 }
 
 void TemplateSortGrid::spreadColumns()

@@ -2,15 +2,14 @@
 #define TEMPLATES_DIALOGS_TEMPLATESORTGRID_H
 
 #include "templates/TemplateSort.h"
+#include "templates/grid/EditingGrid.h"
 #include "templates/grid/TemplateGridRenderers.h"
-
-#include <wx/grid.h>
 
 namespace TessaronResources
 {
 
 /// The grid of sort levels: one row a level, with drop-down lists for its column and its order.
-class TemplateSortGrid : public wxGrid
+class TemplateSortGrid : public EditingGrid
 {
 public:
     /// `levels` is not owned and outlives the grid.

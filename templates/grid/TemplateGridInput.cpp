@@ -66,7 +66,7 @@ TemplateGridInput::TemplateGridInput(TemplateManagerGrid& grid, TemplateGridTabl
         m_grid.Bind(event,
                     [this](wxGridEvent& done)
                     {
-                        done.Skip();
+                        done.Skip(done.GetEventType() != wxEVT_GRID_CELL_LEFT_DCLICK || !dropsList(done.GetCol()));
                         selectCurrentRowLater();
                     });
     m_grid.Bind(wxEVT_KEY_DOWN, &TemplateGridInput::onKeyDown, this);
@@ -79,9 +79,11 @@ void TemplateGridInput::followHeadingClicks()
     wxWindow* const headings = m_grid.GetGridColLabelWindow();
     const auto onPress = [this](wxMouseEvent& event)
     {
-        event.Skip();
         m_pressedAt = event.GetPosition();
         m_pressedHeading = headingAt(event.GetPosition());
+        // Beside the headings the toolkit would begin to drag a column -1.
+        event.Skip(m_grid.XToCol(m_grid.CalcUnscrolledPosition(m_pressedAt).x) != wxNOT_FOUND ||
+                   m_grid.XToEdgeOfCol(m_grid.CalcUnscrolledPosition(m_pressedAt).x) != wxNOT_FOUND);
     };
     headings->Bind(wxEVT_LEFT_DOWN, onPress);
     headings->Bind(wxEVT_LEFT_DCLICK, onPress);
@@ -119,6 +121,11 @@ void TemplateGridInput::selectCurrentRowLater()
         });
 }
 
+bool TemplateGridInput::dropsList(int col) const
+{
+    return m_table.column(col).editor() == CellEditor::list;
+}
+
 void TemplateGridInput::onCellClick(wxGridEvent& event)
 {
     if (event.ControlDown() || event.ShiftDown())
@@ -132,6 +139,12 @@ void TemplateGridInput::onCellClick(wxGridEvent& event)
     {
         m_grid.GetGridWindow()->SetFocus();
         m_grid.SelectRow(event.GetRow());
+    }
+    else if (isCurrent && dropsList(event.GetCol()))
+    {
+        // The toolkit would wait for the button's release; a second click would meet the list's cell and close it.
+        m_grid.GetGridWindow()->SetFocus();
+        m_grid.CallAfter([this] { m_grid.EnableCellEditControl(); });
     }
     else
     {

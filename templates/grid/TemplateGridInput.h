@@ -36,6 +36,7 @@ private:
     /// The column whose heading is at this place of the headings' window; wxNOT_FOUND at an edge that can be dragged.
     int headingAt(wxPoint place) const;
     void selectCurrentRowLater();
+    bool dropsList(int col) const;
     void changeByClick(int row, int col);
     /// \returns whether the key means something to the current cell.
     bool changeByKey(wxUniChar typed);

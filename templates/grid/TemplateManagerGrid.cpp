@@ -1,12 +1,12 @@
 #include "templates/grid/TemplateManagerGrid.h"
 
 #include "frame/Translation.h"
-#include "frame/looks/VisualManager.h"
 #include "frame/native/NativeToolkit.h"
 #include "templates/columns/ColumnKinds.h"
 #include "templates/grid/GridFont.h"
 #include "templates/grid/GridSetup.h"
 #include "templates/grid/GridSizing.h"
+#include "templates/grid/ListCellEditor.h"
 #include "templates/grid/TemplateGridTable.h"
 
 #include <wx/dcclient.h>
@@ -30,9 +30,8 @@ constexpr int nameColumn = 0;
 
 TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSession& session,
                                          TemplateGridCommands& commands)
-    : wxGrid(parent, id, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_NONE), m_session(session),
-      m_commands(commands), m_table(new TemplateGridTable(session)), m_hint(*this),
-      m_input(*this, *m_table, session, commands)
+    : EditingGrid(parent, id, wxWANTS_CHARS | wxBORDER_NONE), m_session(session), m_commands(commands),
+      m_table(new TemplateGridTable(session)), m_hint(*this), m_input(*this, *m_table, session, commands)
 {
     m_table->SetAttrProvider(new TemplateHeadings(m_headings, session.rows()));
     SetTable(m_table, true, wxGridSelectRows);
@@ -61,8 +60,6 @@ TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSessi
              event.Skip();
              CallAfter([this] { onColumnMoved(); });
          });
-    Bind(wxEVT_GRID_EDITOR_CREATED,
-         [](wxGridEditorCreatedEvent& event) { VisualManager::current().apply(*event.GetWindow()); });
     GetGridWindow()->Bind(wxEVT_SIZE,
                           [this](wxSizeEvent& event)
                           {
@@ -141,12 +138,7 @@ void TemplateManagerGrid::setUpColumn(const GridColumnPtr& column)
     attr->SetReadOnly(!column->isEditable() || !column->enabled || column->editor() == CellEditor::direct);
     attr->SetRenderer(new ColumnCellRenderer(column));
     if (column->editor() == CellEditor::list)
-    {
-        wxArrayString choices;
-        for (const std::string& choice : column->choices())
-            choices.Add(wxString::FromUTF8(choice));
-        attr->SetEditor(new wxGridCellChoiceEditor(choices));
-    }
+        attr->SetEditor(new ListCellEditor(column->choices()));
     SetColAttr(column->index, attr);
     ShowCol(column->index);
     column->setupHeading(*this, m_session.info().headingTextColour, m_session.info().headingBackColour);

@@ -3,11 +3,10 @@
 
 #include "templates/TemplateFind.h"
 #include "templates/TemplateSession.h"
+#include "templates/grid/EditingGrid.h"
 #include "templates/grid/EmptyGridHint.h"
 #include "templates/grid/TemplateGridInput.h"
 #include "templates/grid/TemplateGridRenderers.h"
-
-#include <wx/grid.h>
 
 #include <optional>
 #include <string>
@@ -33,7 +32,7 @@ public:
 };
 
 /// The grid of templates: one row a template, one column a column definition.
-class TemplateManagerGrid : public wxGrid, private TemplateCells, private TemplateSessionObserver
+class TemplateManagerGrid : public EditingGrid, private TemplateCells, private TemplateSessionObserver
 {
 public:
     /// Both are not owned; no command is given to the session once the grid is gone.
@@ -51,7 +50,7 @@ public:
     /// The selected row of the current cell, or else the first selected one; none without a selection.
     std::optional<std::size_t> chosenRow() const;
 
-    /// Has the session sort its rows. A mark is shown only for a sort by one column.
+    /// Has the session sort its rows. Each level has its mark in the heading of its column.
     void sortBy(const std::vector<util::TemplateSortLevel>& levels);
     /// Sorts by a column, the other way round when the rows are in its order already.
     void sortByHeading(int column);

@@ -30,6 +30,7 @@ public:
         install<&util::system::Calls::fchown>("fchown");
         install<&util::system::Calls::fstat>("fstat");
         install<&util::system::Calls::fstatat>("fstatat");
+        install<&util::system::Calls::faccessat>("faccessat");
         install<&util::system::Calls::rename>("rename");
         install<&util::system::Calls::unlinkat>("unlinkat");
         install<&util::system::Calls::flock>("flock");

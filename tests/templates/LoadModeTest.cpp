@@ -96,39 +96,13 @@ TEST_F(LoadModeTest, WithoutAnOwnerTheMainWindowIsTheOwner)
               {
                   EXPECT_TRUE(staysAbove(manager(), m_owner));
                   EXPECT_FALSE(m_owner->IsEnabled());
-                  manager()->Close();
+                  pressKey(WXK_F4, wxMOD_ALT);
               });
     EXPECT_EQ(TessaronResources::displayTemplateManagerDialogLoad(0, 0, folder(), m_current, &m_result, nullptr,
                                                                   util::VisualTheme::nx8),
               0);
     EXPECT_TRUE(m_owner->IsEnabled());
     wxTheApp->SetTopWindow(nullptr);
-}
-
-TEST_F(LoadModeTest, SixThemesRepaintTheOpenWindow)
-{
-    storeThree();
-    WindowDriver user;
-    user.when("the manager is up", managerIsUp, [] { clickCell(0, "Name"); });
-    for (const int theme : {0, 2, 13, 21, 25, 26})
-    {
-        user.when(
-            "the window has come to rest", [n = 0]() mutable { return ++n > 60; },
-            [theme]
-            {
-                auto* const themes = dynamic_cast<wxChoice*>(child(manager(), 1147));
-                themes->SetSelection(theme);
-                wxCommandEvent event(wxEVT_CHOICE, 1147);
-                event.SetEventObject(themes);
-                event.SetInt(theme);
-                themes->GetEventHandler()->ProcessEvent(event);
-            });
-        user.when(
-            "the look is painted", [n = 0]() mutable { return ++n > 60; },
-            [theme] { savePicture(manager(), "template-manager-theme-" + std::to_string(theme)); });
-    }
-    user.then("close", [] { clickManager(1150); });
-    EXPECT_EQ(load(), 0);
 }
 
 } // namespace

@@ -12,8 +12,8 @@
 #include <wx/choice.h>
 #include <wx/frame.h>
 #include <wx/grid.h>
+#include <wx/ribbon/buttonbar.h>
 #include <wx/textctrl.h>
-#include <wx/uiaction.h>
 #include <wx/utils.h>
 
 #include <gtest/gtest.h>
@@ -73,6 +73,16 @@ protected:
         store("Gamma", 12.0, 0.0);
     }
 
+    util::Parameterized stored(const std::string& name) const
+    {
+        std::vector<util::Parameterized> sets;
+        util::loadTemplateFiles(kindFolder(), 0, &sets);
+        for (const util::Parameterized& candidate : sets)
+            if (candidate.stringOr(util::keys::templateName, "") == name)
+                return candidate;
+        return {};
+    }
+
     std::string folder() const { return m_folder.string(); }
     std::string kindFolder() const { return util::templatePath(folder(), "tessaron"); }
 
@@ -105,28 +115,37 @@ protected:
     static void clickManager(int id) { click(child(manager(), id)); }
 
     /// Clicks the middle of a cell, by the place of its row and the title of its column.
-    static void clickCell(int row, const wxString& title, double across = 0.5)
+    static void clickCell(int row, const wxString& title, double across = 0.5, unsigned modifiers = Person::none)
     {
-        wxGrid* const cells = grid();
-        ASSERT_NE(cells, nullptr);
-        for (int col = 0; col < cells->GetNumberCols(); ++col)
-            if (cells->GetColLabelValue(col) == title)
-            {
-                cells->MakeCellVisible(row, col);
-                const wxRect rect = cells->CellToRect(row, col);
-                clickAt(cells->GetGridWindow(),
-                        cells->CalcScrolledPosition(
-                            wxPoint(rect.x + static_cast<int>(rect.width * across), rect.y + rect.height / 2)));
-                return;
-            }
-        ADD_FAILURE() << "No column " << title;
+        ASSERT_NE(columnOf(title), wxNOT_FOUND) << title;
+        grid()->MakeCellVisible(row, columnOf(title));
+        person().click(placeInCell(row, title, across), Person::left, modifiers);
     }
 
-    static void clickAt(wxWindow* window, wxPoint at)
+    /// A place half way down a cell, on the screen.
+    static wxPoint placeInCell(int row, const wxString& title, double across = 0.5)
     {
-        wxUIActionSimulator user;
-        user.MouseMove(window->ClientToScreen(at));
-        user.MouseClick();
+        const int col = columnOf(title);
+        const wxRect rect = grid()->CellToRect(row, col);
+        wxGridWindow* const window = grid()->CellToGridWindow(row, col);
+        const wxPoint place(rect.x + static_cast<int>(rect.width * across), rect.y + rect.height / 2);
+        return asWindow(window)->ClientToScreen(grid()->CalcGridWindowScrolledPosition(place, window));
+    }
+
+    static void clickAt(wxWindow* window, wxPoint at, Person::Button button = Person::left)
+    {
+        person().click(window->ClientToScreen(at), button);
+    }
+
+    // Picks a row, then others with the control key held.
+    static void pick(std::initializer_list<int> rows)
+    {
+        unsigned held = Person::none;
+        for (const int row : rows)
+        {
+            clickCell(row, "Name", 0.5, held);
+            held = Person::control;
+        }
     }
 
     static bool isSelected(int row) { return grid() && grid()->IsInSelection(row, 0); }
@@ -139,15 +158,16 @@ protected:
         return "no such column";
     }
 
-    /// Drags the pointer from a place to another, as a hand does: with places between.
     static void drag(wxWindow* window, wxPoint from, wxPoint to)
     {
-        wxUIActionSimulator user;
-        user.MouseMove(window->ClientToScreen(from));
-        user.MouseDown();
-        for (int step = 1; step <= 8; ++step)
-            user.MouseMove(window->ClientToScreen(from + (to - from) * step / 8));
-        user.MouseUp();
+        person().drag(window->ClientToScreen(from), window->ClientToScreen(to));
+    }
+
+    /// A window of the grid; the toolkit does not say publicly that it is one.
+    static wxWindow* asWindow(wxGridWindow* window)
+    {
+        wxWindow* const frozen = grid()->GetFrozenColGridWindow();
+        return static_cast<void*>(window) == static_cast<void*>(frozen) ? frozen : grid()->GetGridWindow();
     }
 
     static int columnOf(const wxString& title)
@@ -158,12 +178,14 @@ protected:
         return wxNOT_FOUND;
     }
 
-    /// The middle of a column's heading, in the window of the headings.
+    /// The middle of a column's heading, on the screen.
     static wxPoint heading(const wxString& title)
     {
-        const wxRect cells = grid()->CellToRect(0, columnOf(title));
-        return {cells.x + cells.width / 2, grid()->GetColLabelSize() / 2};
+        return {placeInCell(0, title).x, headings().y + headingHeight() / 2};
     }
+    /// The upper left corner of the headings, on the screen.
+    static wxPoint headings() { return grid()->GetGridColLabelWindow()->GetScreenPosition(); }
+    static int headingHeight() { return grid()->GetColLabelSize(); }
 
     static bool isUp(const wxString& title) { return windowTitled(title) && windowTitled(title)->IsShownOnScreen(); }
     /// The window is where the window manager puts it, and takes keys and clicks.
@@ -202,16 +224,65 @@ protected:
             [] { pressKey(WXK_RETURN); });
     }
 
-    /// Gives a command from within the manager's own loop, so that it may open a dialog.
-    static void open(int id)
+    static wxRibbonButtonBar* barWith(const wxWindow& parent, int command)
     {
-        manager()->CallAfter([id] { command(id); });
+        for (wxWindow* const window : parent.GetChildren())
+        {
+            auto* const bar = dynamic_cast<wxRibbonButtonBar*>(window);
+            if (bar && bar->GetItemById(command))
+                return bar;
+            if (wxRibbonButtonBar* const found = barWith(*window, command))
+                return found;
+        }
+        return nullptr;
     }
 
-    static void command(int id)
+    static int commandId(int number) { return static_cast<std::int16_t>(static_cast<std::uint16_t>(number)); }
+
+    static void clickRibbon(int number)
     {
-        wxCommandEvent event(wxEVT_MENU, static_cast<std::int16_t>(static_cast<std::uint16_t>(id)));
-        manager()->GetEventHandler()->ProcessEvent(event);
+        wxRibbonButtonBar* const bar = barWith(*manager(), commandId(number));
+        ASSERT_NE(bar, nullptr) << number;
+        const wxRect button = bar->GetItemRect(commandId(number));
+        clickAt(bar, button.GetPosition() + wxSize(button.width / 2, button.height / 2));
+    }
+
+    /// Where the menu of the application button or of the grid, or an open list, is up, keys go to it.
+    static void pressInMenu(WindowDriver& user, const std::vector<int>& keys)
+    {
+        user.when("the menu is up", menuIsUp,
+                  [keys]
+                  {
+                      for (const int key : keys)
+                          pressKey(key);
+                  });
+    }
+
+    static void openPreferences(WindowDriver& user)
+    {
+        user.when("the manager is at rest", atRest, [] { pressKey(WXK_F10); });
+        pressInMenu(user, {WXK_DOWN, WXK_RETURN});
+        user.when("the preferences are up", [] { return isReady("Template Preferences"); });
+    }
+
+    static wxChoice* themes() { return dynamic_cast<wxChoice*>(child(manager(), 1147)); }
+
+    static void chooseTheme(WindowDriver& user, int theme)
+    {
+        user.when("the manager is at rest", atRest, [] { click(themes()); });
+        std::vector<int> keys = {WXK_HOME};
+        keys.insert(keys.end(), static_cast<std::size_t>(theme), WXK_DOWN);
+        keys.push_back(WXK_RETURN);
+        pressInMenu(user, keys);
+        user.when("the theme is chosen", [theme] { return themes()->GetSelection() == theme && !menuIsUp(); });
+    }
+
+    static void press(const char* title, int id) { click(child(windowTitled(title), id)); }
+
+    template <class Control>
+    static Control* control(const char* title, int id)
+    {
+        return dynamic_cast<Control*>(child(windowTitled(title), id));
     }
 
     static bool messageIsUp() { return isReady("Template Manager"); }

@@ -15,10 +15,11 @@ class SaveModeTest : public ManagerTest
 protected:
     static bool saveAsIsUp() { return isReady(saveAsTitle); }
     static wxComboBox* name() { return dynamic_cast<wxComboBox*>(child(windowTitled(saveAsTitle), 1158)); }
+    // The name is selected when the dialog comes up.
     static void accept(const char* text)
     {
-        name()->SetValue(text);
-        click(child(windowTitled(saveAsTitle), 1));
+        type(text);
+        pressKey(WXK_RETURN);
     }
     static void cancelSaveAs() { click(child(windowTitled(saveAsTitle), 2)); }
 };
@@ -29,8 +30,9 @@ TEST_F(SaveModeTest, SavesUnderTheNameAndProposesItAgain)
     user.when("the save-as dialog is up", saveAsIsUp,
               []
               {
-                  dynamic_cast<wxCheckBox*>(child(windowTitled(saveAsTitle), 1042))->SetValue(true);
-                  accept("Pocket 10");
+                  type("Pocket 10");
+                  press(saveAsTitle, 1042);
+                  press(saveAsTitle, 1);
               });
     EXPECT_EQ(save(), 1);
     EXPECT_TRUE(m_loadSaved);

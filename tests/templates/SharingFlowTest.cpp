@@ -91,14 +91,15 @@ TEST_F(SharingFlowTest, WhatWasExportedIsImportedAgain)
     const std::filesystem::path file = m_folder / "shared" / "all.vtmpl";
     std::filesystem::create_directories(file.parent_path());
     WindowDriver user;
-    user.when("the manager is up", atRest, [] { open(32805); });
+    user.when("the manager is up", atRest, [] { clickRibbon(32805); });
     typePath(user, std::filesystem::path(file).replace_extension().string());
     user.when(
-        "the file is written", [&] { return std::filesystem::exists(file) && atRest(); }, [] { grid()->SelectAll(); });
+        "the file is written", [&] { return std::filesystem::exists(file) && atRest(); },
+        [] { pressKey('A', wxMOD_CONTROL); });
     user.when(
         "all are selected", [] { return isSelected(0) && isSelected(2); }, [] { clickManager(1124); });
     user.when(
-        "all are deleted", [] { return grid()->GetNumberRows() == 0; }, [] { open(32804); });
+        "all are deleted", [] { return grid()->GetNumberRows() == 0; }, [] { clickRibbon(32804); });
     chooseAll(user, file.parent_path(), 1);
     user.when(
         "all are back", [] { return atRest() && grid()->GetNumberRows() == 3; }, [] { clickManager(1150); });
@@ -117,7 +118,7 @@ TEST_F(SharingFlowTest, OfSeveralFilesTheOneThatCannotBeReadIsNamed)
     }
     std::ofstream(incoming / "Anomalous.vtmpl") << "no template";
     WindowDriver user;
-    user.when("the manager is up", atRest, [] { open(32804); });
+    user.when("the manager is up", atRest, [] { clickRibbon(32804); });
     chooseAll(user, incoming, 3);
     user.when("the error", messageIsUp,
               [&]
@@ -136,13 +137,79 @@ TEST_F(SharingFlowTest, OfSeveralFilesTheOneThatCannotBeReadIsNamed)
     EXPECT_EQ(storedNames(), (std::vector<std::string>{"Alpha", "Beta"}));
 }
 
+TEST_F(SharingFlowTest, OfManyFilesThatCannotBeReadOneMessageScrollsTheNames)
+{
+    for (const int count : {10, 40})
+    {
+        const std::filesystem::path incoming = m_folder / ("incoming" + std::to_string(count));
+        std::filesystem::create_directories(incoming);
+        for (int file = 0; file < count; ++file)
+            std::ofstream(incoming / ("bad" + std::to_string(100 + file) + ".vtmpl")) << "no template";
+        WindowDriver user;
+        user.when("the manager is up", atRest, [] { clickRibbon(32804); });
+        chooseAll(user, incoming, static_cast<std::size_t>(count));
+        user.when("the error", messageIsUp,
+                  [&]
+                  {
+                      wxWindow* const box = windowTitled("Template Manager");
+                      auto* const list = dynamic_cast<wxTextCtrl*>(child(box, 10));
+                      const wxString last = wxString::Format("bad%d.vtmpl", 99 + count);
+                      EXPECT_EQ(list != nullptr, count > 10);
+                      EXPECT_TRUE(list ? list->GetValue().EndsWith(last) : message().EndsWith(last));
+                      EXPECT_LT(box->GetSize().y, 720);
+                      savePicture(box, "template-import-errors-" + std::to_string(count));
+                      pressKey(WXK_RETURN);
+                  });
+        user.when("the manager is back", atRest, [] { clickManager(1150); });
+        EXPECT_EQ(load(), 0);
+    }
+}
+
+TEST_F(SharingFlowTest, ALongImportShowsItselfAndIsCancelledBetweenFiles)
+{
+    constexpr int files = 60;
+    constexpr int templatesEach = 100;
+    const std::filesystem::path incoming = m_folder / "incoming";
+    std::filesystem::create_directories(incoming);
+    for (int file = 0; file < files; ++file)
+    {
+        std::vector<util::Parameterized> sets(templatesEach);
+        for (int set = 0; set < templatesEach; ++set)
+            sets[static_cast<std::size_t>(set)].set(util::keys::templateName,
+                                                    std::to_string(file) + "-" + std::to_string(set));
+        ASSERT_EQ(util::saveTemplateArrayFile(incoming / (std::to_string(file) + ".vtmpl"), sets), 0);
+    }
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { clickRibbon(32804); });
+    chooseAll(user, incoming, files);
+    user.when(
+        "the import shows itself", [] { return isReady("Import Templates"); },
+        []
+        {
+            EXPECT_FALSE(manager()->IsEnabled());
+            savePicture(windowTitled("Import Templates"), "template-import-progress");
+            press("Import Templates", 2);
+        });
+    user.when(
+        "the manager lists what is in", [] { return atRest() && grid()->GetNumberRows() > 0; },
+        []
+        {
+            EXPECT_EQ(grid()->GetNumberRows() % templatesEach, 0) << "a file is taken whole";
+            EXPECT_LT(grid()->GetNumberRows(), files * templatesEach);
+            pressKey(WXK_DOWN);
+        });
+    user.when(
+        "the keys go to the grid", [] { return grid()->GetGridCursorRow() == 1; }, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
 TEST_F(SharingFlowTest, AQuitMessageEndsTheCallOverAFileDialog)
 {
     storeThree();
     for (const int id : {32804, 32805})
     {
         WindowDriver user;
-        user.when("the manager is up", atRest, [id] { open(id); });
+        user.when("the manager is up", atRest, [id] { clickRibbon(id); });
         user.when("the file dialog is up", fileDialog, [] { tessaronResourcesQuit(); });
         EXPECT_EQ(load(), 0);
         EXPECT_EQ(fileDialog(), nullptr);

@@ -136,6 +136,10 @@ TEST(MatchFilter, ComparesTheToolWithinATolerance)
     otherFlutes.set(keys::toolNumFlutes, 5);
     EXPECT_FALSE(matchesFilter(matchFilter::sameTool, otherFlutes, current));
     EXPECT_TRUE(matchesFilter(matchFilter::sameToolDiameter, otherFlutes, current));
+    otherFlutes.set(keys::toolNumFlutes, 4.0);
+    EXPECT_TRUE(matchesFilter(matchFilter::sameTool, otherFlutes, current)) << "some programs store whole reals";
+    current.set(keys::toolNumFlutes, 6.0);
+    EXPECT_FALSE(matchesFilter(matchFilter::sameTool, otherFlutes, current));
     EXPECT_EQ(matchFilterTexts().size(), 3U);
 }
 

@@ -2,8 +2,6 @@
 
 #include <wx/filedlg.h>
 #include <wx/modalhook.h>
-#include <wx/ribbon/bar.h>
-#include <wx/ribbon/buttonbar.h>
 
 #include <array>
 #include <map>
@@ -42,64 +40,6 @@ class WindowFlowTest : public ManagerTest
 {
 protected:
     WindowFlowTest() { storeThree(); }
-
-    static wxRibbonBar* ribbon()
-    {
-        for (wxWindow* const window : manager()->GetChildren())
-            if (auto* const bar = dynamic_cast<wxRibbonBar*>(window))
-                return bar;
-        return nullptr;
-    }
-
-    static wxRibbonButtonBar* barWith(const wxWindow& parent, int command)
-    {
-        for (wxWindow* const window : parent.GetChildren())
-        {
-            auto* const bar = dynamic_cast<wxRibbonButtonBar*>(window);
-            if (bar && bar->GetItemById(command))
-                return bar;
-            if (wxRibbonButtonBar* const found = barWith(*window, command))
-                return found;
-        }
-        return nullptr;
-    }
-
-    static void clickRibbon(int number)
-    {
-        const int command = static_cast<std::int16_t>(static_cast<std::uint16_t>(number));
-        wxRibbonButtonBar* const bar = barWith(*ribbon(), command);
-        ASSERT_NE(bar, nullptr) << number;
-        const wxRect button = bar->GetItemRect(command);
-        clickAt(bar, button.GetPosition() + wxSize(button.width / 2, button.height / 2));
-    }
-
-    static void rightClick(wxWindow* window, wxPoint at)
-    {
-        wxUIActionSimulator mouse;
-        mouse.MouseMove(window->ClientToScreen(at));
-        mouse.MouseClick(wxMOUSE_BTN_RIGHT);
-    }
-
-    static void chooseTheme(int theme)
-    {
-        auto* const themes = dynamic_cast<wxChoice*>(child(manager(), 1147));
-        themes->SetSelection(theme);
-        wxCommandEvent event(wxEVT_CHOICE, 1147);
-        event.SetEventObject(themes);
-        event.SetInt(theme);
-        themes->GetEventHandler()->ProcessEvent(event);
-    }
-
-    // Where the menu of the application button or of the grid is up, keys go to it.
-    static void pressInMenu(WindowDriver& user, const std::vector<int>& keys)
-    {
-        user.when("the menu is up", menuIsUp,
-                  [keys]
-                  {
-                      for (const int key : keys)
-                          pressKey(key);
-                  });
-    }
 };
 
 int windowsIn(const wxWindow& window)
@@ -117,8 +57,7 @@ TEST_F(WindowFlowTest, RibbonButtonsDoWhatTheySay)
     {
         user.when("the manager is up", atRest, [number = command] { clickRibbon(number); });
         user.when(
-            "its dialog is up", [dialog = title] { return isReady(dialog); },
-            [dialog = title] { windowTitled(dialog)->Close(); });
+            "its dialog is up", [dialog = title] { return isReady(dialog); }, [] { pressKey(WXK_ESCAPE); });
     }
     user.when("the manager is back", atRest, [] { clickCell(0, "Tool Diameter"); });
     for (const auto& [command, first] : {std::pair(32803, "Gamma"), std::pair(32802, "Alpha")})
@@ -134,11 +73,10 @@ TEST_F(WindowFlowTest, RibbonButtonsDoWhatTheySay)
 TEST_F(WindowFlowTest, TheApplicationButtonHoldsPreferencesAndExit)
 {
     WindowDriver user;
-    user.when("the manager is up", atRest, [] { clickAt(ribbon(), {20, 12}); });
+    user.when("the manager is up", atRest, [] { clickAt(manager(), {20, 12}); });
     pressInMenu(user, {WXK_DOWN, WXK_RETURN});
     user.when(
-        "the preferences are up", [] { return isReady("Template Preferences"); },
-        [] { windowTitled("Template Preferences")->Close(); });
+        "the preferences are up", [] { return isReady("Template Preferences"); }, [] { pressKey(WXK_ESCAPE); });
     user.when("the manager is back", atRest, [] { pressKey(WXK_F10); });
     pressInMenu(user, {WXK_UP, WXK_RETURN});
     EXPECT_EQ(load(), 0);
@@ -165,25 +103,32 @@ TEST_F(WindowFlowTest, AccessKeysOpenWhatTheButtonsOpen)
 TEST_F(WindowFlowTest, TheFocusComesBackFromEveryDialog)
 {
     const NativeDialogs dialogs;
+    const auto doing = [](std::function<void()> action)
+    {
+        return [action](WindowDriver& user)
+        {
+            user.when(
+                "a row is selected", [] { return atRest() && grid()->IsSelection(); }, action);
+        };
+    };
     const struct
     {
         const char* title;
-        std::function<void()> open;
-    } ways[] = {{"Sort", [] { clickRibbon(32801); }},
-                {"Find", [] { clickRibbon(32800); }},
-                {"Find", [] { pressKey('F', wxMOD_CONTROL); }},
-                {"Template Preferences", [] { open(32797); }},
-                {"Template Manager", [] { pressKey(WXK_DELETE); }},
-                {"", [] { clickRibbon(32804); }},
-                {"", [] { clickRibbon(32805); }}};
+        std::function<void(WindowDriver&)> open;
+    } ways[] = {{"Sort", doing([] { clickRibbon(32801); })},
+                {"Find", doing([] { clickRibbon(32800); })},
+                {"Find", doing([] { pressKey('F', wxMOD_CONTROL); })},
+                {"Template Preferences", openPreferences},
+                {"Template Manager", doing([] { pressKey(WXK_DELETE); })},
+                {"", doing([] { clickRibbon(32804); })},
+                {"", doing([] { clickRibbon(32805); })}};
     WindowDriver user;
     user.when("the manager is up", atRest, [] { clickCell(0, "Name"); });
     for (const auto& way : ways)
         for (const auto& [key, row] : {std::pair(WXK_DOWN, 1), std::pair(WXK_UP, 0)})
         {
             const bool native = !*way.title;
-            user.when(
-                "a row is selected", [] { return atRest() && grid()->IsSelection(); }, way.open);
+            way.open(user);
             user.when(
                 std::string("up: ") + way.title,
                 [native, title = way.title] { return native ? NativeDialogs::isReady() : isReady(title); },
@@ -206,7 +151,7 @@ TEST_F(WindowFlowTest, AQuitMessageEndsTheCallOverAMenu)
                   [ofGrid]
                   {
                       if (ofGrid)
-                          rightClick(grid()->GetGridColLabelWindow(), heading("Name"));
+                          person().click(heading("Name"), Person::right);
                       else
                           pressKey(WXK_F10);
                   });
@@ -220,20 +165,19 @@ TEST_F(WindowFlowTest, AQuitMessageEndsTheCallOverAMenu)
 TEST_F(WindowFlowTest, ColumnsAreMovedWidenedAndHiddenAndStaySo)
 {
     WindowDriver user;
-    user.when("the manager is up", atRest,
-              [] { drag(grid()->GetGridColLabelWindow(), heading("Hardness"), heading("Part Material")); });
+    user.when("the manager is up", atRest, [] { person().drag(heading("Hardness"), heading("Part Material")); });
     user.when(
         "the column has moved", [] { return columnOf("Hardness") == 1 && !wxGetMouseState().LeftIsDown(); },
         []
         {
             EXPECT_EQ(columnOf("Name"), 0);
-            const wxPoint edge(grid()->CellToRect(0, columnOf("Material")).GetRight() + 1, 10);
-            drag(grid()->GetGridColLabelWindow(), edge, edge + wxPoint(40, 0));
+            const wxPoint edge(placeInCell(0, "Material", 1.0).x, headings().y + 10);
+            person().drag(edge, edge + wxPoint(40, 0));
         });
     user.when(
         "the column is wider",
         [] { return grid()->GetColSize(columnOf("Material")) > 120 && !wxGetMouseState().LeftIsDown(); },
-        [] { rightClick(grid()->GetGridColLabelWindow(), heading("Name")); });
+        [] { person().click(heading("Name"), Person::right); });
     // The first item, the name, cannot be chosen.
     pressInMenu(user, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
     user.when(
@@ -265,10 +209,11 @@ TEST_F(WindowFlowTest, EveryThemeRepaintsTheWindowAndLeavesNothingBehind)
     WindowDriver user;
     user.when("the manager is up", atRest);
     for (int turn = 0; turn < 2 * 28; ++turn)
-        user.then("a theme is chosen",
+    {
+        chooseTheme(user, turn % 28);
+        user.then("it is there",
                   [&, theme = turn % 28, first = turn < 28]
                   {
-                      chooseTheme(theme);
                       const Look look = {grid()->GetDefaultCellBackgroundColour().GetRGB(),
                                          grid()->GetDefaultCellTextColour().GetRGB(),
                                          grid()->GetLabelBackgroundColour().GetRGB()};
@@ -278,19 +223,22 @@ TEST_F(WindowFlowTest, EveryThemeRepaintsTheWindowAndLeavesNothingBehind)
                       windows.insert(windowsIn(*manager()));
                       EXPECT_EQ(wxTopLevelWindows.GetCount(), 2U);
                   });
+    }
     for (const auto& [theme, background] :
          {std::pair(25, wxColour(28, 28, 28)), std::pair(26, wxColour(92, 136, 132)),
           std::pair(27, wxColour(85, 160, 185)), std::pair(26, wxColour(92, 136, 132))})
     {
-        user.then("a theme is chosen", [number = theme] { chooseTheme(number); });
-        user.when("it is painted",
-                  [expected = background]
-                  {
-                      const wxRect form = child(manager(), 1)->GetParent()->GetRect();
-                      const wxImage corner = pictureOf(manager(), {form.x + 2, form.GetBottom() - 2, 1, 1});
-                      return corner.IsOk() &&
-                             wxColour(corner.GetRed(0, 0), corner.GetGreen(0, 0), corner.GetBlue(0, 0)) == expected;
-                  });
+        chooseTheme(user, theme);
+        user.when(
+            "it is painted",
+            [expected = background]
+            {
+                const wxRect form = child(manager(), 1)->GetParent()->GetRect();
+                const wxImage corner = pictureOf(manager(), {form.x + 2, form.GetBottom() - 2, 1, 1});
+                return corner.IsOk() &&
+                       wxColour(corner.GetRed(0, 0), corner.GetGreen(0, 0), corner.GetBlue(0, 0)) == expected;
+            },
+            [number = theme] { savePicture(manager(), "template-manager-theme-" + std::to_string(number)); });
     }
     user.then("close", [] { clickManager(1150); });
     // A number that is no theme leaves the look to the user.
@@ -322,17 +270,7 @@ TEST_F(WindowFlowTest, TheHostsThemeHoldsAndTheUsersChoiceIsForWhereItSetsNone)
     {
         WindowDriver user;
         if (opening.userChooses)
-        {
-            user.when("the manager is up", atRest, [] { click(child(manager(), 1147)); });
-            user.when("the list is open", menuIsUp,
-                      []
-                      {
-                          pressKey(WXK_END);
-                          pressKey(WXK_RETURN);
-                      });
-            user.when("a theme is chosen",
-                      [] { return dynamic_cast<wxChoice*>(child(manager(), 1147))->GetSelection() == users; });
-        }
+            chooseTheme(user, users);
         user.when(
             opening.what,
             [&]
@@ -353,21 +291,53 @@ TEST_F(WindowFlowTest, TheHostsThemeHoldsAndTheUsersChoiceIsForWhereItSetsNone)
     }
 }
 
+TEST_F(WindowFlowTest, ALibraryThatMayOnlyBeReadSaysSoInALineAndNotInABox)
+{
+    const auto notice = [] { return manager()->FindWindow(1160); };
+    for (const bool readOnly : {false, true})
+    {
+        WindowDriver user;
+        user.when("the manager is up", atRest);
+        chooseTheme(user, 3);
+        user.then("close",
+                  [&, readOnly]
+                  {
+                      EXPECT_EQ(notice()->IsShown(), readOnly);
+                      EXPECT_TRUE(!readOnly ||
+                                  notice()->GetLabel().StartsWith("This template library cannot be written"));
+                      if (readOnly)
+                          savePicture(manager(), "template-manager-read-only");
+                      clickManager(1150);
+                  });
+        // Nobody, not even the superuser, may make a file in the second one.
+        EXPECT_EQ(TessaronResources::displayTemplateManagerDialogLoad(0, 0, readOnly ? "/proc" : folder(), m_current,
+                                                                      &m_result, m_owner, util::VisualTheme(-1)),
+                  0);
+    }
+}
+
 TEST_F(WindowFlowTest, TheOwnerIsEnabledAgainOnEveryWayOut)
 {
     auto* const parent = new wxFrame(nullptr, wxID_ANY, "owner's parent");
     auto* const owner = new wxFrame(parent, wxID_ANY, "owned owner");
     parent->Show();
     owner->Show();
+    const auto doing = [](std::function<void()> action)
+    { return [action](WindowDriver& user) { user.then("the way out", action); }; };
     const struct
     {
         const char* way;
-        std::function<void()> out;
-    } ways[] = {{"Cancel", [] { clickManager(1150); }},
-                {"Exit", [] { command(32798); }},
-                {"the close box", [] { manager()->Close(); }},
-                {"Apply with nothing selected", [] { clickManager(1); }},
-                {"a quit message", tessaronResourcesQuit}};
+        std::function<void(WindowDriver&)> out;
+    } ways[] = {{"Cancel", doing([] { clickManager(1150); })},
+                {"Exit",
+                 [](WindowDriver& user)
+                 {
+                     user.then("the application button", [] { pressKey(WXK_F10); });
+                     pressInMenu(user, {WXK_UP, WXK_RETURN});
+                 }},
+                {"the close box", doing([] { pressKey(WXK_F4, wxMOD_ALT); })},
+                {"Apply with nothing selected", doing([] { clickManager(1); })},
+                {"a quit message", doing(tessaronResourcesQuit)}};
     for (const auto& way : ways)
     {
         SCOPED_TRACE(way.way);
@@ -377,8 +347,8 @@ TEST_F(WindowFlowTest, TheOwnerIsEnabledAgainOnEveryWayOut)
                   {
                       EXPECT_FALSE(owner->IsEnabled());
                       EXPECT_FALSE(parent->IsEnabled());
-                      way.out();
                   });
+        way.out(user);
         EXPECT_EQ(TessaronResources::displayTemplateManagerDialogLoad(0, 0, folder(), m_current, &m_result, owner,
                                                                       util::VisualTheme::nx8),
                   0);

@@ -1,11 +1,14 @@
 #include "util/text/Ascii.h"
 #include "util/text/FoldCase.h"
 #include "util/text/ReadDouble.h"
+#include "util/text/ReadableText.h"
 #include "util/text/Utf8.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
+#include <future>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -61,6 +64,35 @@ TEST(FoldCase, LeavesBytesThatAreNoUtf8)
     for (const std::string_view text : broken)
         EXPECT_EQ(util::foldCase(text), text);
     EXPECT_EQ(util::foldCase("\xFF\xC3\x84\xC3"), "\xFF\xC3\xA4\xC3");
+}
+
+TEST(ReadableText, TakesWhatIsNoUtf8InTheCodePageOrAsLatin)
+{
+    const struct
+    {
+        const char* codePage;
+        std::string_view text;
+        std::string_view readable;
+    } texts[] = {
+        {"UTF-8", "", ""},
+        {"UTF-8", "Fräsen €", "Fräsen €"},
+        {"UTF-8", std::string_view("a\0ä", 4), std::string_view("a\0ä", 4)},
+        {"UTF-8", "Fr\xE4sen", "Fräsen"},
+        {"UTF-8", "\xDF", "ß"},
+        {"UTF-8", "5 \x80 \x96 \xD8", "5 € – Ø"},
+        {"UTF-8", "\x81\xE4", "\xC2\x81ä"},
+        {"UTF-8", std::string_view("\xE4\0b", 3), std::string_view("ä\0b", 4)},
+        {"US-ASCII", "Fr\xE4sen", "Fräsen"},
+        {"ISO-8859-5", "\xB6\xD8", "Жи"},
+        {"ISO-8859-5", "Жи", "Жи"},
+    };
+    for (const auto& [codePage, text, readable] : texts)
+    {
+        ASSERT_EQ(::setenv("CHARSET", codePage, 1), 0); // NOLINT(concurrency-mt-unsafe)
+        // A thread asks once what the code page is.
+        EXPECT_EQ(std::async(std::launch::async, util::readableText, text).get(), readable) << codePage;
+    }
+    ::unsetenv("CHARSET"); // NOLINT(concurrency-mt-unsafe)
 }
 
 TEST(Utf8, CutsBeforeTheFirstByteOfACharacter)

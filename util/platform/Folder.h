@@ -31,6 +31,8 @@ public:
     /// Same for two paths exactly when they lead to the same folder.
     std::pair<std::uint64_t, std::uint64_t> identity() const;
 
+    /// Whether this user may make files in it, as far as that can be told without making one.
+    bool canBeWritten() const;
     /// The names of all entries, in no order. False when the folder cannot be read to its end.
     bool entries(std::vector<std::string>& names) const;
     /// The stamp of a file; links are followed. Never waits, whatever the entry is.

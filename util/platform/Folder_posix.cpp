@@ -14,6 +14,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace util
 {
@@ -32,6 +33,11 @@ std::pair<std::uint64_t, std::uint64_t> Folder::identity() const
     if (system::fstat(m_fd->get(), &data) != 0)
         return {};
     return {data.st_dev, data.st_ino};
+}
+
+bool Folder::canBeWritten() const
+{
+    return m_fd->isOpen() && system::faccessat(m_fd->get(), ".", W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 bool Folder::entries(std::vector<std::string>& names) const

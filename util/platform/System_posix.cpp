@@ -36,6 +36,7 @@ constinit Calls calls = {
     ::fchown,
     ::fstat,
     ::fstatat,
+    ::faccessat,
     ::rename,
     ::unlinkat,
     ::flock,
@@ -91,6 +92,11 @@ int fstat(int file, struct stat* result)
 int fstatat(int folder, const char* path, struct stat* result, int flags)
 {
     return calls.fstatat(folder, path, result, flags);
+}
+
+int faccessat(int folder, const char* path, int rights, int flags)
+{
+    return calls.faccessat(folder, path, rights, flags);
 }
 
 int rename(const char* from, const char* to)

@@ -25,6 +25,7 @@ struct Calls
     int (*fchown)(int file, uid_t user, gid_t group);
     int (*fstat)(int file, struct stat* result);
     int (*fstatat)(int folder, const char* path, struct stat* result, int flags);
+    int (*faccessat)(int folder, const char* path, int rights, int flags);
     int (*rename)(const char* from, const char* to);
     int (*unlinkat)(int folder, const char* path, int flags);
     int (*flock)(int file, int operation);
@@ -43,6 +44,7 @@ int fchmod(int file, mode_t mode);
 int fchown(int file, uid_t user, gid_t group);
 int fstat(int file, struct stat* result);
 int fstatat(int folder, const char* path, struct stat* result, int flags);
+int faccessat(int folder, const char* path, int rights, int flags);
 /// Not repeated: whether an interrupted call has done its work cannot be told.
 int rename(const char* from, const char* to);
 int unlinkat(int folder, const char* path, int flags);

@@ -47,7 +47,8 @@ TESSARON_ENGINES_API int getTechnologyExpertData(TechnologyExpertData* data);
 /// \returns templateColumnsMissing when none is stored there; templateReadError, templateFormatError.
 TESSARON_ENGINES_API int loadTemplateDefs(const std::string& folder, const std::string& name, TemplateInfo* info);
 
-/// Stores the layout as `name` in `folder`, in the place of one that is there.
+/// Stores the layout as `name` in `folder`, in the place of one that is there. A damaged one is kept beside it, as
+/// "<name>.damaged.xml" or, where there is such a file already, "<name>.damaged-2.xml" and so on.
 /// \returns templateWriteError; templateNameMissing when `name` is empty.
 TESSARON_ENGINES_API int saveTemplateDefs(const std::string& folder, const std::string& name, const TemplateInfo& info);
 
@@ -55,7 +56,8 @@ TESSARON_ENGINES_API int saveTemplateDefs(const std::string& folder, const std::
 /// \returns templateReadError, templateFormatError.
 TESSARON_ENGINES_API int loadTemplateFolders(const std::string& path, std::vector<std::string>* folders);
 
-/// Keeps a list of template folders in the folder `path`, in the place of one that is there.
+/// Keeps a list of template folders in the folder `path`, in the place of one that is there. A damaged one is kept as
+/// saveTemplateDefs() does.
 /// \returns templateWriteError.
 TESSARON_ENGINES_API int saveTemplateFolders(const std::string& path, const std::vector<std::string>& folders);
 

@@ -6,6 +6,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
+#include <functional>
 #include <limits>
 
 namespace status = exchange::status;
@@ -83,6 +86,34 @@ TEST(TemplateDefs, DamagedDefinitionsAreAFormatErrorAndChangeNothing)
     EXPECT_EQ(util::saveTemplateDefs(folder.path(), "x", read), status::templateWriteError);
 }
 
+TEST(TemplateDefs, DamagedFilesAreKeptBesideTheNewOnes)
+{
+    const TemporaryFolder folder;
+    const struct
+    {
+        std::string name;
+        std::function<int()> save;
+    } files[] = {
+        {"x", [&] { return util::saveTemplateDefs(folder.path(), "x", makeInfo()); }},
+        {"template_folders", [&] { return util::saveTemplateFolders(folder.path(), {"/a"}); }},
+    };
+    for (const auto& [name, save] : files)
+    {
+        SCOPED_TRACE(name);
+        for (const char* const bytes : {"damaged", "again"})
+        {
+            writeBytes(folder / (name + ".xml"), bytes);
+            EXPECT_EQ(save(), status::ok);
+        }
+        const std::string good = readBytes(folder / (name + ".xml"));
+        EXPECT_EQ(save(), status::ok);
+        EXPECT_EQ(readBytes(folder / (name + ".xml")), good);
+        EXPECT_EQ(readBytes(folder / (name + ".damaged.xml")), "damaged");
+        EXPECT_EQ(readBytes(folder / (name + ".damaged-2.xml")), "again");
+        EXPECT_FALSE(std::filesystem::exists(folder / (name + ".damaged-3.xml")));
+    }
+}
+
 TEST(TemplateDefs, CountsInAFileAreNotTrusted)
 {
     std::vector<util::Parameterized> sets = util::store::setsOfInfo(makeInfo());
@@ -92,6 +123,22 @@ TEST(TemplateDefs, CountsInAFileAreNotTrusted)
     ASSERT_TRUE(util::store::infoOfSets(sets, info));
     EXPECT_LE(info.sortLevels.size(), sets[0].size());
     EXPECT_TRUE(info.columns[0].options.empty());
+}
+
+TEST(TemplateDefs, ASaveRemovesWhatKilledOnesLeft)
+{
+    const TemporaryFolder folder;
+    const std::string old = folder / ".defs.xml.123-1.tmp";
+    const std::string young = folder / ".defs.xml.123-2.tmp";
+    const std::string ofAnother = folder / ".other.xml.123-3.tmp";
+    for (const std::string& path : {old, young, ofAnother})
+        writeBytes(path, "half");
+    for (const std::string& path : {old, ofAnother})
+        std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() - std::chrono::hours(2));
+    EXPECT_EQ(util::saveTemplateDefs(folder.path(), "defs", {}), status::ok);
+    EXPECT_FALSE(std::filesystem::exists(old));
+    EXPECT_TRUE(std::filesystem::exists(young));
+    EXPECT_TRUE(std::filesystem::exists(ofAnother));
 }
 
 TEST(TemplateFolders, ListComesBackAndIsEmptyAtFirst)

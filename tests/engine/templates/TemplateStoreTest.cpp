@@ -237,8 +237,43 @@ TEST_F(TemplateStore, ArraysComeBackInTheirOrderWithGuids)
     EXPECT_THAT(read, IsEmpty());
     EXPECT_EQ(util::saveTemplateArrayFile(folder / "no/such/folder/x", given), status::templateWriteError);
     EXPECT_EQ(util::saveTemplateArrayFile(folder / "", given), status::templateNameMissing);
+    for (const util::Key& key : {keys::templateVersion, keys::templateDateCreated, keys::templateDateModified})
+    {
+        Parameterized lacking = given[2];
+        lacking.erase(key);
+        ASSERT_EQ(util::saveTemplateArrayFile(folder / "all.XML", {lacking}), status::ok);
+        ASSERT_EQ(util::loadTemplateArrayFile(folder / "all.XML", &read), status::ok);
+        EXPECT_FALSE(read.front().stringOr(key, "").empty()) << key.c_str();
+        lacking.set(key, read.front().stringOr(key, ""));
+        EXPECT_EQ(read.front(), lacking) << "what it has stays";
+    }
     // Exported lists in the folder are no templates of it, and no fault either.
     EXPECT_THAT(names(), ElementsAre("kept"));
+}
+
+TEST_F(TemplateStore, WithoutAFolderMeansTheCurrentOne)
+{
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    Parameterized set = makeTemplate("a");
+    EXPECT_EQ(util::saveTemplateFile("a", true, &set), status::ok);
+    EXPECT_THAT(names(), ElementsAre("a"));
+    std::vector<Parameterized> read;
+    EXPECT_EQ(util::loadTemplateFiles("", 0, &read), status::ok);
+    EXPECT_EQ(read.size(), 1U);
+    EXPECT_EQ(util::saveTemplateArrayFile("array.vtmpl", read), status::ok);
+    EXPECT_EQ(util::loadTemplateArrayFile("array.vtmpl", &read), status::ok);
+    EXPECT_EQ(util::saveTemplateDefs("", "x", {}), status::ok);
+    util::TemplateInfo info;
+    EXPECT_EQ(util::loadTemplateDefs("", "x", &info), status::ok);
+    EXPECT_EQ(util::saveTemplateFolders("", {"/f"}), status::ok);
+    std::vector<std::string> folders;
+    EXPECT_EQ(util::loadTemplateFolders("", &folders), status::ok);
+    EXPECT_EQ(folders.size(), 1U);
+    EXPECT_EQ(util::genTemplateName("", "a", &set), status::ok);
+    EXPECT_EQ(util::deleteTemplateFile("", read.front()), status::ok);
+    EXPECT_THAT(names(), IsEmpty());
+    std::filesystem::current_path(before);
 }
 
 TEST_F(TemplateStore, GeneratesTheFirstFreeName)
