@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <limits>
 
 namespace TessaronResources
 {
@@ -76,6 +78,26 @@ wxPoint windowPlace(const std::optional<wxPoint>& kept, const wxSize& size, cons
         place = around.GetPosition() + (around.GetSize() - size) / 2;
     }
     return {within(place.x, size.x, screen->x, screen->width), within(place.y, size.y, screen->y, screen->height)};
+}
+
+wxPoint placeBeside(const wxRect& window, const wxRect& uncovered, const wxRect& screen)
+{
+    wxPoint best = window.GetPosition();
+    if (!window.Intersects(uncovered))
+        return best;
+    constexpr int gap = 8;
+    int shortest = std::numeric_limits<int>::max();
+    for (const wxPoint& place :
+         {wxPoint(window.x, uncovered.GetBottom() + 1 + gap), wxPoint(window.x, uncovered.y - gap - window.height),
+          wxPoint(uncovered.GetRight() + 1 + gap, window.y), wxPoint(uncovered.x - gap - window.width, window.y)})
+    {
+        const int way = std::abs(place.x - window.x) + std::abs(place.y - window.y);
+        if (way >= shortest || !screen.Contains(wxRect(place, window.GetSize())))
+            continue;
+        shortest = way;
+        best = place;
+    }
+    return best;
 }
 
 void WindowPlace::comeUp(wxTopLevelWindow& window, const wxString& name, Keeps keeps, const wxWindow* owner)

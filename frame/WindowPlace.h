@@ -19,6 +19,10 @@ namespace TessaronResources
 wxPoint windowPlace(const std::optional<wxPoint>& kept, const wxSize& size, const wxRect& owner,
                     const std::vector<wxRect>& screens);
 
+/// Where a window goes so that it does not cover a part of the screen: below that part, above it or beside it, by the
+/// shortest way. Where it is when it does not cover it, or there is no room. All in pixels.
+wxPoint placeBeside(const wxRect& window, const wxRect& uncovered, const wxRect& screen);
+
 /// Puts a window where the user wants it, and keeps in the user's profile where he moved it.
 class WindowPlace
 {

@@ -58,4 +58,26 @@ TEST(WindowPlace, IsWhereItWasKeptIfItCanBeSeenThere)
         EXPECT_EQ(windowPlace(one.kept, window, owner, one.screens), one.place) << one.what;
 }
 
+TEST(WindowPlace, GoesBesideWhatItWouldCoverByTheShortestWay)
+{
+    const wxRect screen = oneScreen.front();
+    const wxRect dialog(400, 300, 300, 100);
+    const struct
+    {
+        const char* what;
+        wxRect shown;
+        wxPoint place;
+    } cases[] = {
+        {"not covered", {400, 450, 90, 20}, {400, 300}},
+        {"near its upper edge", {400, 310, 90, 20}, {400, 338}},
+        {"near its lower edge", {400, 370, 90, 20}, {400, 262}},
+        {"near its left edge", {310, 330, 100, 60}, {418, 300}},
+        {"larger than the screen", {0, 0, 1280, 720}, {400, 300}},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(TessaronResources::placeBeside(dialog, one.shown, screen), one.place) << one.what;
+    EXPECT_EQ(TessaronResources::placeBeside({400, 610, 300, 100}, {400, 615, 300, 20}, screen), wxPoint(400, 507))
+        << "there is no room below";
+}
+
 } // namespace
