@@ -6,6 +6,7 @@
 #include "frame/MessageDialog.h"
 #include "frame/ModalLoop.h"
 #include "frame/Toolkit.h"
+#include "frame/WindowPlace.h"
 #include "frame/looks/VisualManager.h"
 #include "frame/native/FocusReturn.h"
 #include "frame/native/NativeToolkit.h"
@@ -19,6 +20,7 @@
 #include <wx/stattext.h>
 #include <wx/textentry.h>
 #include <wx/utils.h>
+#include <wx/weakref.h>
 
 #include <cmath>
 
@@ -41,6 +43,15 @@ wxFont templateFont()
 
 } // namespace
 
+struct DialogBase::Place
+{
+    int templateId = 0; ///< 0: a dialog of no template, as messages are, keeps no place
+    wxWeakRef<wxWindow> owner;
+    WindowPlace keeper;
+};
+
+DialogBase::DialogBase() : m_place(std::make_unique<Place>()) {}
+
 DialogBase::~DialogBase() = default;
 
 bool DialogBase::create(int templateId, wxWindow* parent)
@@ -56,18 +67,20 @@ bool DialogBase::create(int templateId, wxWindow* parent)
     SetBackgroundStyle(wxBG_STYLE_SYSTEM);
     native::makeCompact(*this);
     initialise();
+    m_place->templateId = templateId;
+    // Without a parent, the toolkit has found an owner among the host's windows.
+    m_place->owner = GetParent();
     if (!parent)
-    {
-        // The toolkit has found an owner among the host's windows.
-        CentreOnParent();
         detachFromOwner(*this);
-    }
     return true;
 }
 
 bool DialogBase::createBare(wxWindow* parent, const wxString& caption)
 {
-    return toolkitRunning() && wxDialog::Create(parent, wxID_ANY, caption);
+    if (!toolkitRunning() || !wxDialog::Create(parent, wxID_ANY, caption))
+        return false;
+    m_place->owner = GetParent();
+    return true;
 }
 
 void DialogBase::initialise()
@@ -135,6 +148,20 @@ void DialogBase::DestroyWindow()
 
 void DialogBase::PostNcDestroy() {}
 
+bool DialogBase::Show(bool show)
+{
+    if (show && !IsShown())
+    {
+        const WindowPlace::Keeps kept = m_place->templateId == 0   ? WindowPlace::Keeps::nothing
+                                        : HasFlag(wxRESIZE_BORDER) ? WindowPlace::Keeps::placeAndSize
+                                                                   : WindowPlace::Keeps::place;
+        m_place->keeper.comeUp(*this, wxString::Format("%d", m_place->templateId), kept, m_place->owner);
+    }
+    else if (!show && IsShown())
+        m_place->keeper.keep(*this);
+    return wxDialog::Show(show);
+}
+
 int DialogBase::ShowModal()
 {
     if (!GetHandle())
@@ -144,8 +171,6 @@ int DialogBase::ShowModal()
     m_modalResult = idCancel;
     const native::FocusReturn focus;
     const wxWindowDisabler othersDisabled(this);
-    if (GetParent())
-        CentreOnParent();
     native::setModal(*this, true);
     Show();
     Raise();

@@ -197,11 +197,8 @@ void TemplateManagerCommands::find()
 {
     m_grid->finishEdit();
     m_grid->searchFromStart();
-    const auto findNext = [this](const std::string& text) -> const std::vector<std::string>&
-    {
-        searchNext(text);
-        return m_grid->searchedTexts();
-    };
+    const auto findNext = [this](const std::string& text)
+    { return searchNext(text) ? m_grid->currentCellOnScreen() : wxRect(); };
     TemplateManagerFindDialog(findNext, m_grid->searchedTexts(), &m_frame).ShowModal();
 }
 
@@ -213,11 +210,13 @@ void TemplateManagerCommands::findAgain()
         searchNext(m_searched);
 }
 
-void TemplateManagerCommands::searchNext(const std::string& text)
+bool TemplateManagerCommands::searchNext(const std::string& text)
 {
     m_searched = text;
-    if (m_grid->findNext(text) == TemplateFind::Result::notFound)
+    const TemplateFind::Result result = m_grid->findNext(text);
+    if (result == TemplateFind::Result::notFound)
         m_prompts.showError(translated(templateNotFoundText));
+    return result == TemplateFind::Result::found;
 }
 
 } // namespace TessaronResources

@@ -47,7 +47,8 @@ private:
     void exportTemplates();
     void sort();
     void preferences();
-    void searchNext(const std::string& text);
+    /// \returns whether there was a hit.
+    bool searchNext(const std::string& text);
 
     wxFrame& m_frame;
     TemplateSession& m_session;

@@ -24,6 +24,7 @@ namespace
 constexpr int iconId = 1001;
 constexpr int smallestWidth = 640;
 constexpr int smallestHeight = 400;
+constexpr int titleHeight = 32;
 constexpr int noticeId = 1160;
 constexpr int noticeMargin = 6;
 
@@ -32,7 +33,7 @@ constexpr int noticeMargin = 6;
 TemplateManagerFrameWnd::TemplateManagerFrameWnd(wxWindow* owner, const TemplateManagerInputs& inputs)
     : wxFrame(owner, wxID_ANY, translatedLabel("Operation Template Manager"), wxDefaultPosition, wxDefaultSize,
               wxDEFAULT_FRAME_STYLE | (owner ? wxFRAME_FLOAT_ON_PARENT : 0)),
-      m_form(new TemplateManagerFormView(*this, inputs))
+      m_form(new TemplateManagerFormView(*this, inputs)), m_owner(owner)
 {
     detachFromOwner(*this);
     SetIcons(currentResources().icon(iconId));
@@ -60,16 +61,29 @@ bool TemplateManagerFrameWnd::initialUpdate()
     m_form->SetMinSize(wxSize(0, 0));
     SetSizer(sizer);
 
-    const wxSize screen = wxDisplay(static_cast<wxWindow*>(this)).GetClientArea().GetSize();
+    // Room for the title as well.
+    const wxWindow* const near = m_owner ? m_owner.get() : this;
+    wxSize room = wxDisplay(near).GetClientArea().GetSize() - FromDIP(wxSize(0, titleHeight));
     SetMinSize(FromDIP(wxSize(smallestWidth, smallestHeight)));
-    SetSize(wxSize(std::clamp(m_form->info().windowWidth, GetMinSize().x, std::max(screen.x, GetMinSize().x)),
-                   std::clamp(m_form->info().windowHeight, GetMinSize().y, std::max(screen.y, GetMinSize().y))));
+    room.IncTo(GetMinSize());
+    SetSize(wxSize(std::clamp(m_form->info().windowWidth, GetMinSize().x, room.x),
+                   std::clamp(m_form->info().windowHeight, GetMinSize().y, room.y)));
     Layout();
     // Not every window of a host is the toolkit's and can be disabled.
     native::setModal(*this, true);
     Show();
     Raise();
     return true;
+}
+
+bool TemplateManagerFrameWnd::Show(bool show)
+{
+    // The size is stored with the definitions.
+    if (show && !IsShown())
+        m_place.comeUp(*this, "TemplateManager", WindowPlace::Keeps::place, m_owner);
+    else if (!show && IsShown())
+        m_place.keep(*this);
+    return wxFrame::Show(show);
 }
 
 void TemplateManagerFrameWnd::applyLook()

@@ -1,7 +1,10 @@
 #ifndef TEMPLATES_TEMPLATEMANAGERFRAMEWND_H
 #define TEMPLATES_TEMPLATEMANAGERFRAMEWND_H
 
+#include "frame/WindowPlace.h"
+
 #include <wx/frame.h>
+#include <wx/weakref.h>
 
 class wxStaticText;
 
@@ -24,6 +27,7 @@ public:
 
     /// A host does not live on because of a window of the module.
     bool ShouldPreventAppExit() const override { return false; }
+    bool Show(bool show = true) override;
 
     /// Takes on the look in force.
     void applyLook();
@@ -40,6 +44,8 @@ private:
     TemplateManagerFormView* m_form;
     TemplateManagerRibbon* m_ribbon = nullptr;
     wxStaticText* m_notice = nullptr;
+    wxWeakRef<wxWindow> m_owner;
+    WindowPlace m_place;
 };
 
 } // namespace TessaronResources

@@ -1,6 +1,9 @@
 #include "templates/dialogs/TemplateManagerFindDialog.h"
 
+#include "frame/WindowPlace.h"
+
 #include <wx/combobox.h>
+#include <wx/display.h>
 
 #include <utility>
 
@@ -52,8 +55,11 @@ void TemplateManagerFindDialog::onFindNext()
     if (!m_text)
         return;
     const wxString typed = m_text->GetValue();
-    offer(*m_text, m_findNext(typed.utf8_string()));
+    const wxRect hit = m_findNext(typed.utf8_string());
+    offer(*m_text, m_history);
     m_text->ChangeValue(typed);
+    if (!hit.IsEmpty())
+        Move(placeBeside(GetScreenRect(), hit, wxDisplay(this).GetClientArea()));
 }
 
 } // namespace TessaronResources

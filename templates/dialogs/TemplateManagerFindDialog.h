@@ -17,8 +17,9 @@ class TemplateManagerFindDialog : public DialogBase
 public:
     /// Searches onward for a text as typed, moves the grid's current cell to a hit, and tells the user when there is
     /// none.
-    /// \returns the texts searched for so far, oldest first.
-    typedef std::function<const std::vector<std::string>&(const std::string& typed)> FindNext;
+    /// \returns where the hit is on the screen; empty when there is none. The texts searched for so far are in `history`
+    /// then.
+    typedef std::function<wxRect(const std::string& typed)> FindNext;
 
     TemplateManagerFindDialog(FindNext findNext, const std::vector<std::string>& history, wxWindow* owner);
 

@@ -49,7 +49,6 @@ public:
         SetSizerAndFit(all);
         initialise();
         enableVisualManagerStyle();
-        CentreOnParent();
         Show();
         Raise();
     }

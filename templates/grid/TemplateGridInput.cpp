@@ -79,11 +79,9 @@ void TemplateGridInput::followHeadingClicks()
     wxWindow* const headings = m_grid.GetGridColLabelWindow();
     const auto onPress = [this](wxMouseEvent& event)
     {
+        event.Skip();
         m_pressedAt = event.GetPosition();
         m_pressedHeading = headingAt(event.GetPosition());
-        // Beside the headings the toolkit would begin to drag a column -1.
-        event.Skip(m_grid.XToCol(m_grid.CalcUnscrolledPosition(m_pressedAt).x) != wxNOT_FOUND ||
-                   m_grid.XToEdgeOfCol(m_grid.CalcUnscrolledPosition(m_pressedAt).x) != wxNOT_FOUND);
     };
     headings->Bind(wxEVT_LEFT_DOWN, onPress);
     headings->Bind(wxEVT_LEFT_DCLICK, onPress);
@@ -173,7 +171,8 @@ void TemplateGridInput::onKeyDown(wxKeyEvent& event)
         m_commands.deleteByKey();
     else if (event.GetKeyCode() == 'A' && onlyControl)
         m_grid.SelectAll();
-    else
+    // In an empty grid the toolkit would look for the cells around one that is not there.
+    else if (m_grid.GetGridCursorRow() >= 0 || !isNavigation(event.GetKeyCode()))
     {
         event.Skip();
         if ((event.GetModifiers() == wxMOD_NONE || onlyControl) && isNavigation(event.GetKeyCode()))

@@ -18,8 +18,6 @@ namespace TessaronResources
 namespace
 {
 
-constexpr int cellMargin = 4;
-
 const VisualPalette& palette()
 {
     return VisualManager::current().palette();

@@ -29,6 +29,9 @@ struct HeadingState
     std::uint32_t backColour = util::TemplateInfo::noColour;
 };
 
+/// What a cell leaves free on both sides of its text, as designed for a scale of 1.
+inline constexpr int cellMargin = 4;
+
 /// A cell's place, as columns take it.
 CellArea cellArea(const wxWindow& grid, const wxRect& cell);
 

@@ -31,7 +31,8 @@ constexpr int nameColumn = 0;
 TemplateManagerGrid::TemplateManagerGrid(wxWindow* parent, int id, TemplateSession& session,
                                          TemplateGridCommands& commands)
     : EditingGrid(parent, id, wxWANTS_CHARS | wxBORDER_NONE), m_session(session), m_commands(commands),
-      m_table(new TemplateGridTable(session)), m_hint(*this), m_input(*this, *m_table, session, commands)
+      m_table(new TemplateGridTable(session)), m_hint(*this), m_input(*this, *m_table, session, commands),
+      m_tip(*this, *m_table)
 {
     m_table->SetAttrProvider(new TemplateHeadings(m_headings, session.rows()));
     SetTable(m_table, true, wxGridSelectRows);
@@ -358,6 +359,12 @@ TemplateFind::Result TemplateManagerGrid::findNext(const std::string& text)
         SelectRow(m_find.hit().row);
     }
     return result;
+}
+
+wxRect TemplateManagerGrid::currentCellOnScreen() const
+{
+    const wxRect cell = CellToRect(GetGridCursorCoords());
+    return {GetGridWindow()->ClientToScreen(CalcScrolledPosition(cell.GetPosition())), cell.GetSize()};
 }
 
 } // namespace TessaronResources

@@ -3,6 +3,7 @@
 
 #include "templates/TemplateFind.h"
 #include "templates/TemplateSession.h"
+#include "templates/grid/CutOffTip.h"
 #include "templates/grid/EditingGrid.h"
 #include "templates/grid/EmptyGridHint.h"
 #include "templates/grid/TemplateGridInput.h"
@@ -62,6 +63,8 @@ public:
     /// The next search begins at the first cell again.
     void searchFromStart() { m_find.startOver(); }
     const std::vector<std::string>& searchedTexts() const { return m_find.history(); }
+    /// Where the current cell is on the screen.
+    wxRect currentCellOnScreen() const;
 
 private:
     // The grid as its columns see it. Cells are drawn on demand: only headings are set up.
@@ -108,6 +111,7 @@ private:
     TemplateFind m_find;
     EmptyGridHint m_hint;
     TemplateGridInput m_input;
+    CutOffTip m_tip;
 };
 
 } // namespace TessaronResources

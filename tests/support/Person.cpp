@@ -10,8 +10,10 @@
 #include <X11/keysym.h>
 #include <gtk/gtk.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <map>
+#include <thread>
 #include <utility>
 
 namespace testing_support
@@ -76,6 +78,7 @@ public:
         if (m_display)
             XTestFakeButtonEvent(m_display, number, down, CurrentTime);
         sync();
+        waitForButton(number, down);
     }
     void modifiers(unsigned set, bool down)
     {
@@ -110,6 +113,24 @@ private:
     {
         if (m_display)
             XSync(m_display, False);
+    }
+
+    // A window manager may hold the pointer back for a moment, to raise the window. Keys would overtake it then, and
+    // a click lose the modifiers that are held.
+    void waitForButton(unsigned number, bool down)
+    {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        const auto isDown = [&]
+        {
+            Window window = None;
+            int ignored = 0;
+            unsigned state = 0;
+            XQueryPointer(m_display, DefaultRootWindow(m_display), &window, &window, &ignored, &ignored, &ignored,
+                          &ignored, &state);
+            return (state & (Button1Mask << (number - 1))) != 0;
+        };
+        while (m_display && isDown() != down && std::chrono::steady_clock::now() < deadline)
+            std::this_thread::yield();
     }
 
     KeyCode findSpareKey()

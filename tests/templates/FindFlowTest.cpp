@@ -118,4 +118,45 @@ TEST_F(FindFlowTest, FindGoesOnAfterItFoundNothing)
     EXPECT_EQ(load(), 0);
 }
 
+TEST_F(FindFlowTest, TheDialogDoesNotCoverWhatItFinds)
+{
+    for (int k = 0; k < 30; ++k)
+        store("Row " + std::to_string(100 + k), 3.0, 1.0);
+    const auto dialog = [] { return windowTitled("Find"); };
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { clickRibbon(32800); });
+    user.when(
+        "the dialog waits for a text", [] { return isReady("Find"); }, [] { type("6061"); });
+    // From hit to hit the cell passes under where the dialog is.
+    int moved = 0;
+    wxPoint at;
+    for (int row = 0; row < 20; ++row)
+    {
+        user.then("find the next one",
+                  [&]
+                  {
+                      at = dialog()->GetPosition();
+                      pressKey(WXK_RETURN);
+                  });
+        user.when(
+            "the cell is found and in view",
+            [=]
+            {
+                const wxRect shown = dialog()->GetScreenRect();
+                return grid()->GetGridCursorRow() == row && grid()->GetGridCursorCol() == columnOf("Material") &&
+                       !shown.Contains(placeInCell(row, "Material")) &&
+                       !shown.Contains(placeInCell(row, "Material", 0.95));
+            },
+            [&] { moved += dialog()->GetPosition() != at ? 1 : 0; });
+    }
+    user.then("close",
+              [&]
+              {
+                  EXPECT_GT(moved, 0) << "the dialog was never in the way";
+                  pressKey(WXK_ESCAPE);
+              });
+    user.when("the manager is back", atRest, [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
 } // namespace

@@ -167,6 +167,22 @@ TEST_F(GridEditFlowTest, AListDropsFromItsCellAndChangesOnlyWhatIsChosen)
     EXPECT_EQ(load(), 0);
 }
 
+TEST_F(GridEditFlowTest, ANameThatIsCutOffShowsWholeUnderThePointer)
+{
+    const std::string whole = "A name that is much longer than its column is wide";
+    store(whole, 8.0, 1.0);
+    const auto tip = [] { return grid()->GetGridWindow()->GetToolTipText(); };
+    WindowDriver user;
+    user.when("the manager is up", atRest, [] { person().moveTo(placeInCell(0, "Name")); });
+    user.when(
+        "it shows whole", [&] { return tip() == whole; }, [] { person().moveTo(placeInCell(1, "Name")); });
+    user.when(
+        "a short one needs no tip", [tip] { return tip().empty(); },
+        [] { person().moveTo(placeInCell(0, "Description")); });
+    user.then("close", [] { clickManager(1150); });
+    EXPECT_EQ(load(), 0);
+}
+
 TEST_F(GridEditFlowTest, AClickOnAStarRates)
 {
     WindowDriver user;

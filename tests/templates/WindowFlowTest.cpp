@@ -4,6 +4,7 @@
 #include <wx/modalhook.h>
 
 #include <array>
+#include <cstdlib>
 #include <map>
 #include <set>
 
@@ -313,6 +314,100 @@ TEST_F(WindowFlowTest, ALibraryThatMayOnlyBeReadSaysSoInALineAndNotInABox)
         EXPECT_EQ(TessaronResources::displayTemplateManagerDialogLoad(0, 0, readOnly ? "/proc" : folder(), m_current,
                                                                       &m_result, m_owner, util::VisualTheme(-1)),
                   0);
+    }
+}
+
+TEST_F(WindowFlowTest, WindowsComeUpOverTheirOwnerAndThenWhereTheUserMovedThem)
+{
+    const auto middle = [](const wxTopLevelWindow* window)
+    {
+        const wxRect rect = window->GetScreenRect();
+        return rect.GetPosition() + rect.GetSize() / 2;
+    };
+    const auto expectNear = [](wxPoint one, wxPoint other, int distance)
+    {
+        EXPECT_NEAR(one.x, other.x, distance);
+        EXPECT_NEAR(one.y, other.y, distance);
+    };
+    // Grips a window by its title.
+    const auto moveBy = [](const wxTopLevelWindow* window, wxPoint way)
+    {
+        const wxPoint grip(window->ClientToScreen(wxPoint(0, 0)).x + 60, window->GetScreenPosition().y + 8);
+        person().drag(grip, grip + way);
+    };
+    // Nothing is known of this user yet.
+    std::filesystem::remove_all(std::getenv("XDG_CONFIG_HOME"));
+    m_owner->SetSize(700, 500, 600, 400);
+    waitFor("the owner is there", [this] { return m_owner->GetPosition() == wxPoint(700, 500); });
+    wxPoint managerAt;
+    wxPoint sortAt;
+    wxSize sortSize;
+    for (const bool again : {false, true})
+    {
+        WindowDriver user;
+        user.when("the manager is up", atRest,
+                  [&, again]
+                  {
+                      // What the window manager adds is not known when a window is placed.
+                      if (again)
+                          expectNear(manager()->GetPosition(), managerAt, 1);
+                      else
+                          expectNear(middle(manager()), middle(m_owner), 40);
+                      clickRibbon(32801);
+                  });
+        user.when(
+            "the dialog is up", [] { return isReady("Sort"); },
+            [&, again]
+            {
+                wxTopLevelWindow* const sort = windowTitled("Sort");
+                if (again)
+                {
+                    expectNear(sort->GetPosition(), sortAt, 1);
+                    EXPECT_EQ(sort->GetSize(), sortSize);
+                    pressKey(WXK_ESCAPE);
+                    return;
+                }
+                expectNear(middle(sort), middle(manager()), 40);
+                sortAt = sort->GetPosition();
+                sortSize = sort->GetSize();
+                moveBy(sort, {-90, 70});
+            });
+        if (!again)
+        {
+            user.when(
+                "it has moved",
+                [&] { return windowTitled("Sort")->GetPosition() != sortAt && !wxGetMouseState().LeftIsDown(); },
+                [&]
+                {
+                    sortAt = windowTitled("Sort")->GetPosition();
+                    const wxRect rect = windowTitled("Sort")->GetScreenRect();
+                    person().drag(rect.GetBottomRight() - wxPoint(1, 1), rect.GetBottomRight() + wxPoint(60, 40));
+                });
+            user.when(
+                "it has grown",
+                [&] { return windowTitled("Sort")->GetSize() != sortSize && !wxGetMouseState().LeftIsDown(); },
+                [&]
+                {
+                    sortSize = windowTitled("Sort")->GetSize();
+                    sortAt = windowTitled("Sort")->GetPosition();
+                    pressKey(WXK_ESCAPE);
+                });
+            user.when("the manager is back", atRest,
+                      [&]
+                      {
+                          managerAt = manager()->GetPosition();
+                          moveBy(manager(), {50, -60});
+                      });
+            user.when("it has moved",
+                      [&] { return manager()->GetPosition() != managerAt && !wxGetMouseState().LeftIsDown(); });
+        }
+        user.when("the end", atRest,
+                  [&]
+                  {
+                      managerAt = manager()->GetPosition();
+                      clickManager(1150);
+                  });
+        EXPECT_EQ(load(), 0);
     }
 }
 

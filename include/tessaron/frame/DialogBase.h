@@ -7,6 +7,8 @@
 
 #include <wx/dialog.h>
 
+#include <memory>
+
 namespace TessaronResources
 {
 
@@ -29,6 +31,8 @@ public:
     /// A host does not live on because of a window of the module.
     bool ShouldPreventAppExit() const override { return false; }
     bool IsModal() const override { return m_modal; }
+    /// Comes up where the user left the dialog last, and else in the middle of the owner, whole on the owner's screen.
+    bool Show(bool show = true) override;
 
     /// Fills the form from the members (false) or reads it into them (true).
     /// \returns false when a field could not be read; the user has been told.
@@ -53,7 +57,7 @@ public:
     int templatePixels(int pixels) const;
 
 protected:
-    DialogBase() = default;
+    DialogBase();
 
     /// Creates the window from a template and initialises it.
     /// \returns false when there is no window then.
@@ -88,6 +92,8 @@ private:
     void nameControls();
     void focusFirstControl();
 
+    struct Place;
+    std::unique_ptr<Place> m_place;
     bool m_modal = false;
     int m_modalResult = wxID_CANCEL;
 };
