@@ -4,7 +4,9 @@
 
 #include <cstdio>
 #include <exception>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 // engine_toolpath_report INPUT TOOLPATH...: what each toolpath of an input means to a machine, and what is wrong with it.
@@ -31,6 +33,17 @@ try
                     seconds.all(), seconds.cut, seconds.air, seconds.ramp, seconds.plunge, seconds.rapid);
         for (const double length : report.engagement)
             std::printf(" %.3f m", length / 1000);
+        // What each feed rate comes to; 0 is rapid.
+        std::map<double, std::pair<double, double>> byFeed;
+        const std::vector<simulator::Motion> motions = simulator::motionsOf(toolpath).all;
+        const std::vector<double> times = simulator::secondsOf(motions, options.machine);
+        for (std::size_t k = 0; k < motions.size(); ++k)
+        {
+            byFeed[motions[k].feed].first += motions[k].length() / 1000;
+            byFeed[motions[k].feed].second += times[k];
+        }
+        for (const auto& [feed, sums] : byFeed)
+            std::printf("\n  F%g: %.3f m, %.1f s", feed, sums.first, sums.second);
         const std::string problems = report.problems();
         std::printf("\n  %s\n", problems.empty() ? "sound" : problems.c_str());
     }

@@ -225,6 +225,11 @@ private:
             constexpr std::array<double, 5> borders = {0.005, 0.25, 0.5, 0.75, 0.95};
             const auto bin =
                 static_cast<std::size_t>(std::upper_bound(borders.begin(), borders.end(), part) - borders.begin());
+            if (part > 0.1 && motion.feed > 1.5 * m_operation.feed)
+            {
+                ++m_report.fastCuts;
+                note("cut at high feed", motion);
+            }
             if (bin == 0)
                 airLength += m_stride.length;
             if (std::fabs(motion.descent()) <= m_speck)
@@ -302,6 +307,7 @@ std::string Report::problems() const
         {"rapids through material", rapidsThroughMaterial},
         {"rapids across below the top", lowRapids},
         {"cuts too deep", deepCuts},
+        {"cuts at high feed", fastCuts},
         {"plunges", plunges},
         {"unsound records", unsoundRecords},
     };

@@ -46,6 +46,8 @@ struct Report
     std::size_t rapidsThroughMaterial = 0;
     /// Rapids across below the top of the material, whether anything is in their way or not.
     std::size_t lowRapids = 0;
+    /// Stretches cut wider than a tenth of the diameter at a feed rate far above "Feedrate".
+    std::size_t fastCuts = 0;
     /// Moves across that take off more than "Depth of Cut" at once.
     std::size_t deepCuts = 0;
     /// Feed moves down that are steeper than "Ramp Angle", into a disc of which more than a twentieth is material.

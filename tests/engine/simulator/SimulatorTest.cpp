@@ -114,6 +114,8 @@ INSTANTIATE_TEST_SUITE_P(
         Faulty{"rapidAcrossInAir", 10, {RapidMove{at(14, 14, -2)}}, &simulator::Report::lowRapids},
         Faulty{"plunge", 4, {LinearMove{at(14, 16, -1)}}, &simulator::Report::plunges},
         Faulty{"steepRamp", 4, {LinearMove{at(16, 16, -1)}}, &simulator::Report::plunges},
+        Faulty{
+            "highFeedThroughMaterial", 6, {FeedRate{5000}, LinearMove{at(14, 14, -2)}}, &simulator::Report::fastCuts},
         Faulty{"noFeed", 1, {}, &simulator::Report::unsoundRecords},
         Faulty{"arcTooSmall", 7, {Arc<0>{at(22, 14, -2), 3}}, &simulator::Report::unsoundRecords},
         Faulty{"noNumber", 7, {LinearMove{at(22, std::nan(""), -2)}}, &simulator::Report::unsoundRecords}),

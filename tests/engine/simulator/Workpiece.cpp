@@ -19,6 +19,7 @@ Operation::Operation(const util::Parameterized& parameters)
     top = parameters.numberOr(keys::topMaterialZ, 0);
     floor = parameters.numberOr(keys::zDepth, 0) + parameters.numberOr(keys::zStockToLeave, 0);
     depthOfCut = parameters.numberOr(keys::depthOfCut, 0);
+    feed = parameters.numberOr(keys::feedrate, 0) * std::max(1.0, parameters.numberOr(keys::feedrateEntryFactor, 1));
     slope = std::tan(parameters.numberOr(keys::rampAngle, 3) * util::pi / 180);
 }
 

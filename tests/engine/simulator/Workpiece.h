@@ -23,6 +23,8 @@ struct Operation
     double top = 0;
     double floor = 0;
     double depthOfCut = 0;
+    /// The greatest feed rate of cuts.
+    double feed = 0;
     /// The tangent of "Ramp Angle".
     double slope = 0;
 };
