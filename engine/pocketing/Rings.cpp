@@ -65,8 +65,9 @@ bool RingBuilder::isNarrow(const Area& area) const
 std::vector<Area> RingBuilder::trimmed(Area area) const
 {
     const double before = perimeterOf(area);
-    // Hardly anything of a wide area is narrow.
-    if (m_cleared <= 0 || sizeOf(area) > before * 2 * m_steps.stepover)
+    // Hardly anything of a wide area is narrow, and a net round many islands has no arms.
+    constexpr std::size_t mostContours = 8;
+    if (m_cleared <= 0 || area.size() > mostContours || sizeOf(area) > before * 2 * m_steps.stepover)
         return {std::move(area)};
     std::vector<Area> parts = opened(area, m_cleared, m_steps.offset, m_cancel);
     double saved = before;
