@@ -1,5 +1,5 @@
-#include "bench/engine/MachineTime.h"
 #include "tests/engine/PocketShapes.h"
+#include "tests/engine/simulator/Simulation.h"
 #include <tessaron/engine/JobService.h>
 #include <tessaron/exchange/Archives.h>
 #include <tessaron/exchange/Tessaron2dInput.h>
@@ -100,19 +100,26 @@ void cancelLatency(benchmark::State& state)
     state.counters["worst_ms"] = worst;
 }
 
-/// Runs a job in a process of its own with an engine library; the seconds it took, 0 when it failed.
-double runWith(const std::string& library, const std::string& archive, const std::string& toolpath)
+/// What a job in a process of its own took; seconds are 0 when it failed.
+struct Run
+{
+    double seconds = 0;
+    /// By how much the process grew.
+    double kilobytes = 0;
+};
+
+Run runWith(const std::string& library, const std::string& archive, const std::string& toolpath)
 {
     const std::string command =
         std::string("'") + TESSARON_RUN_JOB + "' '" + library + "' '" + archive + "' '" + toolpath + "'";
     FILE* const output = popen(command.c_str(), "r");
-    double seconds = 0;
-    if (output && std::fscanf(output, "%lf", &seconds) != 1)
-        seconds = 0;
-    return output && pclose(output) == 0 ? seconds : 0;
+    Run run;
+    if (output && std::fscanf(output, "%lf %lf", &run.seconds, &run.kilobytes) != 2)
+        run = {};
+    return output && pclose(output) == 0 ? run : Run();
 }
 
-/// One thread; the seconds of this build, the figures of its toolpath, and both against the baseline.
+/// One thread; the time of this build and what its toolpath means to a machine, and the same of the baseline.
 void sample(benchmark::State& state, const char* name)
 {
     namespace files = std::filesystem;
@@ -124,43 +131,44 @@ void sample(benchmark::State& state, const char* name)
     exchange::Tessaron2dInput input;
     exchange::readArchiveFile(std::string(TESSARON_SAMPLES) + "/" + name + ".xml", input);
     exchange::writeArchiveFile(archive, withThreads(input, 1));
-    const auto figures = [&]
+    simulator::Options options;
+    options.machine.rapidRate = input.parameters.numberOr(keys::xyRapidFeedRate, 15000);
+    const auto simulated = [&]
     {
         exchange::ToolpathRecords toolpath;
         exchange::readArchiveFile(made, toolpath);
-        return bench::figuresOf(toolpath, input.parameters.numberOr(keys::topMaterialZ, 0),
-                                input.parameters.numberOr(keys::xyRapidFeedRate, 15000));
+        return simulator::simulate(input, toolpath, options);
     };
-    const char* const baseline = std::getenv("TESSARON_BASELINE");
-    double own = 0;
-    double other = 0;
-    bench::ToolpathFigures now;
-    bench::ToolpathFigures before;
+    const auto count = [&state](const char* what, const Run& run, const simulator::Report& report)
+    {
+        const std::string prefix = what;
+        state.counters[prefix + "seconds"] = run.seconds;
+        state.counters[prefix + "records"] = static_cast<double>(report.records);
+        state.counters[prefix + "bytes_a_record"] = run.kilobytes * 1024 / static_cast<double>(report.records);
+        state.counters[prefix + "retracts"] = static_cast<double>(report.retracts);
+        state.counters[prefix + "plunges"] = static_cast<double>(report.plunges);
+        state.counters[prefix + "rapids_to_cut"] = report.rapidLength / report.feedLength;
+        state.counters[prefix + "machine_minutes"] = report.seconds.all() / 60;
+    };
     for ([[maybe_unused]] auto turn : state)
     {
-        const double seconds = runWith(TESSARON_ENGINE, archive, made);
-        if (seconds == 0)
+        const Run own = runWith(TESSARON_ENGINE, archive, made);
+        if (own.seconds == 0)
+        {
             state.SkipWithError("the job failed");
-        own += seconds;
-        now = figures();
+            break;
+        }
+        count("", own, simulated());
+        const char* const baseline = std::getenv("TESSARON_BASELINE");
         if (!baseline)
             continue;
-        other += runWith(baseline, archive, made);
-        before = figures();
+        const Run other = runWith(baseline, archive, made);
+        if (other.seconds == 0)
+            state.SkipWithError("the job of the baseline failed");
+        else
+            count("baseline_", other, simulated());
     }
     files::remove_all(folder);
-    state.counters["seconds"] = benchmark::Counter(own, benchmark::Counter::kAvgIterations);
-    state.counters["records"] = static_cast<double>(now.records);
-    state.counters["retracts"] = now.retracts;
-    state.counters["plunges"] = now.plunges;
-    state.counters["rapids_to_cut"] = now.rapidLength / now.cutLength;
-    state.counters["machine_minutes"] = now.minutes;
-    if (!baseline)
-        return;
-    state.counters["times_faster"] = other / own;
-    state.counters["records_to_baseline"] = static_cast<double>(now.records) / static_cast<double>(before.records);
-    state.counters["retracts_to_baseline"] = static_cast<double>(now.retracts) / before.retracts;
-    state.counters["machine_time_to_baseline"] = now.minutes / before.minutes;
 }
 
 /// How the time grows with ten times the pockets.

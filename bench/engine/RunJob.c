@@ -1,8 +1,9 @@
 /* engine_run_job LIBRARY ARCHIVE [TOOLPATH]: runs one job with an engine library of any build, prints the seconds that
- * it took, and writes its toolpath. */
+ * it took and by how many kilobytes the process grew, and writes its toolpath. */
 
 #include <dlfcn.h>
 #include <stdio.h>
+#include <sys/resource.h>
 #include <time.h>
 
 static double now(void)
@@ -10,6 +11,13 @@ static double now(void)
     struct timespec time;
     clock_gettime(CLOCK_MONOTONIC, &time);
     return (double)time.tv_sec + (double)time.tv_nsec * 1e-9;
+}
+
+static long peak(void)
+{
+    struct rusage usage;
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
 }
 
 int main(int count, char** arguments)
@@ -30,6 +38,7 @@ int main(int count, char** arguments)
         (int (*)(int, const char*, char*, size_t))dlsym(library, "tessaronJobSaveToolpath");
     if (!start || !wait || !save)
         return 1;
+    const long before = peak();
     const double begin = now();
     const int job = start(arguments[2], problem, sizeof problem);
     /* 2: finished */
@@ -38,6 +47,6 @@ int main(int count, char** arguments)
         fprintf(stderr, "%s: %s\n", arguments[2], problem);
         return 1;
     }
-    printf("%.6f\n", now() - begin);
+    printf("%.6f %ld\n", now() - begin, peak() - before);
     return count > 3 && save(job, arguments[3], problem, sizeof problem) != 0 ? 1 : 0;
 }

@@ -108,6 +108,7 @@ MoveSettings moveSettings(const Tessaron2dInput& input, const PocketingParameter
     LinkSettings& links = settings.links;
     // A stepover of the whole diameter would leave a ridge as wide as the tolerances.
     links.stepover = steps(std::min(parameters.stepover, parameters.toolDiameter - 2 * parameters.cutTolerance));
+    links.toolRadius = steps(parameters.toolRadius());
     links.feed = steps(parameters.feedrate);
     links.slotFeed = steps(parameters.slotFeedrate);
     links.highFeed = steps(parameters.highFeedrate);
@@ -119,6 +120,7 @@ MoveSettings moveSettings(const Tessaron2dInput& input, const PocketingParameter
     links.liftHeight = steps(parameters.travelZ() - middle);
     const double step = (parameters.topMaterialZ - levels.back()) / static_cast<double>(levels.size());
     links.hopHeight = steps(step + parameters.highFeedClearance);
+    links.entryMinutes = step / parameters.rampSlope() / parameters.rampFeedrate;
     links.plungeClearance = steps(parameters.plungeClearance);
     links.highFeedPreference = parameters.rapidVsHighFeed;
     links.leadRadius = parameters.motionStart != 0 ? steps(leadRadius * parameters.toolDiameter) : 0;
@@ -148,6 +150,7 @@ MoveSettings moveSettings(const Tessaron2dInput& input, const PocketingParameter
                                                                : steps(parameters.drillPointRange);
 
     HeightSettings& heights = settings.heights;
+    heights.top = parameters.topMaterialZ;
     heights.rapidZ = parameters.travelZ();
     heights.plungeClearance = std::max(parameters.plungeClearance, parameters.minimumClearance);
     heights.hopClearance = parameters.highFeedClearance;

@@ -222,8 +222,9 @@ void fillIn(const Parameterized& given, PocketingParameters& parameters)
     };
     setDefault(keys::rampFeedrate, parameters.rampFeedrate, parameters.feedrate / 2);
     setDefault(keys::slotFeedrate, parameters.slotFeedrate, parameters.feedrate);
-    setDefault(keys::highFeedrate, parameters.highFeedrate, parameters.feedrate);
     setDefault(keys::xyRapidFeedRate, parameters.xyRapidFeedRate, 10 * parameters.feedrate);
+    setDefault(keys::highFeedrate, parameters.highFeedrate,
+               std::max(parameters.feedrate, parameters.xyRapidFeedRate / 2));
     setDefault(keys::zRapidFeedRate, parameters.zRapidFeedRate, parameters.xyRapidFeedRate);
     setDefault(keys::plungeClearance, parameters.plungeClearance, parameters.toolDiameter / 10);
     setDefault(keys::highFeedClearance, parameters.highFeedClearance, parameters.plungeClearance);

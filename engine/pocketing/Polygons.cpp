@@ -248,6 +248,29 @@ void placeIslands(Paths islands, std::vector<Area>& areas, const CancelFlag& can
     }
 }
 
+/// What an area becomes when it grows by a distance, unless it meets itself round an island. What its outer contour and
+/// its holes move over are different places, so each moves alone.
+std::vector<Area> grownArea(const Area& area, double distance, const OffsetTolerance& tolerance,
+                            const CancelFlag& cancel)
+{
+    PolyTree outer;
+    offset({area.front()}, distance, tolerance, outer);
+    std::vector<Area> areas = areasOf(outer, tolerance);
+    Paths islands;
+    for (std::size_t i = 1; i < area.size(); ++i)
+    {
+        cancel.check();
+        Path island = area[i];
+        ClipperLib::ReversePath(island);
+        PolyTree tree;
+        offset({island}, -distance, tolerance, tree);
+        for (const PolyNode* node = tree.GetFirst(); node; node = node->GetNext())
+            addContour(islands, node->Contour, tolerance);
+    }
+    placeIslands(std::move(islands), areas, cancel);
+    return areas;
+}
+
 /// Whether nothing can remain of an area that shrinks by a distance: no disc of that radius fits into its outer contour.
 /// Looks at the contour's size and its widths only.
 bool vanishes(const Path& outer, double distance)
@@ -351,6 +374,16 @@ std::vector<Area> shrink(const Area& area, double distance, const OffsetToleranc
     return areas;
 }
 
+std::vector<Area> opened(const Area& area, double distance, const OffsetTolerance& tolerance, const CancelFlag& cancel)
+{
+    // Cores that meet when they grow stay apart: they overlap where the area is too narrow to matter.
+    std::vector<Area> areas;
+    for (const Area& core : shrink(area, distance, tolerance, cancel))
+        for (Area& part : grownArea(core, distance, tolerance, cancel))
+            areas.push_back(std::move(part));
+    return areas;
+}
+
 std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& others, double distance,
                             const OffsetTolerance& tolerance, const CancelFlag& cancel)
 {
@@ -374,6 +407,19 @@ double sizeOf(const Area& area)
     for (const Path& contour : area)
         size += ClipperLib::Area(contour);
     return size;
+}
+
+double perimeterOf(const Area& area)
+{
+    double perimeter = 0;
+    for (const Path& path : area)
+        for (std::size_t i = 0; i < path.size(); ++i)
+        {
+            const IntPoint& a = path[i];
+            const IntPoint& b = path[(i + 1) % path.size()];
+            perimeter += std::hypot(static_cast<double>(b.X - a.X), static_cast<double>(b.Y - a.Y));
+        }
+    return perimeter;
 }
 
 } // namespace exchange::pocketing

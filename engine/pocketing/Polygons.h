@@ -49,6 +49,12 @@ Paths grown(const Paths& loops, double distance, const OffsetTolerance& toleranc
 std::vector<Area> shrink(const Area& area, double distance, const OffsetTolerance& tolerance,
                          const jobs::CancelFlag& cancel, const ForEach& forEach = inTurn);
 
+/// The connected parts of an area of which every point is in a disc that lies in the area (its opening).
+/// \param distance the radius of the disc
+/// \throws jobs::Cancelled when cancelled between two operations
+std::vector<Area> opened(const Area& area, double distance, const OffsetTolerance& tolerance,
+                         const jobs::CancelFlag& cancel);
+
 /// What is in an area shrunk by a distance and not in any of some other areas grown by that distance.
 /// \throws jobs::Cancelled when cancelled between two operations
 std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& others, double distance,
@@ -56,6 +62,8 @@ std::vector<Area> uncovered(const Area& area, const std::vector<const Area*>& ot
 
 /// The size of an area, in square steps.
 double sizeOf(const Area& area);
+/// The length of all its contours, in steps.
+double perimeterOf(const Area& area);
 
 } // namespace exchange::pocketing
 

@@ -5,6 +5,7 @@
 #include <tessaron/exchange/StatusTable.h>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <utility>
 
@@ -37,19 +38,49 @@ void RingStore::count(const Area& area)
                                                     "\"Depth of Cut\" or \"Cut Tolerance\" makes it shorter.");
 }
 
+namespace
+{
+
+/// How far into the next ring's area a ring clears by itself, less the tolerances. No more than keeps the cuts beside
+/// what gets no ring narrower than three stepovers or three quarters of the tool.
+double clearedFor(const RingSteps& steps)
+{
+    const double cleared = steps.toolRadius - steps.stepover - 2 * steps.cutTolerance;
+    return std::max(0.0, std::min(cleared, std::max(steps.stepover / 2, 0.75 * steps.toolRadius - steps.stepover)));
+}
+
+} // namespace
+
 RingBuilder::RingBuilder(RingStore& store, const RingSteps& steps, const jobs::CancelFlag& cancel, ForEach forEach)
-    : m_store(store), m_steps(steps), m_cancel(cancel), m_forEach(std::move(forEach))
+    : m_store(store), m_steps(steps), m_cleared(clearedFor(steps)), m_cancel(cancel), m_forEach(std::move(forEach))
 {
 }
 
 bool RingBuilder::isNarrow(const Area& area) const
 {
     // Area over perimeter is half the width of a channel.
-    double perimeter = 0;
-    for (const Path& path : area)
-        for (std::size_t i = 0; i < path.size(); ++i)
-            perimeter += norm(toVec(path[(i + 1) % path.size()]) - toVec(path[i]));
-    return sizeOf(area) < perimeter * blockRings * m_steps.stepover / 1.5;
+    return sizeOf(area) < perimeterOf(area) * blockRings * m_steps.stepover / 1.5;
+}
+
+std::vector<Area> RingBuilder::trimmed(Area area) const
+{
+    const double before = perimeterOf(area);
+    // Hardly anything of a wide area is narrow, and a net round many islands has no arms.
+    constexpr std::size_t mostContours = 8;
+    if (m_cleared <= 0 || area.size() > mostContours || sizeOf(area) > before * 2 * m_steps.stepover)
+        return {std::move(area)};
+    std::vector<Area> parts = opened(area, m_cleared, m_steps.offset, m_cancel);
+    double saved = before;
+    std::size_t contours = 0;
+    for (const Area& part : parts)
+    {
+        saved -= perimeterOf(part);
+        contours += part.size();
+    }
+    // Corners get round, which takes more records than it is worth for less.
+    if (saved < 4 * m_steps.toolRadius * static_cast<double>(contours))
+        return {std::move(area)};
+    return parts;
 }
 
 std::vector<Ring*> RingBuilder::addInside(Ring& ring, double distance) const
@@ -101,8 +132,16 @@ std::vector<Ring*> RingBuilder::shrunk(const Ring& ring, double distance) const
 {
     m_cancel.check();
     std::vector<Ring*> rings;
+    // All of the stock left on walls is for the last pass.
+    const bool nextRing = distance >= m_steps.stepover;
     for (Area& area : shrink(ring.contours, distance, m_steps.offset, m_cancel, m_forEach))
-        rings.push_back(m_store.add(std::move(area)));
+    {
+        if (!nextRing)
+            rings.push_back(m_store.add(std::move(area)));
+        else
+            for (Area& part : trimmed(std::move(area)))
+                rings.push_back(m_store.add(std::move(part)));
+    }
     return rings;
 }
 

@@ -84,12 +84,16 @@ private:
     /// Whether most of an area is narrower than a block: then the areas of the next blocks are a costly way to nearly
     /// nothing, and a block is one ring.
     bool isNarrow(const Area& area) const;
+    /// What the next ring goes round: an area less what the ring before clears, where that saves some way.
+    std::vector<Area> trimmed(Area area) const;
     std::vector<Ring*> shrunk(const Ring& ring, double distance) const;
     void addLeftovers(Ring& ring) const;
     static std::vector<Ring*> takeInside(const Ring& ring, std::vector<Ring*>& candidates);
 
     RingStore& m_store;
     const RingSteps m_steps;
+    /// Where areas are narrower than twice this they need no ring: the one before clears them.
+    const double m_cleared;
     const jobs::CancelFlag& m_cancel;
     const ForEach m_forEach;
 };

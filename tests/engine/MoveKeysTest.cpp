@@ -1,5 +1,5 @@
-#include "tests/engine/CutChecker.h"
 #include "tests/engine/PocketShapes.h"
+#include "tests/engine/Simulated.h"
 #include <tessaron/engine/JobService.h>
 #include <tessaron/exchange/StatusTable.h>
 #include <tessaron/exchange/ToolpathRecords.h>
@@ -23,13 +23,8 @@ using exchange::Tessaron2dInput;
 namespace
 {
 
-constexpr int longEnough = 120000;
-
-struct Outcome
+struct Outcome : testing_support::Simulated
 {
-    exchange::JobInfo info;
-    boost::shared_ptr<const exchange::ToolpathRecords> toolpath;
-
     bool has(int code, const std::string& text) const
     {
         return std::any_of(info.findings.begin(), info.findings.end(),
@@ -40,11 +35,7 @@ struct Outcome
 
 Outcome run(const Tessaron2dInput& input)
 {
-    const exchange::JobStart start = exchange::startJob(input);
-    exchange::waitForJob(start.jobId, longEnough);
-    Outcome outcome{exchange::jobInfo(start.jobId), exchange::jobToolpath(start.jobId)};
-    exchange::releaseJob(start.jobId);
-    return outcome;
+    return {testing_support::simulated(input)};
 }
 
 /// What the moves of a toolpath are like.
@@ -146,9 +137,7 @@ Moves safeMoves(const Tessaron2dInput& input)
     EXPECT_EQ(outcome.info.state, JobState::finished) << outcome.info.text;
     if (!outcome.toolpath)
         return {};
-    const cuts::Cuts cuts = cuts::cutsOf(*outcome.toolpath, input);
-    cuts::checkNoGouge(input, cuts);
-    cuts::checkCoverage(input, cuts.levels, 1.1);
+    EXPECT_EQ(outcome.problems(), "");
     return movesOf(outcome);
 }
 
@@ -212,15 +201,13 @@ TEST(Entries, GoDownAsAsked)
             const Moves moves = movesOf(outcome);
             EXPECT_EQ(moves.ramps + moves.helixArcs, 0);
             EXPECT_EQ(moves.plunges, 2) << "one for each level";
+            EXPECT_EQ(outcome.report.plunges, test.input.preDrilledHoles.holes.empty() ? 2U : 0U);
+            EXPECT_EQ(outcome.report.gouges + outcome.report.uncutCells, 0U) << outcome.problems();
             continue;
         }
         const Moves moves = safeMoves(test.input);
         EXPECT_EQ(moves.helixArcs > 0, test.way == Way::helix);
         EXPECT_EQ(moves.ramps > 0, test.way == Way::ramp);
-        if (test.way != Way::side)
-        {
-            EXPECT_EQ(moves.plunges, 0);
-        }
     }
 }
 
@@ -278,18 +265,16 @@ TEST(Entries, PreDrilledHolesMustBeOfUse)
 
 TEST(Links, AreRapidsOrHighFeedMovesAsPreferred)
 {
-    const Tessaron2dInput input = with(shapes::manyIslands(2), {{keys::highFeedrate, 4000.0}});
+    const Tessaron2dInput input = with(shapes::manyIslands(3), {{keys::highFeedrate, 4000.0}});
     const auto retracts = [](const Tessaron2dInput& job)
     {
         const Outcome outcome = run(job);
-        EXPECT_TRUE(outcome.toolpath) << outcome.info.text;
-        const cuts::Cuts cuts = cuts::cutsOf(*outcome.toolpath, job);
-        cuts::checkNoGouge(job, cuts);
-        return cuts.retracts;
+        EXPECT_EQ(outcome.problems(), "");
+        return outcome.report.retracts;
     };
-    const int rapids = retracts(with(input, {{keys::rapidVsHighFeed, 0.0}}));
-    const int weighed = retracts(with(input, {{keys::rapidVsHighFeed, 0.5}}));
-    const int highFeed = retracts(with(input, {{keys::rapidVsHighFeed, 1.0}}));
+    const std::size_t rapids = retracts(with(input, {{keys::rapidVsHighFeed, 0.0}}));
+    const std::size_t weighed = retracts(with(input, {{keys::rapidVsHighFeed, 0.5}}));
+    const std::size_t highFeed = retracts(with(input, {{keys::rapidVsHighFeed, 1.0}}));
     EXPECT_GT(rapids, highFeed);
     EXPECT_LE(highFeed, weighed);
     EXPECT_LE(weighed, rapids);
@@ -325,7 +310,7 @@ TEST(Feeds, AreThoseOfTheMoves)
                                                                 {keys::adjustFeedRateForHelixPlungeType, 1.5},
                                                                 {keys::feedrateEntryFactor, 0.5},
                                                                 {keys::slotFeedrate, 333.0}}));
-    const std::set<double> known = {300, 333, 400, 450, 800};
+    const std::set<double> known = {300, 333, 400, 450, 800, 4000};
     EXPECT_TRUE(std::includes(known.begin(), known.end(), moves.feeds.begin(), moves.feeds.end()));
     EXPECT_EQ(moves.feeds.count(450), 1U) << "helix";
     EXPECT_EQ(moves.feeds.count(400), 1U) << "lead";
@@ -358,33 +343,26 @@ TEST(Arcs, BecomeLinesWhenAsked)
 
 TEST(FinishPass, TakesTheStockLeftForIt)
 {
-    const auto lengths = [](const Tessaron2dInput& input)
-    {
-        const Outcome outcome = run(input);
-        EXPECT_TRUE(outcome.toolpath) << outcome.info.text;
-        const cuts::Cuts cuts = cuts::cutsOf(*outcome.toolpath, input);
-        cuts::checkNoGouge(input, cuts);
-        cuts::checkCoverage(input, cuts.levels, 1.1);
-        return cuts.levels;
-    };
     const Tessaron2dInput pocket = with(shapes::squarePocket(), {{keys::motionStartCutting, 0}});
-    const auto plain = lengths(pocket);
-    const auto radial = lengths(with(pocket, {{keys::partRadialStock, 0.3}}));
-    const auto axial = lengths(with(pocket, {{keys::partAxialStock, 0.2}}));
-    EXPECT_EQ(radial.size(), plain.size());
-    // How far from the left wall the passes cross the middle, the last one first.
-    const auto second = [](const cuts::Levels& levels)
+    const Outcome plain = run(pocket);
+    const Outcome radial = run(with(pocket, {{keys::partRadialStock, 0.3}}));
+    const Outcome axial = run(with(pocket, {{keys::partAxialStock, 0.2}}));
+    for (const Outcome* const outcome : {&plain, &radial, &axial})
+        ASSERT_EQ(outcome->problems(), "");
+    // How far the last two passes along the left wall are apart where they cross the middle.
+    const auto last = [](const Outcome& outcome)
     {
         std::set<double> crossings;
-        for (const cuts::Segment& segment : levels.begin()->second)
-            if ((segment.start[1] < 47.7) != (segment.end[1] < 47.7))
-                crossings.insert(segment.start[0]);
+        for (const simulator::Motion& motion : simulator::motionsOf(*outcome.toolpath).all)
+            if (motion.start[2] == -5 && motion.end[2] == -5 && (motion.start[1] < 47.7) != (motion.end[1] < 47.7))
+                crossings.insert(motion.start[0]);
         return *std::next(crossings.begin()) - *crossings.begin();
     };
-    EXPECT_NEAR(second(plain), 2.4, 0.03);
-    EXPECT_NEAR(second(radial), 0.3, 0.03);
-    EXPECT_EQ(axial.size(), plain.size() + 1);
-    EXPECT_NEAR(std::next(axial.begin())->first, -4.8, 1e-9);
+    EXPECT_NEAR(last(plain), 2.4, 0.03);
+    EXPECT_NEAR(last(radial), 0.3, 0.03);
+    EXPECT_EQ(radial.report.levels().size(), 2U);
+    ASSERT_EQ(axial.report.levels().size(), 3U);
+    EXPECT_NEAR(axial.report.levels()[1], -4.8, 1e-9);
 }
 
 TEST(Findings, NameWhatIsSetAndNotUsed)

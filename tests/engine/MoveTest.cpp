@@ -1,5 +1,6 @@
 #include "engine/pocketing/GougeCheck.h"
 #include "engine/pocketing/moves/ArcFitter.h"
+#include "engine/pocketing/moves/ClearedRoom.h"
 #include "engine/pocketing/moves/LoopTree.h"
 #include "engine/pocketing/moves/PlaneMove.h"
 #include "engine/pocketing/moves/RecordWriter.h"
@@ -179,6 +180,38 @@ TEST(GougeCheck, FindsEveryKindOfGouge)
     EXPECT_FALSE(check.isAir({5000, 5000}, 1000));
     EXPECT_EQ(check.distanceToPart({38500, 50000}, 5000), 1500);
     EXPECT_EQ(check.distanceToPart({10000, 50000}, 5000), 5000);
+}
+
+TEST(ClearedRoom, IsWhereTheWholeDiscHasBeenOrThereIsNoStock)
+{
+    const GougeCheck walls({square(-90000, -90000, 1000)}, {square(0, 0, 100000)}, 1000);
+    ClearedRoom room(walls, 1000);
+    room.add({lineTo({5000, 5000}, {60000, 5000})});
+    room.add({lineTo({5000, 6500}, {60000, 6500}), arcOf({60000, 16500}, 10000, -pi / 2, 0)});
+    const struct
+    {
+        Vec place;
+        bool clear;
+    } places[] = {
+        {{30000, 5000}, true},
+        {{30000, 4800}, false},
+        {{30000, 5750}, true},
+        {{70000, 16500}, true},
+        {{80000, 50000}, false},
+        {{50000, 101200}, true},
+        {{50000, 100500}, false},
+        // Half of the disc is in the air, the other half in a strip along the edge that nothing has cut.
+        {{50000, 100000}, false},
+    };
+    for (const auto& test : places)
+        EXPECT_EQ(room.isClear(test.place), test.clear) << test.place.x << ", " << test.place.y;
+    const auto pieces = room.split(lineTo({30000, 5000}, {30000, 40000}));
+    ASSERT_EQ(pieces.size(), 2U);
+    EXPECT_TRUE(pieces[0].first);
+    EXPECT_NEAR(pieces[0].second.end.y, 6500, 300);
+    EXPECT_EQ(pieces[1].second.start, pieces[0].second.end);
+    room.clear();
+    EXPECT_FALSE(room.isClear({30000, 5000}));
 }
 
 TEST(Tour, IsNoLongerThanNearestNeighbourAndFarShorterThanTheGivenOrder)

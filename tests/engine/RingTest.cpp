@@ -69,6 +69,40 @@ TEST(Rings, SquareHasOneRingForEachStepover)
     EXPECT_NEAR(done, 1e10, 1e5);
 }
 
+TEST(Rings, AreLeftOutWhereTheOneBeforeClears)
+{
+    const auto rings = [](ClipperLib::cInt width, double radius)
+    {
+        RingStore store(1e6);
+        double done = 0;
+        const Area strip{{{0, 0}, {60000, 0}, {60000, width}, {0, width}}};
+        return build(store, strip, {2000, radius, 10, {2, 0}}, false, done).size();
+    };
+    // What is left inside the second ring is 500 to either side of its middle; the first one reaches 980 far into it.
+    EXPECT_EQ(rings(5000, 3000), 1U);
+    EXPECT_EQ(rings(5000, 2400), 2U) << "the first ring reaches 380 far";
+    EXPECT_EQ(rings(7000, 3000), 2U) << "1500 to either side";
+}
+
+TEST(Rings, ArmsThatTheOneBeforeClearsAreCutOff)
+{
+    // A square with a long arm: the second ring goes round the square only.
+    RingStore store(1e6);
+    double done = 0;
+    const Area area{{{0, 0},
+                     {30000, 0},
+                     {30000, 12000},
+                     {90000, 12000},
+                     {90000, 17000},
+                     {30000, 17000},
+                     {30000, 30000},
+                     {0, 30000}}};
+    const auto rings = build(store, area, {2000, 3000, 10, {2, 0}}, false, done);
+    ASSERT_GT(rings.size(), 1U);
+    for (const IntPoint& point : rings[1]->contours.front())
+        EXPECT_LT(point.X, 32000);
+}
+
 TEST(Rings, WideStepoverLeavesLeftovers)
 {
     RingStore store(1e6);

@@ -1,6 +1,4 @@
-#include "tests/engine/CutChecker.h"
-#include "tests/engine/RunningJob.h"
-#include <tessaron/engine/JobService.h>
+#include "tests/engine/Simulated.h"
 #include <tessaron/exchange/Archives.h>
 
 #include <gtest/gtest.h>
@@ -16,10 +14,8 @@ namespace
 struct Sample
 {
     const char* name;
-    /// The width of the grid on which coverage is tried.
-    double pitch;
     std::size_t levels;
-    int mostRetracts;
+    std::size_t mostRetracts;
 };
 
 std::ostream& operator<<(std::ostream& stream, const Sample& sample)
@@ -45,16 +41,14 @@ TEST_P(Samples, neverGougeAndClearAllReachable)
     const std::string path = std::string(TESSARON_SAMPLES) + "/" + GetParam().name + ".xml";
     exchange::Tessaron2dInput input;
     ASSERT_NO_THROW(exchange::readArchiveFile(path, input)) << path;
-    const testing_support::RunningJob job(input);
-    ASSERT_EQ(job.wait(), exchange::JobState::finished) << job.info().text;
-    const cuts::Cuts cuts = cuts::cutsOf(*exchange::jobToolpath(job.id()), input);
-    EXPECT_EQ(cuts.levels.size(), GetParam().levels);
-    EXPECT_LE(cuts.retracts, GetParam().mostRetracts);
-    cuts::checkNoGouge(input, cuts);
-    cuts::checkCoverage(input, cuts.levels, GetParam().pitch);
+    const testing_support::Simulated sample = testing_support::simulated(input);
+    EXPECT_EQ(sample.problems(), "");
+    EXPECT_EQ(sample.info.status, exchange::status::ok);
+    EXPECT_EQ(sample.report.levels().size(), GetParam().levels);
+    EXPECT_LE(sample.report.retracts, GetParam().mostRetracts);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Samples,
-                         testing::Values(Sample{"square-pocket", 1, 4, 1}, Sample{"pocket-with-islands", 1, 6, 12},
-                                         Sample{"open-shape", 1, 5, 15}, Sample{"large-plate", 5, 1, 1224}),
+                         testing::Values(Sample{"square-pocket", 4, 1}, Sample{"pocket-with-islands", 6, 12},
+                                         Sample{"open-shape", 5, 15}, Sample{"large-plate", 1, 1224}),
                          sampleName);

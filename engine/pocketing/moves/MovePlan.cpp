@@ -56,96 +56,84 @@ std::vector<Move> MovePlanner::planLevel(const Route& route, double z, double ab
     return moves;
 }
 
-void MovePlanner::comeOver(const Vec& place, double down, const std::optional<Vec>& from, double fromZ,
+double MovePlanner::clearHeight(double above) const
+{
+    return std::min(m_settings.rapidZ, above + m_settings.plungeClearance);
+}
+
+void MovePlanner::comeDown(const Vec& place, double height, double above, std::vector<Move>& moves) const
+{
+    moves.push_back({Purpose::rapid, lineTo(place, place), m_settings.rapidZ, 0});
+    const double clear = clearHeight(above);
+    if (clear < m_settings.rapidZ)
+        moves.push_back({Purpose::rapid, lineTo(place, place), clear, 0});
+    if (height < clear)
+        moves.push_back({Purpose::plunge, lineTo(place, place), height, 0});
+}
+
+void MovePlanner::comeOver(const Vec& place, double above, const std::optional<Vec>& from,
                            std::vector<Move>& moves) const
 {
     if (from && m_walls.keepsClear(lineTo(*from, place)))
     {
         // The level before has cleared all of the region.
         if (*from != place)
-            moves.push_back({Purpose::link, lineTo(*from, place), fromZ, 0});
+            moves.push_back({Purpose::link, lineTo(*from, place), above, 0});
         return;
     }
     if (from)
         moves.push_back(lift(*from));
-    moves.push_back({Purpose::rapid, lineTo(place, place), m_settings.rapidZ, 0});
-    if (down < m_settings.rapidZ)
-        moves.push_back({Purpose::rapid, lineTo(place, place), down, 0});
+    comeDown(place, entryHeight(above), above, moves);
 }
 
 void MovePlanner::enter(const Step& step, double z, double above, const std::optional<Vec>& from,
                         std::vector<Move>& moves) const
 {
     const Entry& entry = step.entry;
-    const double clear = std::min(m_settings.rapidZ, above + m_settings.plungeClearance);
-    const double start = from ? above : clear;
-    const Vec next = approachStart(step);
-    const double dwell = m_settings.dwellAfterPlunge;
+    const double height = entryHeight(above);
     switch (entry.kind)
     {
     case Entry::Kind::helix:
     {
-        // As many half turns as keep the slope; the last one ends where the way to the pass begins.
-        const Vec end = EntryFinder::endOf(entry, next);
-        const double dropOfHalfTurn = halfTurn * entry.radius / m_settings.scale * m_settings.rampSlope;
-        const auto plan = [&](double fromZ)
-        { return std::max(1, static_cast<int>(std::ceil((fromZ - z) / dropOfHalfTurn - 1e-9))); };
-        const Vec opposite = entry.place * 2 - end;
-        // Whether the tool can stay at the height it has depends on where the helix begins.
-        std::vector<Move> over;
-        double fromZ = start;
-        Vec begin = plan(fromZ) % 2 == 0 ? end : opposite;
-        comeOver(begin, clear, from, above, over);
-        if (from && over.size() > 1)
+        // Half turns down to where the way to the pass begins, and before them what is left of the way.
+        const Vec end = EntryFinder::endOf(entry, approachStart(step));
+        const double angle = (height - z) / m_settings.rampSlope * m_settings.scale / entry.radius;
+        const int whole = static_cast<int>(angle / halfTurn);
+        // A speck of an arc is none.
+        const double first = std::max(angle - whole * halfTurn, halfTurn / 16);
+        const double sense = m_settings.counterClockwise ? 1 : -1;
+        Vec at = whole % 2 == 0 ? end : entry.place * 2 - end;
+        const PlaneMove back{at, entry.place * 2 - at, entry.place, sense > 0 ? Turn::right : Turn::left};
+        const Vec begin = back.at(first / halfTurn);
+        comeOver(begin, above, from, moves);
+        const Turn turn = sense > 0 ? Turn::left : Turn::right;
+        const double drop = (height - z) / (first + whole * halfTurn);
+        moves.push_back({Purpose::helix, {begin, at, entry.place, turn}, whole > 0 ? height - drop * first : z, 0});
+        for (int i = 1; i <= whole; ++i)
         {
-            over.clear();
-            fromZ = clear;
-            begin = plan(fromZ) % 2 == 0 ? end : opposite;
-            const bool stays = m_walls.keepsClear(lineTo(*from, begin));
-            if (!stays)
-                comeOver(begin, clear, from, above, over);
-            else
-            {
-                over.push_back(lift(*from));
-                comeOver(begin, clear, std::nullopt, above, over);
-            }
+            const Vec to = entry.place * 2 - at;
+            const double down = i == whole ? z : height - drop * (first + i * halfTurn);
+            moves.push_back({Purpose::helix, {at, to, entry.place, turn}, down, 0});
+            at = to;
         }
-        moves.insert(moves.end(), over.begin(), over.end());
-        const int halves = plan(fromZ);
-        for (int i = 1; i <= halves; ++i)
-        {
-            const Vec to = (halves - i) % 2 == 0 ? end : opposite;
-            const Vec before = to == end ? opposite : end;
-            const double height = i == halves ? z : fromZ + (z - fromZ) * i / halves;
-            moves.push_back({Purpose::helix,
-                             {before, to, entry.place, m_settings.counterClockwise ? Turn::left : Turn::right},
-                             height,
-                             i == halves ? dwell : 0});
-        }
-        return;
+        break;
     }
     case Entry::Kind::ramp:
     {
-        // Whichever height it starts from: long enough for the greater one.
-        const double distance = (clear - z) / m_settings.rampSlope * m_settings.scale;
-        const Track track = runUp(entry.ramp, distance);
-        const Vec begin = track.front().start;
-        const std::size_t before = moves.size();
-        comeOver(begin, clear, from, above, moves);
-        const bool stayed = from && moves.size() - before <= 1;
-        addSloping(Purpose::ramp, track, stayed ? above : clear, z, moves);
-        moves.back().dwell = dwell;
-        return;
+        const Track track = runUp(entry.ramp, (height - z) / m_settings.rampSlope * m_settings.scale);
+        comeOver(track.front().start, above, from, moves);
+        addSloping(Purpose::ramp, track, height, z, moves);
+        break;
     }
     case Entry::Kind::hole:
     case Entry::Kind::side:
     case Entry::Kind::straight:
         if (from)
             moves.push_back(lift(*from));
-        comeOver(entry.place, clear, std::nullopt, above, moves);
-        moves.push_back({Purpose::plunge, lineTo(entry.place, entry.place), z, dwell});
-        return;
+        comeDown(entry.place, z, above, moves);
+        break;
     }
+    moves.back().dwell = m_settings.dwellAfterPlunge;
 }
 
 void MovePlanner::addTrack(Purpose purpose, const Track& track, double z, std::vector<Move>& moves)

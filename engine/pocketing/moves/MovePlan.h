@@ -24,6 +24,8 @@ struct Move
 /// The heights that moves are planned by, in the host's unit.
 struct HeightSettings
 {
+    /// The top of the material.
+    double top = 0;
     /// Where rapids run across.
     double rapidZ = 0;
     double plungeClearance = 0;
@@ -56,10 +58,14 @@ public:
 private:
     void enter(const Step& step, double z, double above, const std::optional<Vec>& from,
                std::vector<Move>& moves) const;
-    /// Comes over a place; at the height `down` afterwards.
-    void comeOver(const Vec& place, double down, const std::optional<Vec>& from, double fromZ,
-                  std::vector<Move>& moves) const;
-    void helix(const Step& step, double from, double z, std::vector<Move>& moves) const;
+    /// Where an entry into material begins: where the level before has left it, or at the clearance over what may stand
+    /// higher than said.
+    double entryHeight(double above) const { return above < m_settings.top ? above : clearHeight(above); }
+    double clearHeight(double above) const;
+    /// Comes down over a place to a height above what the level before has left.
+    void comeDown(const Vec& place, double height, double above, std::vector<Move>& moves) const;
+    /// Comes over a place at the height where an entry begins.
+    void comeOver(const Vec& place, double above, const std::optional<Vec>& from, std::vector<Move>& moves) const;
     static void addTrack(Purpose purpose, const Track& track, double z, std::vector<Move>& moves);
     static void addSloping(Purpose purpose, const Track& track, double from, double to, std::vector<Move>& moves);
 

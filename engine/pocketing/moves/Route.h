@@ -75,6 +75,8 @@ struct Step
     Track round;
     /// Off the pass; may be empty.
     Track leave;
+    /// Whether the pass runs along a wall.
+    bool wall = false;
 
     /// The closed cut at the end, which the tool may follow once more.
     const Track& loop() const { return round.empty() ? pass : round; }

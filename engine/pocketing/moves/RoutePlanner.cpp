@@ -4,6 +4,7 @@
 #include "engine/pocketing/moves/Tour.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -32,6 +33,34 @@ Track alongTo(const Track& pass, const TrackPlace& place)
     return lengthOf(forward) <= lengthOf(onward) ? forward : reversed(onward);
 }
 
+/// A closed track at a distance to the left of one that is smooth; empty for others.
+Track beside(const Track& loop, double distance)
+{
+    Track result;
+    for (const PlaneMove& move : loop)
+    {
+        const auto moved = [&](double part)
+        {
+            const Vec along = move.direction(part);
+            return move.at(part) + Vec{-along.y, along.x} * distance;
+        };
+        PlaneMove next{moved(0), moved(1), move.centre, move.turn};
+        // An arc must not turn inside out.
+        if (move.turn != Turn::none && (move.turn == Turn::left ? -distance : distance) + move.radius() < 1)
+            return {};
+        result.push_back(next);
+    }
+    constexpr double smooth = 0.02;
+    for (std::size_t i = 0; i < result.size(); ++i)
+    {
+        PlaneMove& next = result[(i + 1) % result.size()];
+        if (norm(next.start - result[i].end) > smooth * std::fabs(distance))
+            return {};
+        next.start = result[i].end;
+    }
+    return result;
+}
+
 /// A ring whose children are being cut.
 struct Visit
 {
@@ -49,6 +78,7 @@ Route RoutePlanner::plan(const Ring& root, const Vec& from)
     order(root, from);
     Route route;
     m_cut.clear();
+    m_room.clear();
     Vec at = from;
     for (std::size_t i = 0; i < m_passes.size();)
     {
@@ -87,13 +117,18 @@ bool RoutePlanner::reach(std::size_t position, Route& route, Vec& at, const Pass
         {
             if (!down->afterLead)
                 last.leave.clear();
-            step.approach = down->legs;
-            const Vec leaving = step.approach.back().track.front().start;
-            step.approach.pop_back();
-            set(down->start, leaving, step);
+            if (down->walk)
+                step.approach.push_back(*down->walk);
+            set(down->start, down->leaving, step);
             reached = true;
         }
     }
+    if (!reached && !route.steps.empty())
+        if (const std::optional<TrackPlace> start = dropBeside(pass, step))
+        {
+            set(*start, step.drop, step);
+            reached = true;
+        }
     if (!reached)
     {
         if (!enter(position, at, step))
@@ -112,6 +147,7 @@ bool RoutePlanner::reach(std::size_t position, Route& route, Vec& at, const Pass
 void RoutePlanner::noteCut(const Pass& pass)
 {
     m_cut.push_back({pass.loop, boxOf(*pass.loop)});
+    m_room.add(*pass.loop);
 }
 
 void RoutePlanner::planGroup(std::size_t first, std::size_t last, Route& route, Vec& at)
@@ -138,8 +174,7 @@ void RoutePlanner::planGroup(std::size_t first, std::size_t last, Route& route, 
         const Pass& pass = m_passes[first + root];
         const auto set = [&](const TrackPlace& start, const Vec& comingFrom, Step& step)
         {
-            if (comingFrom != start.place)
-                step.approach.push_back(straight(comingFrom, start.place, pass));
+            approach(comingFrom, start.place, step);
             step.round = startingAt(*pass.loop, start);
             tree.goRound(
                 root, start,
@@ -150,7 +185,10 @@ void RoutePlanner::planGroup(std::size_t first, std::size_t last, Route& route, 
                 {
                     if (way.start == way.end)
                         return;
-                    step.approach.push_back(outward ? straight(way.start, way.end, pass) : Leg{Purpose::link, {way}});
+                    if (outward)
+                        approach(way.start, way.end, step);
+                    else
+                        step.approach.push_back({isWorthLinking(way.length()) ? Purpose::link : Purpose::cut, {way}});
                 });
             step.pass = std::move(step.approach.back().track);
             step.approach.pop_back();
@@ -182,7 +220,7 @@ void RoutePlanner::order(const Ring& root, const Vec& from)
                 places.push_back(middleOf(child->loops.front()));
             }
         }
-        addOrdered(single, depth + 1, at);
+        addOrdered(single, false, at);
         Visit next{&ring, depth, {}};
         const std::vector<std::size_t> tour =
             places.size() > 1 ? shortTour(places, at, m_cancel) : std::vector<std::size_t>(places.size(), 0);
@@ -210,18 +248,17 @@ void RoutePlanner::order(const Ring& root, const Vec& from)
                 loops.push_back(&all[i]);
             return loops;
         };
-        // What is left over begins at the distance of the ring; no link near it is known to be clear.
-        addOrdered(beginningAt(ring.leftoverLoops, 0), std::numeric_limits<int>::max(), at);
-        addOrdered(beginningAt(ring.loops, 1), depth, at);
-        m_passes.push_back({&ring.loops.front(), depth, depth == 0, 0});
+        const bool wall = depth == 0;
+        addOrdered(beginningAt(ring.leftoverLoops, 0), false, at);
+        addOrdered(beginningAt(ring.loops, 1), wall, at);
+        m_passes.push_back({&ring.loops.front(), wall, 0});
         open.pop_back();
     }
 }
 
-void RoutePlanner::addOrdered(const std::vector<const Track*>& loops, int depth, Vec& from)
+void RoutePlanner::addOrdered(const std::vector<const Track*>& loops, bool wall, Vec& from)
 {
     // Along walls each pass is cut in one go: turning off would leave marks.
-    const bool wall = depth == 0;
     if (loops.size() > 1 && !wall)
         ++m_groups;
     std::vector<Vec> places;
@@ -230,24 +267,47 @@ void RoutePlanner::addOrdered(const std::vector<const Track*>& loops, int depth,
         places.push_back(middleOf(*loop));
     for (const std::size_t i : shortTour(places, from, m_cancel))
     {
-        m_passes.push_back({loops[i], depth, wall, loops.size() > 1 && !wall ? m_groups : 0});
+        m_passes.push_back({loops[i], wall, loops.size() > 1 && !wall ? m_groups : 0});
         from = places[i];
     }
 }
 
-bool RoutePlanner::isCleared(const PlaneMove& move, int depth) const
+bool RoutePlanner::isWorthLinking(double length) const
 {
-    // A ring lies a whole number of stepovers inside the room of the tool; all that lies deeper is cut by now.
-    return depth != std::numeric_limits<int>::max() &&
-           m_walls.keepsDistance(move, m_walls.clearance() + (depth + 0.01) * m_settings.stepover);
+    // For a short way two changes of the feed rate are not.
+    return length > 4 * m_settings.toolRadius;
 }
 
-Leg RoutePlanner::straight(const Vec& from, const Vec& to, const Pass& pass) const
+std::vector<Leg> RoutePlanner::straight(const Vec& from, const Vec& to) const
 {
     const PlaneMove move = lineTo(from, to);
     if (move.length() <= 1.5 * m_settings.stepover)
-        return {Purpose::cut, {move}};
-    return {isCleared(move, pass.depth) ? Purpose::link : Purpose::slot, {move}};
+        return {{Purpose::cut, {move}}};
+    std::vector<Leg> legs;
+    const auto pieces = m_room.split(move);
+    if (pieces.size() == 1 && pieces.front().first)
+        return {{isWorthLinking(move.length()) ? Purpose::link : Purpose::cut, {move}}};
+    for (const auto& [clear, piece] : pieces)
+    {
+        const Purpose purpose = clear && isWorthLinking(piece.length()) ? Purpose::link : Purpose::slot;
+        if (!legs.empty() && legs.back().purpose == purpose)
+            legs.back().track.front().end = piece.end;
+        else
+            legs.push_back({purpose, {piece}});
+    }
+    // The last bit is no slot: there the tool comes upon the pass.
+    Leg& last = legs.back();
+    if (legs.size() > 1 && lengthOf(last.track) <= 2 * m_settings.stepover + m_settings.toolRadius / 2)
+        last.purpose = Purpose::cut;
+    return legs;
+}
+
+void RoutePlanner::approach(const Vec& from, const Vec& to, Step& step) const
+{
+    if (from == to)
+        return;
+    for (Leg& leg : straight(from, to))
+        step.approach.push_back(std::move(leg));
 }
 
 double RoutePlanner::minutesFor(const Leg& leg) const
@@ -258,21 +318,30 @@ double RoutePlanner::minutesFor(const Leg& leg) const
     return lengthOf(leg.track) / rate;
 }
 
-void RoutePlanner::consider(const Step& last, const Track& walk, const Vec& leaving, bool afterLead, const Pass& pass,
+void RoutePlanner::consider(const Step& last, const Track& walk, const Vec& leaving, bool afterLead,
                             const TrackPlace& start, std::optional<DownLink>& best) const
 {
+    const PlaneMove way = lineTo(leaving, start.place);
     DownLink link;
     link.start = start;
+    link.leaving = leaving;
     link.afterLead = afterLead;
     if (!walk.empty())
-        link.legs.push_back({Purpose::link, walk});
-    link.legs.push_back(straight(leaving, start.place, pass));
-    for (const Leg& leg : link.legs)
-        link.minutes += minutesFor(leg);
+        link.walk =
+            Leg{(last.wall && !afterLead) || !isWorthLinking(lengthOf(walk)) ? Purpose::cut : Purpose::link, walk};
+    if (link.walk)
+        link.minutes += minutesFor(*link.walk);
     if (afterLead)
         link.minutes += lengthOf(last.leave) / m_settings.feed;
-    link.cleared = link.legs.back().purpose != Purpose::slot;
-    if ((!best || link.minutes < best->minutes) && m_walls.keepsClear(link.legs.back().track.front()))
+    const double least = link.minutes + way.length() / std::max(m_settings.highFeed, m_settings.feed);
+    if ((best && least >= best->minutes) || !m_walls.keepsClear(way))
+        return;
+    const std::vector<Leg> legs = straight(leaving, start.place);
+    for (const Leg& leg : legs)
+        link.minutes += minutesFor(leg);
+    link.isCut = walk.empty() && way.length() <= 1.5 * m_settings.stepover;
+    link.cleared = std::none_of(legs.begin(), legs.end(), [](const Leg& leg) { return leg.purpose == Purpose::slot; });
+    if (!best || link.minutes < best->minutes)
         best = std::move(link);
 }
 
@@ -281,7 +350,7 @@ std::optional<RoutePlanner::DownLink> RoutePlanner::downLink(const Step& last, c
     std::optional<DownLink> best;
     const Vec from = last.end();
     const TrackPlace direct = nearestOn(*pass.loop, from);
-    consider(last, {}, from, true, pass, direct, best);
+    consider(last, {}, from, true, direct, best);
     if (best && direct.distance <= 1.5 * m_settings.stepover)
         return best;
     // Along the pass just cut to where the next one is nearest.
@@ -294,9 +363,38 @@ std::optional<RoutePlanner::DownLink> RoutePlanner::downLink(const Step& last, c
             leaving = nearestOn(last.loop(), start.place);
             start = nearestOn(*pass.loop, leaving.place);
         }
-        consider(last, alongTo(last.loop(), leaving), leaving.place, false, pass, start, best);
+        consider(last, alongTo(last.loop(), leaving), leaving.place, false, start, best);
     }
+    if (last.wall && !last.leave.empty())
+        considerBeside(last, pass, best);
     return best;
+}
+
+void RoutePlanner::considerBeside(const Step& last, const Pass& pass, std::optional<DownLink>& best) const
+{
+    const Vec from = last.end();
+    const Track track = beside(last.loop(), m_settings.leadRadius * (m_settings.materialOnRight ? 1 : -1));
+    if (track.empty())
+        return;
+    const TrackPlace first = nearestOn(track, from);
+    const Track round = startingAt(track, first);
+    TrackPlace leaving = nearestOn(round, middleOf(*pass.loop));
+    TrackPlace start = nearestOn(*pass.loop, leaving.place);
+    for (int i = 0; i < 3; ++i)
+    {
+        leaving = nearestOn(round, start.place);
+        start = nearestOn(*pass.loop, leaving.place);
+    }
+    Track walk = alongTo(round, leaving);
+    if (from != first.place)
+        walk.insert(walk.begin(), lineTo(from, first.place));
+    const auto isFree = [this](const PlaneMove& move)
+    {
+        const auto pieces = m_room.split(move);
+        return m_walls.keepsClear(move) && pieces.size() == 1 && pieces.front().first;
+    };
+    if (std::all_of(walk.begin(), walk.end(), isFree))
+        consider(last, walk, leaving.place, true, start, best);
 }
 
 std::optional<Vec> RoutePlanner::clearedPlaceNear(const Vec& place) const
@@ -320,10 +418,37 @@ std::optional<Vec> RoutePlanner::clearedPlaceNear(const Vec& place) const
     return best;
 }
 
+std::optional<TrackPlace> RoutePlanner::dropBeside(const Pass& pass, Step& step) const
+{
+    // As far as takes less time than another entry.
+    double limit = m_settings.slotFeed * (m_settings.entryMinutes - liftOverhead);
+    const Box around = boxOf(*pass.loop).grown(std::max(0.0, limit));
+    std::optional<TrackPlace> best;
+    for (const CutLoop& cut : m_cut)
+    {
+        m_cancel.check();
+        if (!cut.box.overlaps(around))
+            continue;
+        TrackPlace start = nearestOn(*pass.loop, nearestOn(*cut.loop, middleOf(*pass.loop)).place);
+        TrackPlace drop = nearestOn(*cut.loop, start.place);
+        for (int i = 0; i < 3; ++i)
+        {
+            start = nearestOn(*pass.loop, drop.place);
+            drop = nearestOn(*cut.loop, start.place);
+        }
+        if (drop.distance >= limit || !m_walls.keepsClear(lineTo(drop.place, start.place)))
+            continue;
+        limit = drop.distance;
+        step.reach = Reach::lift;
+        step.drop = drop.place;
+        best = start;
+    }
+    return best;
+}
+
 bool RoutePlanner::fly(const Step& last, const Pass& pass, const std::optional<DownLink>& down, Step& step) const
 {
-    // From one ring to the next is part of the cut and no link.
-    if (down && down->legs.size() == 1 && down->legs.front().purpose == Purpose::cut)
+    if (down && down->isCut)
         return false;
     const Vec from = last.end();
     const double rise = m_settings.liftHeight / m_settings.verticalRapid;
@@ -378,15 +503,39 @@ bool RoutePlanner::enter(std::size_t position, const Vec& from, Step& step) cons
 void RoutePlanner::setPass(const Pass& pass, const TrackPlace& start, const Vec& comingFrom, Step& step,
                            Route& route) const
 {
-    if (pass.wall && m_settings.leadRadius > 0)
+    step.wall = pass.wall;
+    const bool wantsLeads = pass.wall && m_settings.leadRadius > 0;
+    if (!wantsLeads || !setLeads(pass, start, comingFrom, step))
     {
-        if (setLeads(pass, start, comingFrom, step))
-            return;
-        ++route.wallsWithoutLead;
+        if (wantsLeads)
+            ++route.wallsWithoutLead;
+        step.pass = startingAt(*pass.loop, start);
+        approach(comingFrom, start.place, step);
     }
-    step.pass = startingAt(*pass.loop, start);
-    if (comingFrom != start.place)
-        step.approach.push_back(straight(comingFrom, start.place, pass));
+    if (pass.wall)
+        hurryThroughAir(step);
+}
+
+void RoutePlanner::hurryThroughAir(Step& step) const
+{
+    const double away = m_walls.clearance() + m_settings.stepover / 2;
+    const auto isOpen = [&](const PlaneMove& move)
+    { return m_walls.keepsDistance(lineTo(move.at(0.5), move.at(0.5)), away); };
+    if (std::none_of(step.pass.begin(), step.pass.end(), isOpen))
+        return;
+    std::vector<Leg> legs;
+    for (const PlaneMove& move : step.pass)
+        for (const auto& [clear, piece] : m_room.split(move))
+        {
+            const Purpose purpose = clear && isWorthLinking(piece.length()) ? Purpose::link : Purpose::cut;
+            if (legs.empty() || legs.back().purpose != purpose)
+                legs.push_back({purpose, {}});
+            legs.back().track.push_back(piece);
+        }
+    step.round = std::move(step.pass);
+    step.pass = std::move(legs.back().track);
+    legs.pop_back();
+    std::move(legs.begin(), legs.end(), std::back_inserter(step.approach));
 }
 
 bool RoutePlanner::setLeads(const Pass& pass, const TrackPlace& start, const Vec& comingFrom, Step& step) const
@@ -416,8 +565,7 @@ bool RoutePlanner::setLeads(const Pass& pass, const TrackPlace& start, const Vec
             const PlaneMove link = lineTo(comingFrom, in.start);
             if (!m_walls.keepsClear(in) || !m_walls.keepsClear(link) || !m_walls.keepsClear(out))
                 continue;
-            if (comingFrom != in.start)
-                step.approach.push_back(straight(comingFrom, in.start, pass));
+            approach(comingFrom, in.start, step);
             step.approach.push_back({Purpose::lead, {in}});
             step.pass = startingAt(loop, place);
             if (m_settings.leadsOut)
