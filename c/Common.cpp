@@ -110,7 +110,7 @@ int tessaronVersion(void)
 
 int tessaronHasFeature(const char* name)
 {
-    static constexpr std::string_view features[] = {"parameters", "inputs",     "toolpaths",  "jobs",
-                                                    "templates",  "calculator", "expert-data"};
+    static constexpr std::string_view features[] = {"parameters", "inputs",    "toolpaths",  "gcode",
+                                                    "jobs",       "templates", "calculator", "expert-data"};
     return name != nullptr && std::find(std::begin(features), std::end(features), name) != std::end(features) ? 1 : 0;
 }

@@ -2,6 +2,7 @@
 
 #include "c/Failure.h"
 #include <tessaron/exchange/Archives.h>
+#include <tessaron/gcode/GcodeWriter.h>
 
 #include <boost/make_shared.hpp>
 #include <boost/variant/apply_visitor.hpp>
@@ -73,6 +74,23 @@ ToolpathRecord recordOf(const TessaronRecord& plain)
     default:
         throw Failure(TESSARON_INVALID_ARGUMENT, "There is no such kind", "records");
     }
+}
+
+exchange::GcodeSettings dialectOf(const char* const* settings)
+{
+    exchange::GcodeSettings dialect;
+    for (; settings != nullptr && *settings != nullptr; settings += 2)
+    {
+        try
+        {
+            exchange::setGcodeSetting(dialect, settings[0], needed(settings[1], settings[0]));
+        }
+        catch (const exchange::GcodeError& error)
+        {
+            throw Failure(TESSARON_INVALID_ARGUMENT, error.what(), settings[0]);
+        }
+    }
+    return dialect;
 }
 
 /// The records of a toolpath that the caller may change.
@@ -178,6 +196,18 @@ int tessaronToolpathRead(const char* path, TessaronToolpath** created)
             auto records = boost::make_shared<exchange::ToolpathRecords>();
             c_interface::withFile(TESSARON_READ_ERROR, path, [&] { exchange::readArchiveFile(path, *records); });
             *created = ownToolpath(std::move(records));
+        });
+}
+
+int tessaronToolpathWriteGcode(const TessaronToolpath* toolpath, const char* path, const char* const* settings)
+{
+    return guarded(
+        [&]
+        {
+            const exchange::ToolpathRecords& records = *needed(toolpath, "toolpath")->records;
+            const exchange::GcodeSettings dialect = dialectOf(settings);
+            c_interface::withFile(TESSARON_WRITE_ERROR, path,
+                                  [&] { exchange::writeGcodeFile(path, records, dialect); });
         });
 }
 

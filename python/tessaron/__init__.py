@@ -9,7 +9,7 @@
     part.parameters.update({"Tool Diameter": 6.0, "Stepover": 2.4, "Z Depth": -5.0, "Rapid Plane Z": 10.0})
     with tessaron.Job(part) as job:
         toolpath = job.result()
-    toolpath.write("pocket.xml")
+    toolpath.write_gcode("pocket.ngc")
 
 Lengths are in the unit of the part, angles in radians. Everything that fails raises tessaron.Error, or ValueError for a
 bad argument and KeyError for a key that is not there. Waiting lets other Python threads run.

@@ -5,7 +5,7 @@ from __future__ import annotations
 import ctypes
 import enum
 import os
-from collections.abc import Iterable, Sequence
+from collections.abc import Iterable, Mapping, Sequence
 from typing import TYPE_CHECKING, Any, NamedTuple, overload
 
 from . import _library as lib
@@ -71,6 +71,12 @@ class Toolpath(Sequence[Record]):
     def write(self, path: str | os.PathLike[str]) -> None:
         """Writes the toolpath into an XML archive, whole or not at all."""
         lib.call("tessaronToolpathWrite", self._handle.pointer, lib.bytes_of(path, "path"))
+
+    def write_gcode(self, path: str | os.PathLike[str], settings: Mapping[str, object] = {}) -> None:
+        """Writes the toolpath as G-code; the settings of the control by name, such as {"units": "inches", "tool": 3}."""
+        texts = [lib.bytes_of(str(text)) for pair in settings.items() for text in pair]
+        pairs = (ctypes.c_char_p * (len(texts) + 1))(*texts)
+        lib.call("tessaronToolpathWriteGcode", self._handle.pointer, lib.bytes_of(path, "path"), pairs)
 
     def append(self, record: Record | str) -> None:
         """Appends a record; a text becomes a custom record. The toolpath of a job cannot be changed."""

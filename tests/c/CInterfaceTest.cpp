@@ -145,6 +145,28 @@ TEST(CInterface, ToolpathOutlivesItsJob)
     EXPECT_EQ(tessaronToolpathRecords(read, count, std::numeric_limits<std::size_t>::max(), last), TESSARON_NOT_FOUND);
 }
 
+TEST(CInterface, ToolpathsAreWrittenAsGcode)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.path() + "/pocket.ngc";
+    const Input input(pocketFromC());
+    const PocketJob job(input);
+    ASSERT_EQ(job.wait(), TESSARON_JOB_FINISHED);
+    Toolpath toolpath;
+    ASSERT_EQ(tessaronJobToolpath(job.id(), &toolpath), TESSARON_OK);
+    const char* const inches[] = {"units", "inches", "tool", "3", nullptr};
+    ASSERT_EQ(tessaronToolpathWriteGcode(toolpath, path.c_str(), inches), TESSARON_OK) << tessaronLastError()->text;
+    const std::string program = readBytes(path);
+    EXPECT_THAT(program, HasSubstr("G20"));
+    EXPECT_THAT(program, HasSubstr("T3"));
+
+    const char* const unknown[] = {"colour", "red", nullptr};
+    EXPECT_EQ(tessaronToolpathWriteGcode(toolpath, path.c_str(), unknown), TESSARON_INVALID_ARGUMENT);
+    EXPECT_STREQ(tessaronLastError()->field, "colour");
+    EXPECT_EQ(tessaronToolpathWriteGcode(toolpath, "/no/such/folder/x", nullptr), TESSARON_WRITE_ERROR);
+    EXPECT_STREQ(tessaronLastError()->file, "/no/such/folder/x");
+}
+
 TEST(CInterface, RecordsOfEveryKindComeBack)
 {
     Toolpath toolpath;

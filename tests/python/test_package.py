@@ -123,6 +123,10 @@ class JobTest(unittest.TestCase):
             path = pathlib.Path(folder, "toolpath.xml")
             toolpath.write(path)
             self.assertEqual(list(tessaron.Toolpath.read(path)), list(toolpath))
+            toolpath.write_gcode(path, {"units": "inches", "tool": 3})
+            self.assertIn("G20", path.read_text())
+            with self.assertRaises(ValueError):
+                toolpath.write_gcode(path, {"colour": "red"})
 
     @unittest.skipIf(numpy is None, "numpy is not installed")
     def test_toolpath_as_a_table(self):

@@ -78,8 +78,8 @@ extern "C"
     /* The version of the library, as TESSARON_VERSION. */
     TESSARON_ENGINES_API int tessaronVersion(void);
 
-    /* 1 when the library has a part of this interface, 0 when it has not: "parameters", "inputs", "toolpaths", "jobs",
-     * "templates", "calculator", "expert-data". For hosts that load the library at run time. */
+    /* 1 when the library has a part of this interface, 0 when it has not: "parameters", "inputs", "toolpaths", "gcode",
+     * "jobs", "templates", "calculator", "expert-data". For hosts that load the library at run time. */
     TESSARON_ENGINES_API int tessaronHasFeature(const char* name);
 
 #ifdef __cplusplus
