@@ -73,7 +73,7 @@ class Toolpath(Sequence[Record]):
         lib.call("tessaronToolpathWrite", self._handle.pointer, lib.bytes_of(path, "path"))
 
     def write_gcode(self, path: str | os.PathLike[str], settings: Mapping[str, object] = {}) -> None:
-        """Writes the toolpath as G-code; the settings of the control by name, such as {"units": "inches", "tool": 3}."""
+        """Writes the toolpath as G-code; the settings of the control by name, such as {"units": "inch", "tool": 3}."""
         texts = [lib.bytes_of(str(text)) for pair in settings.items() for text in pair]
         pairs = (ctypes.c_char_p * (len(texts) + 1))(*texts)
         lib.call("tessaronToolpathWriteGcode", self._handle.pointer, lib.bytes_of(path, "path"), pairs)

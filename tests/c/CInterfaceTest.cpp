@@ -154,7 +154,7 @@ TEST(CInterface, ToolpathsAreWrittenAsGcode)
     ASSERT_EQ(job.wait(), TESSARON_JOB_FINISHED);
     Toolpath toolpath;
     ASSERT_EQ(tessaronJobToolpath(job.id(), &toolpath), TESSARON_OK);
-    const char* const inches[] = {"units", "inches", "tool", "3", nullptr};
+    const char* const inches[] = {"units", "inch", "tool", "3", nullptr};
     ASSERT_EQ(tessaronToolpathWriteGcode(toolpath, path.c_str(), inches), TESSARON_OK) << tessaronLastError()->text;
     const std::string program = readBytes(path);
     EXPECT_THAT(program, HasSubstr("G20"));

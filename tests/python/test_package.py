@@ -123,7 +123,7 @@ class JobTest(unittest.TestCase):
             path = pathlib.Path(folder, "toolpath.xml")
             toolpath.write(path)
             self.assertEqual(list(tessaron.Toolpath.read(path)), list(toolpath))
-            toolpath.write_gcode(path, {"units": "inches", "tool": 3})
+            toolpath.write_gcode(path, {"units": "inch", "tool": 3})
             self.assertIn("G20", path.read_text())
             with self.assertRaises(ValueError):
                 toolpath.write_gcode(path, {"colour": "red"})

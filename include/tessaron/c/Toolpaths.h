@@ -65,7 +65,7 @@ extern "C"
     TESSARON_ENGINES_API int tessaronToolpathWrite(const TessaronToolpath* toolpath, const char* path);
 
     /* Writes a toolpath as G-code for milling controls. `settings` are names and values in turn, ended by null:
-     * {"units", "inches", "tool", "3", NULL}; null for the defaults. docs/gcode.md lists them. The file appears whole or
+     * {"units", "inch", "tool", "3", NULL}; null for the defaults. docs/gcode.md lists them. The file appears whole or
      * not at all; TESSARON_INVALID_ARGUMENT for a setting that is none, with its name as the field. */
     TESSARON_ENGINES_API int tessaronToolpathWriteGcode(const TessaronToolpath* toolpath, const char* path,
                                                         const char* const* settings);
