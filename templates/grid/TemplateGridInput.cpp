@@ -172,7 +172,7 @@ void TemplateGridInput::onKeyDown(wxKeyEvent& event)
     else if (event.GetKeyCode() == 'A' && onlyControl)
         m_grid.SelectAll();
     // In an empty grid the toolkit would look for the cells around one that is not there.
-    else if (m_grid.GetGridCursorRow() >= 0 || !isNavigation(event.GetKeyCode()))
+    else if (m_grid.GetGridCursorRow() >= 0 || !(isNavigation(event.GetKeyCode()) || event.GetKeyCode() == WXK_SPACE))
     {
         event.Skip();
         if ((event.GetModifiers() == wxMOD_NONE || onlyControl) && isNavigation(event.GetKeyCode()))
