@@ -9,7 +9,8 @@
 #include <utility>
 #include <vector>
 
-// engine_toolpath_report INPUT TOOLPATH...: what each toolpath of an input means to a machine, and what is wrong with it.
+// engine_toolpath_report INPUT TOOLPATH...: what each toolpath of an input means to a machine, and what is wrong with
+// it.
 
 int main(int count, char** arguments)
 try

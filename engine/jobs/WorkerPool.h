@@ -38,8 +38,8 @@ public:
     /// \throws what the first task to fail threw, or Cancelled; the tasks not yet started are dropped then. After a
     ///     cancel the wait ends at the latest when the grace time is over.
     void wait();
-    /// Calls a function for each number from 0 to below a count, on this thread and on workers that have nothing else to
-    /// do, and waits for all calls. May be called from a task.
+    /// Calls a function for each number from 0 to below a count, on this thread and on workers that have nothing else
+    /// to do, and waits for all calls. May be called from a task.
     /// \throws what the first call to fail threw; no further ones are begun then
     void forEach(std::size_t count, const std::function<void(std::size_t)>& call);
     /// Has wait() look at the cancel flag.

@@ -118,7 +118,8 @@ const CodeField codeFields[] = {
     {keys::numberOfConcurrentThreads, &PocketingParameters::threads, 1, std::numeric_limits<int>::max()},
 };
 
-/// A bad tool diameter and bad leads have status codes of their own; for anything else the text has to say what is wrong.
+/// A bad tool diameter and bad leads have status codes of their own; for anything else the text has to say what is
+/// wrong.
 int statusOf(const std::string& field)
 {
     if (field == keys::motionStartCutting.c_str())

@@ -271,8 +271,8 @@ std::vector<Area> grownArea(const Area& area, double distance, const OffsetToler
     return areas;
 }
 
-/// Whether nothing can remain of an area that shrinks by a distance: no disc of that radius fits into its outer contour.
-/// Looks at the contour's size and its widths only.
+/// Whether nothing can remain of an area that shrinks by a distance: no disc of that radius fits into its outer
+/// contour. Looks at the contour's size and its widths only.
 bool vanishes(const Path& outer, double distance)
 {
     const double halfTurn = std::acos(-1.0);

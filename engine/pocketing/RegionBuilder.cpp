@@ -26,7 +26,8 @@ namespace
 using jobs::CancelFlag;
 using jobs::JobError;
 
-/// Flattening or thinning boundaries, rounding corners and leaving out points of offsets may each take this part of the cut tolerance.
+/// Flattening or thinning boundaries, rounding corners and leaving out points of offsets may each take this part of the
+/// cut tolerance.
 constexpr double toleranceShare = 1.0 / 8;
 /// What rounding to the grid may add up to, in steps.
 constexpr double roundingSteps = 4;

@@ -33,8 +33,9 @@ constexpr std::size_t maxBoundaryPoints = 2000000;
 constexpr double leastToleranceFactor = 1e-6;
 
 /// Flattens, chains and checks the boundaries of an input and finds where the tool may go: the stock less the part,
-/// made smaller by the tool radius and "XY Stock to Leave" where the part is. Never nearer to the part than that; farther
-/// by at most the cut tolerance. Edges of the stock that are no edges of the part are open: the axis may go up to them.
+/// made smaller by the tool radius and "XY Stock to Leave" where the part is. Never nearer to the part than that;
+/// farther by at most the cut tolerance. Edges of the stock that are no edges of the part are open: the axis may go up
+/// to them.
 /// \param done receives the part that is done, 0 to 1
 /// \param forEach see shrink
 /// \throws jobs::JobError, jobs::Cancelled

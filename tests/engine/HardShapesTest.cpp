@@ -78,7 +78,8 @@ Tessaron2dInput nearlyClosed()
 
 Tessaron2dInput slotsOfOneDiameter()
 {
-    // Two rooms with a slot between, a blind slot, and a slot by itself.
+    // Two rooms with a slot between, a blind slot, and a slot by itself. The rooms are cut; the slots, which leave no
+    // room for the tolerances, are not.
     return blockWith({shapes::polyline({{10, 30},
                                         {40, 30},
                                         {40, 47},

@@ -38,7 +38,8 @@ struct EntrySettings
     double holeRange = std::numeric_limits<double>::infinity();
 };
 
-/// Finds a way into material for a pass: from the open side of the stock, into a hole, by a helix, by a ramp along a pass.
+/// Finds a way into material for a pass: from the open side of the stock, into a hole, by a helix, by a ramp along a
+/// pass.
 class EntryFinder
 {
 public:

@@ -12,9 +12,9 @@
 namespace exchange::pocketing
 {
 
-/// Closed cuts beside each other, joined where they come near: going round one, the tool turns off to the next where that
-/// is near, cuts it with all behind it, comes back and goes on. So each is cut once, and no way is made twice but the
-/// short ones between.
+/// Closed cuts beside each other, joined where they come near: going round one, the tool turns off to the next where
+/// that is near, cuts it with all behind it, comes back and goes on. So each is cut once, and no way is made twice but
+/// the short ones between.
 class LoopTree
 {
 public:

@@ -14,8 +14,8 @@ namespace exchange::pocketing
 namespace
 {
 
-/// What leaving the cut and coming back costs beside the way, in minutes: stopping and starting again, and a mark on the
-/// wall and a blow to the tool each time, which a short way round is worth.
+/// What leaving the cut and coming back costs beside the way, in minutes: stopping and starting again, and a mark on
+/// the wall and a blow to the tool each time, which a short way round is worth.
 constexpr double liftOverhead = 1.0 / 60;
 /// How many of the passes that follow a ramp may use.
 constexpr std::size_t rampChoices = 12;

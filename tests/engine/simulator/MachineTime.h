@@ -8,9 +8,9 @@
 namespace simulator
 {
 
-/// How a machine runs through a toolpath: it looks ahead without limit, speeds up and slows down along the way, and takes
-/// corners as fast as an arc within the deviation allows (the "junction deviation" of grbl). Lengths are in the unit
-/// of the toolpath, times in seconds.
+/// How a machine runs through a toolpath: it looks ahead without limit, speeds up and slows down along the way, and
+/// takes corners as fast as an arc within the deviation allows (the "junction deviation" of grbl). Lengths are in the
+/// unit of the toolpath, times in seconds.
 struct Machine
 {
     /// Along the way, and across it on arcs.

@@ -41,8 +41,8 @@ struct Motions
 {
     std::vector<Motion> all;
     std::size_t records = 0;
-    /// What is wrong with the records themselves: numbers that are none, arcs that their radius cannot reach, cuts before
-    /// feed rate and spindle speed.
+    /// What is wrong with the records themselves: numbers that are none, arcs that their radius cannot reach, cuts
+    /// before feed rate and spindle speed.
     std::vector<std::string> faults;
 };
 

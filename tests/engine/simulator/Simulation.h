@@ -38,7 +38,8 @@ struct Fault
 struct Report
 {
     std::size_t records = 0;
-    /// Moves that bring the tool nearer to the part than radius, stock to leave and tolerance allow, or below the floor.
+    /// Moves that bring the tool nearer to the part than radius, stock to leave and tolerance allow, or below the
+    /// floor.
     std::size_t gouges = 0;
     /// Cells above the floor that the tool reaches.
     std::size_t uncutCells = 0;
