@@ -11,10 +11,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-typedef int (*StartFile)(const char*, char*, size_t);
+typedef int (*ReadInput)(const char*, void**);
+typedef int (*StartJob)(void*, int*);
+typedef int (*WaitForJob)(int, int, int*);
 typedef int (*ShowJob)(int, const char*);
 typedef int (*ShowMultiJob)(int);
-typedef int (*JobState)(int);
+typedef int (*CancelJob)(int);
 typedef void (*Quit)(void);
 typedef const char* (*ProgramName)(void);
 
@@ -99,22 +101,26 @@ int main(int argc, char** argv)
     const ShowJob showTurning = (ShowJob)find(module, "displayOrrimantProgressDialogForJobId");
     const ShowMultiJob showMulti = (ShowMultiJob)find(module, "displayMultiProgressDialogForJobId");
     const ShowMultiJob showMultiTurning = (ShowMultiJob)find(module, "displayOrrimantMultiProgressDialogForJobId");
-    const StartFile start = (StartFile)find(engine, "tessaronJobStartFile");
-    const JobState state = (JobState)find(engine, "tessaronJobState");
-    const JobState cancel = (JobState)find(engine, "tessaronJobCancel");
+    const ReadInput readInput = (ReadInput)find(engine, "tessaronInputRead");
+    const StartJob start = (StartJob)find(engine, "tessaronJobStart");
+    const WaitForJob wait = (WaitForJob)find(engine, "tessaronJobWait");
+    const CancelJob cancel = (CancelJob)find(engine, "tessaronJobCancel");
 
     /* Also the id that says that a record follows no job yet, which nobody could change here. */
     const int unknown[] = {show(123456789, "Unknown"), showTurning(123456789, NULL),
                            showMulti(123456789),       showMultiTurning(123456789),
                            show(-1, "None"),           showMulti(-1)};
-    char text[512] = "";
-    const int job = start(argv[3], text, sizeof text);
-    const int finished = job > 0 ? show(job, "Job") : job;
-    const int endState = state(job);
+    void* part = NULL;
+    int job = 0, second = 0, endState = 0;
+    const int readStatus = readInput(argv[3], &part);
+    const int startStatus = readStatus == 0 ? start(part, &job) : readStatus;
+    const int finished = startStatus == 0 ? show(job, "Job") : startStatus;
+    wait(job, 0, &endState);
 
     Quit quit = (Quit)find(module, "tessaronResourcesQuit");
     pthread_t thread;
-    const int second = start(argv[3], text, sizeof text);
+    if (startStatus == 0)
+        start(part, &second);
     pthread_create(&thread, NULL, quitLater, &quit);
     const int quitResult = showMulti(second);
     pthread_join(thread, NULL);
@@ -131,8 +137,6 @@ int main(int argc, char** argv)
     check(environmentSize() == environmentBefore, "the environment is as it was");
     for (size_t i = 0; i < sizeof unknown / sizeof *unknown; ++i)
         check(unknown[i] == 1, "a job that the engine does not know has ended: 1");
-    if (job <= 0)
-        fprintf(stderr, "%s\n", text);
     check(finished == 1, "a job that ends by itself: 1");
     check(endState == 2, "the job has finished");
     check(quitResult == 1, "a quit message, or a job that was faster: 1");
