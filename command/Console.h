@@ -12,7 +12,8 @@ bool isErrorTerminal();
 /// The columns of that terminal; 80 where it does not tell.
 std::size_t errorTerminalWidth();
 
-/// From here on SIGINT and SIGTERM (or what the platform has for them) no longer end the process at once, but are noted.
+/// From here on SIGINT and SIGTERM (or what the platform has for them) no longer end the process at once, but are
+/// noted.
 void catchInterrupts();
 
 /// The number of the signal that has come; 0 for none.

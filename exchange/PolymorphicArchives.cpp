@@ -108,8 +108,8 @@ void readAs(std::istream& stream, RecordKind kind, void* record)
     *static_cast<Record*>(record) = std::move(fresh);
 }
 
-/// Calls an operation with the type of a record, given as a null pointer. The templates of the header let no kind through
-/// that is not for polymorphic archives.
+/// Calls an operation with the type of a record, given as a null pointer. The templates of the header let no kind
+/// through that is not for polymorphic archives.
 template <class Operation, std::size_t... places>
 void withType(RecordKind kind, const Operation& operation, std::index_sequence<places...>)
 {

@@ -12,8 +12,8 @@ namespace TessaronResources
 namespace
 {
 
-// The toolkit publishes whether the setting is on. Behind that it has three values: off, on, and on from the start of the
-// main loop.
+// The toolkit publishes whether the setting is on. Behind that it has three values: off, on, and on from the start of
+// the main loop.
 struct ExitSetting : wxAppBase
 {
     static auto& of(wxAppBase& app) { return app.*(&ExitSetting::m_exitOnFrameDelete); }

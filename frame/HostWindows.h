@@ -7,8 +7,8 @@ namespace TessaronResources
 {
 
 /// Closing a window of the module must not end a host that has no other window open. Closing the host's own last window
-/// while one of the module's is up ends the call, and then the host, as it would at any other time. The toolkit's setting
-/// for that is off while one of these lives, and the very one that it was afterwards. Needs the toolkit.
+/// while one of the module's is up ends the call, and then the host, as it would at any other time. The toolkit's
+/// setting for that is off while one of these lives, and the very one that it was afterwards. Needs the toolkit.
 class LastWindowGuard
 {
 public:

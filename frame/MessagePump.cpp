@@ -86,8 +86,9 @@ bool MessagePump::pump()
         const auto deadline = std::chrono::steady_clock::now() + longestDrain;
         while (!m_quit && loop->Pending())
         {
-            // What Dispatch tells is whether the innermost native loop was told to quit. That means something only where
-            // such a loop runs and is the host's own: the toolkit quits and re-enters its loops as dialogs come and go.
+            // What Dispatch tells is whether the innermost native loop was told to quit. That means something only
+            // where such a loop runs and is the host's own: the toolkit quits and re-enters its loops as dialogs come
+            // and go.
             const bool running = loop->Dispatch();
             idleWorkDue = true;
             m_quit = (!running && loop == ownLoop && native::insideNativeLoop()) || quitPosted();

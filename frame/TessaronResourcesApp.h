@@ -17,7 +17,8 @@ public:
     /// module state slot.
     bool InitInstance() override;
 
-    /// Lets the toolkit do its idle work, then waits until a message arrives or a few milliseconds have passed, so that the loops of the windows cost next to nothing while a job runs.
+    /// Lets the toolkit do its idle work, then waits until a message arrives or a few milliseconds have passed, so that
+    /// the loops of the windows cost next to nothing while a job runs.
     bool OnIdle(long count) override;
 };
 

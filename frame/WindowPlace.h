@@ -14,8 +14,8 @@ namespace TessaronResources
 {
 
 /// Where a window of this size comes up: at the place that was kept, if it can be seen and taken hold of there; else in
-/// the middle of its owner, or of the first screen where there is none (an empty rectangle). Always whole on one screen,
-/// or with its upper left corner where the screen is too small. All in pixels; `screens` is not empty.
+/// the middle of its owner, or of the first screen where there is none (an empty rectangle). Always whole on one
+/// screen, or with its upper left corner where the screen is too small. All in pixels; `screens` is not empty.
 wxPoint windowPlace(const std::optional<wxPoint>& kept, const wxSize& size, const wxRect& owner,
                     const std::vector<wxRect>& screens);
 

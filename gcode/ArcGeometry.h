@@ -26,8 +26,8 @@ struct TurnedWay
     double sagitta(double share) const;
 };
 
-/// The way that an arc record stands for: with a positive radius the one of at most half a turn, with a negative one the
-/// longer one.
+/// The way that an arc record stands for: with a positive radius the one of at most half a turn, with a negative one
+/// the longer one.
 /// \param slack by how much the ends may be farther apart than the circle is wide; the way is then half a turn
 /// \returns nothing when the ends are the same or too far apart: there is no such circle, or no only one
 std::optional<TurnedWay> turnedWay(const PlanePoint& start, const PlanePoint& end, double radius, bool counterClockwise,

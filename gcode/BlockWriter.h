@@ -19,7 +19,8 @@ public:
 
     /// A word of a letter and a whole number: "G1".
     void word(char letter, std::int64_t number);
-    /// A word of a letter and a number that always has a point: "X12.", "Y-0.5". It is given in units of the last decimal.
+    /// A word of a letter and a number that always has a point: "X12.", "Y-0.5". It is given in units of the last
+    /// decimal.
     void decimal(char letter, std::int64_t units, int decimals);
     /// Words as they stand.
     void words(std::string_view text);

@@ -2,6 +2,7 @@
 
 #include "controls/TransparentImage.h"
 #include "frame/CurrentModule.h"
+#include "frame/ShownText.h"
 #include "frame/Toolkit.h"
 #include "progress/ProgressControls.h"
 #include "progress/ProgressLoop.h"
@@ -47,7 +48,7 @@ bool ProgressDialog::OnInitDialog()
     const ModuleStateGuard guard(storedModuleState());
     DialogBase::OnInitDialog();
     setUpProgressWindow(*this, m_picture, m_templateId);
-    SetTitle(wxString::FromUTF8(m_caption));
+    SetTitle(shownText(m_caption));
     enableVisualManagerStyle();
     return true;
 }

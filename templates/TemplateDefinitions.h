@@ -39,13 +39,14 @@ enum class DefinitionsState
 };
 
 /// Loads the definitions from `folder` when the manager opens, and builds and stores the defaults at the first start.
-/// `code` receives the status code of what failed, also where only storing the defaults did: they are made again the next
-/// time then, as in a library that may only be read.
+/// `code` receives the status code of what failed, also where only storing the defaults did: they are made again the
+/// next time then, as in a library that may only be read.
 DefinitionsState prepareTemplateDefinitions(const std::string& folder, int kind, bool titleVariant,
                                             util::TemplateInfo& info, int& code);
 
 /// Builds the default definitions and stores them in `folder`.
-/// \returns a status code. `info` holds them also when they could not be stored, but not when the expert data are missing.
+/// \returns a status code. `info` holds them also when they could not be stored, but not when the expert data are
+/// missing.
 int makeTemplateDefinitions(const std::string& folder, int kind, bool titleVariant, util::TemplateInfo& info);
 
 } // namespace TessaronResources

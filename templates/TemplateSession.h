@@ -73,7 +73,8 @@ public:
     const std::string& homeFolder() const { return m_homeFolder; }
     /// The template folder in use, and the sub-folder that holds the templates of this kind of operation.
     const std::string& folder() const { return m_folder; }
-    /// The template folder that the user has chosen. It is folder() unless it is away, as a drive of the network can be.
+    /// The template folder that the user has chosen. It is folder() unless it is away, as a drive of the network can
+    /// be.
     const std::string& wantedFolder() const { return m_wantedFolder; }
     std::string kindFolder() const { return templateKindFolder(m_folder, m_kind); }
     const TemplateRows& rows() const { return m_rows; }
@@ -125,8 +126,8 @@ public:
     std::size_t importTemplates();
     /// Writes the templates of the given rows, in this order, into a file that the user chooses.
     bool exportTemplates(const std::vector<std::size_t>& rows);
-    /// Deletes the stored templates of the given rows, and fills the rows again. While other rows have edits, only those
-    /// of the deleted templates are taken away.
+    /// Deletes the stored templates of the given rows, and fills the rows again. While other rows have edits, only
+    /// those of the deleted templates are taken away.
     /// \returns how many are gone.
     std::size_t deleteTemplates(const std::vector<std::size_t>& rows);
     /// Saves all edited templates; asks before one is replaced. Rows that were not saved, by a failure or by the user's

@@ -114,8 +114,8 @@ void wholeCallCost(benchmark::State& state)
     }
 }
 
-// How long the lines of many workers take to come in, and the longest pause between two polls meanwhile, as a multiple of
-// the 50 ms that the window leaves between them anyway.
+// How long the lines of many workers take to come in, and the longest pause between two polls meanwhile, as a multiple
+// of the 50 ms that the window leaves between them anyway.
 void manyWorkers(benchmark::State& state)
 {
     const auto workers = static_cast<std::size_t>(state.range(0));

@@ -42,8 +42,8 @@ public:
     void finish(boost::shared_ptr<const ToolpathRecords> toolpath, int status, std::vector<JobFinding> findings);
     void fail(int code, const std::string& text, const std::string& field);
 
-    /// What to call, once, when the job has ended; called at once when it has. Runs on the thread that ends the job, which
-    /// holds no lock.
+    /// What to call, once, when the job has ended; called at once when it has. Runs on the thread that ends the job,
+    /// which holds no lock.
     void onEnd(std::function<void()> call);
 
     JobInfo info() const;

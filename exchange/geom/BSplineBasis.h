@@ -25,8 +25,8 @@ class BSplineBasis
 {
 public:
     /// Finds the knot span of t (the first or last one for t outside the range) and computes the basis functions there.
-    /// \throws util::AssertionError when the numbers imply no degree or one above maxEvaluatedDegree, or the knots about t
-    /// are unsound.
+    /// \throws util::AssertionError when the numbers imply no degree or one above maxEvaluatedDegree, or the knots
+    /// about t are unsound.
     BSplineBasis(const std::vector<double>& knots, std::size_t controlPointCount, double t, int nderivs);
 
     /// The sum of basis functions times control points and its first derivatives: `out` receives nderivs + 1 values.

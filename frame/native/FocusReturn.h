@@ -6,8 +6,8 @@
 namespace TessaronResources::native
 {
 
-/// Remembers which control has the focus in each window of the process and which window is modal, and gives both back on
-/// destruction. A window that is disabled while a dialog is up forgets them.
+/// Remembers which control has the focus in each window of the process and which window is modal, and gives both back
+/// on destruction. A window that is disabled while a dialog is up forgets them.
 class FocusReturn
 {
 public:

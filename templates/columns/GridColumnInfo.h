@@ -80,8 +80,8 @@ public:
     GridColumnInfo(const GridColumnInfo&) = delete;
     GridColumnInfo& operator=(const GridColumnInfo&) = delete;
 
-    /// The cell text for a template, UTF-8 whatever the template holds; empty when it lacks the key or the value does not
-    /// print.
+    /// The cell text for a template, UTF-8 whatever the template holds; empty when it lacks the key or the value does
+    /// not print.
     virtual std::string format(const util::Parameterized& set) const;
     /// Stores the value that `text` denotes under the column's key. Text that does not read as a value of the column's
     /// kind leaves the template unchanged. Never throws for what a user can type.

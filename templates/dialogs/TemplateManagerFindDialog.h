@@ -17,8 +17,8 @@ class TemplateManagerFindDialog : public DialogBase
 public:
     /// Searches onward for a text as typed, moves the grid's current cell to a hit, and tells the user when there is
     /// none.
-    /// \returns where the hit is on the screen; empty when there is none. The texts searched for so far are in `history`
-    /// then.
+    /// \returns where the hit is on the screen; empty when there is none. The texts searched for so far are in
+    /// `history` then.
     typedef std::function<wxRect(const std::string& typed)> FindNext;
 
     TemplateManagerFindDialog(FindNext findNext, const std::vector<std::string>& history, wxWindow* owner);

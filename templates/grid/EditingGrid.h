@@ -8,8 +8,8 @@
 namespace TessaronResources
 {
 
-/// A grid whose editors are drawn in the look in force, and are gone when they are hidden: the toolkit moves hidden ones
-/// too when the grid is scrolled, and GTK complains.
+/// A grid whose editors are drawn in the look in force, and are gone when they are hidden: the toolkit moves hidden
+/// ones too when the grid is scrolled, and GTK complains.
 class EditingGrid : public wxGrid
 {
 public:

@@ -95,8 +95,8 @@ public:
     }
 
 private:
-    // The centre by complex numbers: seen from the middle of the chord it lies across it, as far as half the chord times
-    // the cotangent of half the turn.
+    // The centre by complex numbers: seen from the middle of the chord it lies across it, as far as half the chord
+    // times the cotangent of half the turn.
     void follow(const Place& end, double radius, Motion::Kind kind)
     {
         const double sense = kind == Motion::Kind::counterClockwise ? 1 : -1;

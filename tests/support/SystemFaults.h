@@ -12,8 +12,9 @@
 namespace testing_support
 {
 
-/// Stands in for the operating system while it lives: writes down the calls that are made, and has those fail that a test
-/// names. One at a time, on one thread; it reaches the copy of the platform code that the test program is linked with.
+/// Stands in for the operating system while it lives: writes down the calls that are made, and has those fail that a
+/// test names. One at a time, on one thread; it reaches the copy of the platform code that the test program is linked
+/// with.
 class SystemFaults
 {
 public:

@@ -26,9 +26,9 @@ public:
 /// new file is in place and may still be lost in a power failure.
 ///
 /// A target that exists keeps its access rights and its group; where the system does not let us keep the group, the new
-/// one may do what everybody may. A target that is a symbolic link stays one, and what it leads to is replaced. A pipe or
-/// a device is written into, without a temporary file. Two writers of one target do not disturb each other: the last to
-/// commit wins.
+/// one may do what everybody may. A target that is a symbolic link stays one, and what it leads to is replaced. A pipe
+/// or a device is written into, without a temporary file. Two writers of one target do not disturb each other: the last
+/// to commit wins.
 class AtomicFile
 {
 public:

@@ -9,8 +9,8 @@ namespace util
 
 class UniqueFd;
 
-/// An advisory lock on a folder that holds between processes as well as between threads, for the lifetime of the object. It
-/// leaves nothing in the folder, needs no right to write there, and ends with the process however that ends.
+/// An advisory lock on a folder that holds between processes as well as between threads, for the lifetime of the
+/// object. It leaves nothing in the folder, needs no right to write there, and ends with the process however that ends.
 class FolderLock
 {
 public:

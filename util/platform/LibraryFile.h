@@ -13,8 +13,8 @@ struct LibraryFile
     std::string path;       ///< absolute, links resolved; empty when the system does not tell
 };
 
-/// The library that this call is linked into: each of the three libraries gets an answer of its own. Found out while the
-/// library is loaded, because a relative path means another file once the host has changed its working folder.
+/// The library that this call is linked into: each of the three libraries gets an answer of its own. Found out while
+/// the library is loaded, because a relative path means another file once the host has changed its working folder.
 const LibraryFile& thisLibrary();
 
 /// The folder of thisLibrary(), where the files that belong to it lie. Without a separator at its end; empty when it

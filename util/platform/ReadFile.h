@@ -37,8 +37,8 @@ struct FileContents
     std::string bytes; ///< only when state is ok
 };
 
-/// Reads a file to its end, unless it is larger than `limit` bytes. Links are followed. Never waits for anybody, whatever
-/// lies under the path.
+/// Reads a file to its end, unless it is larger than `limit` bytes. Links are followed. Never waits for anybody,
+/// whatever lies under the path.
 FileContents readFile(const std::string& path, std::size_t limit);
 
 /// Whether a file, or anything else but a folder, can be opened for reading. Nothing is read, and the call never waits.

@@ -7,9 +7,9 @@
 #include <sys/stat.h>
 #include <sys/types.h>
 
-/// The calls to the operating system that files, folders and locks are made of. All go through one table, so that a test
-/// can have any of them fail. Results and errno are the system's; a call that a signal interrupted is made again where
-/// that is safe.
+/// The calls to the operating system that files, folders and locks are made of. All go through one table, so that a
+/// test can have any of them fail. Results and errno are the system's; a call that a signal interrupted is made again
+/// where that is safe.
 namespace util::system
 {
 

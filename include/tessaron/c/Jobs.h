@@ -4,8 +4,8 @@
 // Stability: experimental.
 
 /* Toolpath jobs on the engine's threads, by job id. Ids are positive and never used twice in a process. A job is known
- * until it is released; of those that ended and were not, the 32 that ended last are kept. The workers of a job have ids
- * of their own: they can be asked and awaited, and stop with the job. Every function but tessaronJobWait returns at
+ * until it is released; of those that ended and were not, the 32 that ended last are kept. The workers of a job have
+ * ids of their own: they can be asked and awaited, and stop with the job. Every function but tessaronJobWait returns at
  * once. An id that is not known gives -1004. */
 
 #include <tessaron/c/Inputs.h>

@@ -23,7 +23,7 @@ extern "C"
     TESSARON_ENGINES_API void tessaronTemplatesFree(TessaronTemplateList* templates);
 
     TESSARON_ENGINES_API size_t tessaronTemplatesCount(const TessaronTemplateList* templates);
-    /* The parameter set of template `index`, counted from 0. It belongs to the list, and changing it changes no file. */
+    /* The parameter set of template `index`, counted from 0. It belongs to the list; changing it changes no file. */
     TESSARON_ENGINES_API int tessaronTemplatesAt(TessaronTemplateList* templates, size_t index,
                                                  TessaronParameters** parameters);
     /* The files that the list passes over. */

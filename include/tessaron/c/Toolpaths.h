@@ -53,8 +53,8 @@ extern "C"
     /* The text of a custom record; TESSARON_WRONG_KIND for a record of another kind. */
     TESSARON_ENGINES_API int tessaronToolpathText(const TessaronToolpath* toolpath, size_t index, const char** text);
 
-    /* Appends records: none of them custom ones, and all of them or, after an error, none. TESSARON_INVALID_ARGUMENT for
-     * a toolpath that belongs to a job. */
+    /* Appends records: none of them custom ones, and all of them or, after an error, none. TESSARON_INVALID_ARGUMENT
+     * for a toolpath that belongs to a job. */
     TESSARON_ENGINES_API int tessaronToolpathAppend(TessaronToolpath* toolpath, const struct TessaronRecord* records,
                                                     size_t count);
     /* Appends a custom record. */

@@ -139,9 +139,9 @@ TESSARON_ENGINES_API JobInfo jobInfo(int jobId);
 /// \returns the state at the end of the wait: JobState::running after a time-out, JobState::unknown for an unknown id
 TESSARON_ENGINES_API JobState waitForJob(int jobId, int milliseconds);
 
-/// Has a function called, once, when a job has ended: on a thread of the engine, or at once on this one when the job has
-/// ended already. Also a job that is released, or that ends because the process does, ends. The function must not throw
-/// and should be short: the job's thread waits for it.
+/// Has a function called, once, when a job has ended: on a thread of the engine, or at once on this one when the job
+/// has ended already. Also a job that is released, or that ends because the process does, ends. The function must not
+/// throw and should be short: the job's thread waits for it.
 /// \returns status::ok, or status::unknownJob; then the function is not called
 TESSARON_ENGINES_API int notifyJobEnd(int jobId, std::function<void()> call);
 

@@ -81,8 +81,8 @@ struct FaultyTemplateFile
     int code = 0; ///< templateReadError, templateFormatError or templateWithoutGuid
 };
 
-/// As above, and names the files that it passes over for a fault, in name order: none when the result is 0, and none when
-/// the folder itself cannot be read.
+/// As above, and names the files that it passes over for a fault, in name order: none when the result is 0, and none
+/// when the folder itself cannot be read.
 TESSARON_ENGINES_API int loadTemplateFiles(const std::string& folder, int selector,
                                            std::vector<Parameterized>* templates,
                                            std::vector<FaultyTemplateFile>* faulty);

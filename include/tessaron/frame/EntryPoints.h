@@ -26,8 +26,8 @@ enum class VisualTheme : int;
 /*
  * The entry points of the module. What all of them promise:
  *
- * - Call them from the thread that owns the user interface. A call returns when its window has gone. On any other thread
- * a call is refused: it shows nothing and returns 2, displayChipControlDialogEx 1.
+ * - Call them from the thread that owns the user interface. A call returns when its window has gone. On any other
+ * thread a call is refused: it shows nothing and returns 2, displayChipControlDialogEx 1.
  * - The module state that was current on the calling thread is current again on every way out.
  * - The process's locale, signal handlers, environment, working directory, log target, and the toolkit's assertion
  * handler are what they were, also while the call lasts.
@@ -107,7 +107,7 @@ TESSARON_RESOURCES_API int displaySmartLinkDialog(SmartLinkData* data);
 /// \param current  the current operation's parameter set
 /// \param result   receives the chosen template without its three tool keys; untouched otherwise
 /// \param parent   owner window; null for the main window of the calling thread
-/// \param theme    visual theme, which holds; any number that is no theme leaves the choice to the user, who makes it in
+/// \param theme visual theme, which holds; any number that is no theme leaves the choice to the user, who makes it in
 ///                 the window
 /// \returns 1 applied; 0 cancelled, nothing selected, or quit
 TESSARON_RESOURCES_API int displayTemplateManagerDialogLoad(int kind, int selector, const std::string& path,

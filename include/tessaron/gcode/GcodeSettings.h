@@ -12,8 +12,8 @@
 namespace exchange
 {
 
-/// The dialect of a control, and what a program needs that toolpath records do not have. Each member is a setting of the
-/// same name in words, which gcodeSettings() lists and setGcodeSetting() takes.
+/// The dialect of a control, and what a program needs that toolpath records do not have. Each member is a setting of
+/// the same name in words, which gcodeSettings() lists and setGcodeSetting() takes.
 struct GcodeSettings
 {
     enum class Units
@@ -57,7 +57,8 @@ struct GcodeSettings
     /// From one block's number to the next; 0 for no numbers.
     int lineNumbers = 0;
     ArcCentres arcCentres = ArcCentres::relative;
-    /// By how many places I and J have more: 0 to 2. With none, an arc strays up to twice as far as its ends are rounded.
+    /// By how many places I and J have more: 0 to 2. With none, an arc strays up to twice as far as its ends are
+    /// rounded.
     int centreDecimals = 1;
     /// The greatest turn of an arc in one block, in degrees: 10 to 180. Longer arcs and full turns are split.
     int arcAngle = 180;

@@ -19,7 +19,8 @@
 ///    height is a helix. What rounding leaves without a way has no block.
 ///  - FeedRate: F in the next block that cuts. SpindleSpeed: S with M3 or M4; 0 stops the spindle.
 ///  - ToolAxis: must be the z axis, as the program is for a control of three axes.
-///  - CustomRecord: "Dwell" and the seconds, "Tool" and a number, "Coolant" and "off", "mist" or "flood"; any other text
+///  - CustomRecord: "Dwell" and the seconds, "Tool" and a number, "Coolant" and "off", "mist" or "flood"; any other
+///  text
 ///    by the setting "free text".
 ///
 /// Coordinates are rounded to the decimals of the settings. The centre of an arc is placed so that the rounded ends are
@@ -56,8 +57,8 @@ private:
 TESSARON_EXCHANGE_API void writeGcode(std::ostream& stream, const ToolpathRecords& toolpath,
                                       const GcodeSettings& settings = GcodeSettings());
 
-/// Writes a toolpath into a file, which appears whole or not at all: what stood under the path stays untouched until the
-/// program is complete on the disk.
+/// Writes a toolpath into a file, which appears whole or not at all: what stood under the path stays untouched until
+/// the program is complete on the disk.
 /// \throws GcodeError naming the file, for all that writeGcode() throws and when the file cannot be written
 TESSARON_EXCHANGE_API void writeGcodeFile(const std::string& path, const ToolpathRecords& toolpath,
                                           const GcodeSettings& settings = GcodeSettings());

@@ -46,7 +46,8 @@ public:
     /// Runs until the job has ended, the cancelled flag is set, or a quit message comes.
     virtual void doProgressLoop();
 
-    /// One line for each worker, in the engine's order; of hundreds, the last ones come a moment later. A line lives at most as long as the window.
+    /// One line for each worker, in the engine's order; of hundreds, the last ones come a moment later. A line lives at
+    /// most as long as the window.
     std::vector<boost::shared_ptr<wxStaticText>>& getTextLines();
 
 protected:

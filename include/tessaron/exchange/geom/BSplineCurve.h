@@ -14,7 +14,8 @@ namespace geom
 /// tens of microseconds. Curves of higher degrees can be stored and passed on.
 inline constexpr int maxEvaluatedDegree = 100;
 
-/// A B-spline curve. Evaluating one of a degree above maxEvaluatedDegree throws util::AssertionError. Its degree follows from its data: number of knots - number of control points - 1.
+/// A B-spline curve. Evaluating one of a degree above maxEvaluatedDegree throws util::AssertionError. Its degree
+/// follows from its data: number of knots - number of control points - 1.
 template <int N>
 class TESSARON_EXCHANGE_API BSplineCurve : public virtual ControlPointCurveBase<N>
 {
