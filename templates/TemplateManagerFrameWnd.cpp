@@ -26,7 +26,7 @@ constexpr int smallestWidth = 640;
 constexpr int smallestHeight = 400;
 constexpr int titleHeight = 32;
 constexpr int noticeId = 1160;
-constexpr int noticeMargin = 6;
+constexpr int noticeMargin = 10;
 
 } // namespace
 
