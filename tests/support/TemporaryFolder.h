@@ -8,6 +8,9 @@
 #include <stdexcept>
 #include <string>
 
+namespace testing_support
+{
+
 /// A new, empty folder that is gone with the object.
 class TemporaryFolder
 {
@@ -44,5 +47,11 @@ inline std::string readBytes(const std::string& path)
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
+
+} // namespace testing_support
+
+using testing_support::readBytes;
+using testing_support::TemporaryFolder;
+using testing_support::writeBytes;
 
 #endif

@@ -15,13 +15,12 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 namespace tour
 {
 
 using namespace host;
+using namespace testing_support;
 
 namespace
 {
@@ -107,7 +106,7 @@ void Tour::typeInto(wxWindow* field, const char* text)
 {
     click(field);
     settle();
-    m_person.key("a", testing_support::Person::control);
+    m_person.key("a", Person::control);
     m_person.text(text);
     settle();
 }
