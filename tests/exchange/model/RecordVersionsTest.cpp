@@ -79,6 +79,15 @@ TEST(Tessaron3dBoundaries, OlderVersionsLackTheLaterFields)
     }
 }
 
+TEST(Tessaron3dBoundaries, TheStockCacheIsWrittenEmptyAndIgnored)
+{
+    const std::string text = writeXml(full3dInput().boundaries);
+    EXPECT_THAT(text, HasSubstr("<stockCache></stockCache>"));
+    const auto back = readXml<exchange::Tessaron3dBoundaries>(
+        replaced(text, "<stockCache></stockCache>", "<stockCache>old &amp; useless</stockCache>"));
+    EXPECT_EQ(writeXml(back), text);
+}
+
 TEST(TessaronDrillHole, OfTheFirstVersionIsNotThrough)
 {
     const exchange::TessaronDrillHole hole{{1, 2}, 3, true};
