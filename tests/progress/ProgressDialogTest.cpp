@@ -138,15 +138,6 @@ TEST_P(ProgressDialogTest, ANullCaptionGivesAnUntitledWindow)
     EXPECT_EQ(show(nullptr), 1);
 }
 
-TEST_P(ProgressDialogTest, AQuitMessageEndsTheCallAtOnce)
-{
-    WindowDriver user;
-    user.when(
-        "the window is up", [&] { return m_progress->m_polls > 0; }, [] { tessaronResourcesQuit(); });
-    EXPECT_EQ(show(), 1);
-    EXPECT_EQ(m_progress->m_cancelRequests, 0) << "the job goes on";
-}
-
 TEST_P(ProgressDialogTest, AnotherCallFromInsideWorksAndReturnsFirst)
 {
     const auto inner = boost::make_shared<ScriptedProgress>();
