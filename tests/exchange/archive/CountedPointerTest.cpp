@@ -29,24 +29,18 @@ std::vector<std::filesystem::path> countedFiles()
 
 TEST(CountedPointer, FilesReadAsWhatTheyAreInTheLayoutOfToday)
 {
-    struct Row
+    int compared = 0;
+    for (const auto& path : countedFiles())
     {
-        const char* file;
-        const char* today;
-    };
-    const Row rows[] = {{"curvelist_shared_v3.xml", "curvelist_shared.xml"},
-                        {"curvelist_shared_v3.bin", "curvelist_shared.bin"},
-                        {"curvelist_shared_v9.xml", "curvelist_shared.xml"},
-                        {"curvelist_shared_v9.bin", "curvelist_shared.bin"},
-                        {"mesh_v9.xml", "mesh.xml"},
-                        {"mesh_v9.bin", "mesh.bin"},
-                        {"mesh_null_v9.xml", "mesh_null.xml"},
-                        {"mesh_null_v9.bin", "mesh_null.bin"}};
-    for (const Row& row : rows)
-    {
-        SCOPED_TRACE(row.file);
-        EXPECT_EQ(recordOfGolden(row.file).rewrite(counted(row.file), formatOf(row.file)), golden(row.today));
+        SCOPED_TRACE(path);
+        const std::string file = path.filename().string();
+        const std::string today = file.substr(0, file.rfind("_v")) + path.extension().string();
+        if (today.starts_with("t3dboundaries"))
+            continue; // compared with one another below
+        ++compared;
+        EXPECT_EQ(recordOfGolden(file).rewrite(fileBytes(path), formatOf(path)), golden(today));
     }
+    EXPECT_EQ(compared, 8);
 }
 
 TEST(CountedPointer, SharedObjectsComeBackShared)

@@ -3,6 +3,10 @@
 
 #include "Damage.h"
 
+#include <algorithm>
+#include <regex>
+#include <set>
+
 namespace testing_support
 {
 namespace
@@ -88,14 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     ClassesAndObjects, EditedXml,
-    testing::Values(Edit{"t2dinput.xml", "version=\"2\"", "version=\"3\"", "class version exchange::Tessaron2dInput"},
-                    Edit{"t3dinput.xml", "version=\"3\"", "version=\"4\"", "class version exchange::Tessaron3dInput"},
-                    Edit{"curve_line2.xml", "<ParametricCurveN class_id=\"2\" tracking_level=\"0\" version=\"1\"",
-                         "<ParametricCurveN class_id=\"2\" tracking_level=\"0\" version=\"2\"",
-                         "class version geom::ParametricCurve<2>"},
-                    Edit{"curve_line2.xml", "tracking_level=\"0\" version=\"1\"", "tracking_level=\"0\" version=\"2\"",
-                         "class version boost::shared_ptr"},
-                    Edit{"curve_line2.xml", "GeomLineImpl2", "GeomLineImpl4", "unregistered class - GeomLineImpl4"},
+    testing::Values(Edit{"curve_line2.xml", "GeomLineImpl2", "GeomLineImpl4", "unregistered class - GeomLineImpl4"},
                     // A class that exists, but not behind this kind of pointer.
                     Edit{"curve_line2.xml", "GeomLineImpl2", "GeomLineImpl3", "unregistered class - GeomLineImpl3"},
                     Edit{"curve_line2.xml", "GeomLineImpl2", longName.c_str(), "class name too long"},
@@ -116,6 +113,42 @@ INSTANTIATE_TEST_SUITE_P(
                          "class_id_reference=\"4\" object_id_reference=\"_1\"", "pointer conflict"},
                     Edit{"t2dinput.xml", "class_id_reference=\"4\" object_id_reference=\"_0\"",
                          "class_id_reference=\"4\" object_id_reference=\"_4294967295\"", "pointer conflict"}));
+
+TEST(HostileArchive, NewerClassVersionsAreRefusedWhereverAClassIsDescribed)
+{
+    const std::regex description("tracking_level=\"[01]\" version=\"([0-9]+)\"");
+    std::set<std::string> refused;
+    for (const auto& path : goldenFiles())
+    {
+        const std::string whole = fileBytes(path);
+        for (std::sregex_iterator found(whole.begin(), whole.end(), description), end; found != end; ++found)
+        {
+            std::string newer = whole;
+            newer.replace(static_cast<std::size_t>(found->position(1)), static_cast<std::size_t>(found->length(1)),
+                          std::to_string(std::stoi((*found)[1]) + 1));
+            refused.insert(readError(recordOfGolden(path.stem().string()), newer));
+        }
+    }
+    const std::string start = "class version ";
+    std::string names;
+    for (const std::string& error : refused)
+    {
+        EXPECT_EQ(error.substr(0, start.size()), start);
+        names += error.substr(std::min(start.size(), error.size())) + " ";
+    }
+    EXPECT_EQ(names,
+              "boost::shared_ptr boost::variant exchange::Arc<0> exchange::Arc<1> exchange::CustomRecord "
+              "exchange::FeedRate exchange::LinearMove exchange::OrrimantInput exchange::RapidMove "
+              "exchange::SpindleSpeed exchange::Tessaron2dBoundaries exchange::Tessaron2dInput "
+              "exchange::Tessaron3dBoundaries exchange::Tessaron3dInput exchange::Tessaron5xBoundaries "
+              "exchange::Tessaron5xFlankConstraint exchange::Tessaron5xInput exchange::TessaronDrillHole "
+              "exchange::TessaronDrillHoles exchange::ToolAxis exchange::ToolpathRecords geom::Arc2Impl "
+              "geom::BSplineCurveImpl<2> geom::LineImpl<2> geom::ParametricCurve<2> geom::ParametricCurve<3> "
+              "geom::PlaneCurve3dImpl geom::PointNd<2> geom::PointNd<3> geom::PolylineImpl<2> geom::PolylineImpl<3> "
+              "geom::RationalBSplineCurveImpl<2> geom::RationalBSplineCurveImpl<3> geom::Transform geom::VecNd<3> "
+              "std::deque std::map std::pair std::vector topo::mesh::TriMeshFacet topo::mesh::TriMeshFacets "
+              "util::Parameterized ");
+}
 
 /// A place in a binary golden file and what to put there.
 struct Patch

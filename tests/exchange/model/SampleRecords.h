@@ -9,7 +9,6 @@ namespace testing_support
 {
 
 typedef boost::shared_ptr<geom::ParametricCurve<2>> PlaneCurvePtr;
-typedef boost::shared_ptr<geom::ParametricCurve<3>> SpaceCurvePtr;
 
 inline topo::mesh::TriMeshPtr smallMesh()
 {
