@@ -31,6 +31,8 @@ public:
     }
 
     const std::string& path() const { return m_path; }
+    /// How many files and folders are in it.
+    std::ptrdiff_t entryCount() const { return std::distance(std::filesystem::directory_iterator(m_path), {}); }
     std::string operator/(const std::string& name) const { return m_path + "/" + name; }
 
 private:

@@ -49,7 +49,7 @@ std::string slowPart(const TemporaryFolder& folder)
     return folder / "slow.xml";
 }
 
-TEST_F(TourTest, ShowsAPartCancelsSavesAndMeetsBadFiles)
+TEST_F(TourTest, ShowsAPartCancelsSavesAndMeetsABadFile)
 {
     EXPECT_TRUE(runTour(TESSARON_SAMPLES "/square-pocket.xml " + slowPart(folder))) << output;
     EXPECT_NE(output.find("The tour is complete."), std::string::npos) << output;

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <iterator>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -20,7 +19,6 @@ class AtomicFile : public testing::Test
 {
 protected:
     std::string path(const char* name) const { return m_folder / name; }
-    std::ptrdiff_t fileCount() const { return std::distance(fs::directory_iterator(m_folder.path()), {}); }
     static void write(const std::string& path, const std::string& text)
     {
         util::AtomicFile file(path);
@@ -51,11 +49,11 @@ TEST_F(AtomicFile, ReplacesTheTargetOnCommitOnly)
         util::AtomicFile file(path("a"));
         file.stream() << std::string(200'000, 'n') << "ew" << std::flush;
         EXPECT_EQ(readBytes(path("a")), "old");
-        EXPECT_EQ(fileCount(), 2);
+        EXPECT_EQ(m_folder.entryCount(), 2);
         file.commit();
     }
     EXPECT_EQ(readBytes(path("a")), std::string(200'000, 'n') + "ew");
-    EXPECT_EQ(fileCount(), 1);
+    EXPECT_EQ(m_folder.entryCount(), 1);
 }
 
 TEST_F(AtomicFile, LeavesNothingBehindWithoutACommit)
@@ -71,7 +69,7 @@ TEST_F(AtomicFile, LeavesNothingBehindWithoutACommit)
     {
     }
     EXPECT_EQ(readBytes(path("a")), "old");
-    EXPECT_EQ(fileCount(), 1);
+    EXPECT_EQ(m_folder.entryCount(), 1);
 }
 
 TEST_F(AtomicFile, KeepsRightsAndLinks)
@@ -95,7 +93,7 @@ TEST_F(AtomicFile, LastOfTwoWritersWins)
     second.commit();
     first.commit();
     EXPECT_EQ(readBytes(path("a")), "first");
-    EXPECT_EQ(fileCount(), 1);
+    EXPECT_EQ(m_folder.entryCount(), 1);
 }
 
 TEST_F(AtomicFile, RelativeNamesAreInTheWorkingFolder)
@@ -124,7 +122,7 @@ TEST_F(AtomicFile, ErrorsNameFileStepAndReason)
     for (const auto& [target, named, problem] : cases)
         EXPECT_EQ(writeError(target), "Cannot write '" + named + "': " + problem);
     EXPECT_EQ(readBytes(path("a")), "old");
-    EXPECT_EQ(fileCount(), 2);
+    EXPECT_EQ(m_folder.entryCount(), 2);
 }
 
 } // namespace

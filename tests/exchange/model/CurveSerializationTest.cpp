@@ -1,7 +1,8 @@
-#include "SampleRecords.h"
+#include "StockArchives.h"
 
 #include <tessaron/util/Assertion.h>
 
+#include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
 
 namespace testing_support
@@ -10,6 +11,7 @@ namespace
 {
 
 using geom::PointNd;
+using PlaneCurvePtr = boost::shared_ptr<geom::ParametricCurve<2>>;
 
 TEST(Curves, WithUnsoundDataAreReadButNotEvaluated)
 {

@@ -1,4 +1,6 @@
-#include "SampleRecords.h"
+#include "StockArchives.h"
+
+#include <boost/make_shared.hpp>
 
 #include <gmock/gmock.h>
 
@@ -9,6 +11,30 @@ namespace
 
 using geom::PointNd;
 using testing::HasSubstr;
+using PlaneCurvePtr = boost::shared_ptr<geom::ParametricCurve<2>>;
+
+exchange::Tessaron2dInput full2dInput()
+{
+    exchange::Tessaron2dInput input;
+    input.boundaries.partBoundaries = {boost::make_shared<geom::LineImpl<2>>(PointNd<2>(0, 1), PointNd<2>(2, 3))};
+    input.parameters.set("Stepover", 0.5);
+    input.preDrilledHoles.holes = {{{1, 2}, 3, true}};
+    input.holderProfile = {{0, 0}, {5, 6}};
+    return input;
+}
+
+exchange::Tessaron3dInput full3dInput()
+{
+    exchange::Tessaron3dInput input;
+    input.boundaries.pPartMesh = boost::make_shared<topo::mesh::TriMesh>();
+    input.boundaries.pCheckMesh = input.boundaries.pPartMesh;
+    input.boundaries.containmentBoundaries.partBoundaries = {nullptr};
+    input.parameters.set("Stepover", 0.5);
+    input.preDrilledHoles.holes = {{{1, 2}, 3, true}};
+    input.holderProfile = {{0, 0}, {5, 6}};
+    input.operId = "Op 7";
+    return input;
+}
 
 TEST(Curves, OfTheFirstVersionHaveNoParameters)
 {
