@@ -93,13 +93,6 @@ TEST_P(ProgressDialogTest, EveryStageTextFitsAndEveryControlHasAName)
     EXPECT_EQ(show(), 1);
 }
 
-TEST_P(ProgressDialogTest, AJobThatEndedBeforeItIsWatchedReturnsOneAtTheFirstPoll)
-{
-    m_progress->report(-1.0);
-    EXPECT_EQ(show(), 1);
-    EXPECT_EQ(m_progress->m_polls, 1);
-}
-
 TEST_P(ProgressDialogTest, EveryWayToCancelReturnsTwo)
 {
     const std::pair<const char*, std::function<void()>> ways[] = {
