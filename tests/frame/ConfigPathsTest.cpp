@@ -1,3 +1,4 @@
+#include "tests/support/TemporaryFolder.h"
 #include <tessaron/frame/EntryPoints.h>
 
 #include <gtest/gtest.h>
@@ -7,8 +8,6 @@
 #include <array>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,6 +19,8 @@
 using TessaronResources::getConfigFilePath;
 using TessaronResources::getDefaultConfigFilePath;
 
+namespace testing_support
+{
 namespace
 {
 
@@ -30,31 +31,17 @@ constexpr int product(int number)
     return number * 65536;
 }
 
-std::string contents(const fs::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void writeFile(const fs::path& file, const std::string& text)
-{
-    std::ofstream(file, std::ios::binary) << text;
-}
-
 /// A machine with folders of its own for its users' configuration and for shared data.
 class ConfigPaths : public testing::Test
 {
 protected:
     ConfigPaths()
     {
-        std::string pattern = (fs::temp_directory_path() / "config-paths.XXXXXX").string();
-        m_root = ::mkdtemp(pattern.data());
         fs::create_directory(m_root / "config");
         fs::create_directories(shared());
         ::setenv("XDG_CONFIG_HOME", (m_root / "config").c_str(), 1);
         ::setenv("XDG_DATA_DIRS", (m_root / "data").c_str(), 1);
     }
-    void TearDown() override { fs::remove_all(m_root); }
 
     fs::path config() const { return m_root / "config/Halvorsund Technologies"; }
     fs::path shared() const { return m_root / "data/Halvorsund Technologies"; }
@@ -68,7 +55,8 @@ protected:
         return names;
     }
 
-    fs::path m_root;
+    const TemporaryFolder m_folder;
+    const fs::path m_root = m_folder.path();
 };
 
 TEST_F(ConfigPaths, TheProductIsInTheUpperHalf)
@@ -144,10 +132,10 @@ TEST_F(ConfigPaths, FallsBackToTheShippedFileUntilTheUserHasOne)
     EXPECT_EQ(getConfigFilePath("Host", product(101), false), shipped);
     fs::remove(own);
 
-    writeFile(own, "x");
+    writeBytes(own, "x");
     EXPECT_EQ(getConfigFilePath("Host", product(101), false), own);
     EXPECT_EQ(getConfigFilePath("Host", product(101), true), own);
-    EXPECT_EQ(contents(own), "x");
+    EXPECT_EQ(readBytes(own), "x");
     EXPECT_FALSE(fs::exists(shared() / "Tessaron3x.ini")) << "a user who has a file is not recorded";
 }
 
@@ -155,9 +143,9 @@ TEST_F(ConfigPaths, RecordsTheUsersFileEachTimeWhileItIsMissing)
 {
     fs::create_directory(shared() / "Host");
     const std::string path = getConfigFilePath("Host", product(1), true);
-    EXPECT_EQ(contents(shared() / "Host/Tessaron.ini"), "[Profiles]\n__UserProfile0=" + path + "\nCount=1\n");
+    EXPECT_EQ(readBytes(shared() / "Host/Tessaron.ini"), "[Profiles]\n__UserProfile0=" + path + "\nCount=1\n");
     getConfigFilePath("Host", product(1) + 3, true);
-    EXPECT_EQ(contents(shared() / "Host/Tessaron.ini"),
+    EXPECT_EQ(readBytes(shared() / "Host/Tessaron.ini"),
               "[Profiles]\n__UserProfile0=" + path + "\nCount=2\n__UserProfile1=" + path + "\n");
 }
 
@@ -180,7 +168,7 @@ TEST_F(ConfigPaths, TheListStaysEveryUsersWhateverOneUsersNewFilesAre)
     gid_t group = 54321;
     if (::geteuid() != 0 && ::getgroups(1, &group) < 1)
         group = ::getegid();
-    writeFile(shared() / "Tessaron2x.ini", "[Profiles]\nCount=0\n");
+    writeBytes(shared() / "Tessaron2x.ini", "[Profiles]\nCount=0\n");
     ASSERT_EQ(::chown((shared() / "Tessaron2x.ini").c_str(), static_cast<uid_t>(-1), group), 0);
     fs::permissions(shared() / "Tessaron2x.ini", fs::perms(0664));
     fs::permissions(shared(), fs::perms(0775));
@@ -190,7 +178,7 @@ TEST_F(ConfigPaths, TheListStaysEveryUsersWhateverOneUsersNewFilesAre)
     ::umask(before);
     struct stat data = {};
     ASSERT_EQ(::stat((shared() / "Tessaron2x.ini").c_str(), &data), 0);
-    EXPECT_NE(contents(shared() / "Tessaron2x.ini").find("Count=1"), std::string::npos);
+    EXPECT_NE(readBytes(shared() / "Tessaron2x.ini").find("Count=1"), std::string::npos);
     EXPECT_EQ(data.st_mode & 0777, 0664u);
     EXPECT_EQ(data.st_gid, group);
     ASSERT_EQ(::stat((shared() / "Tessaron3x.ini").c_str(), &data), 0);
@@ -199,7 +187,7 @@ TEST_F(ConfigPaths, TheListStaysEveryUsersWhateverOneUsersNewFilesAre)
 
 TEST_F(ConfigPaths, AFolderThatCannotBeMadeIsIgnored)
 {
-    writeFile(config(), "a file where the maker's folder should be");
+    writeBytes(config(), "a file where the maker's folder should be");
     EXPECT_EQ(getConfigFilePath("Host", product(100), true), config() / "Host/Tessaron2x.cfg");
     fs::create_directories(shared() / "Tessaron2x.ini");
     EXPECT_EQ(getConfigFilePath("", product(100), true), config().string() + "//Tessaron2x.cfg");
@@ -235,7 +223,7 @@ TEST_F(ConfigPaths, ProcessesThatRecordAtTheSameTimeLoseNoEntry)
 {
     constexpr int processes = 4;
     constexpr int calls = 25;
-    writeFile(shared() / "Tessaron2x.ini", "[Other]\nKept=yes\n");
+    writeBytes(shared() / "Tessaron2x.ini", "[Other]\nKept=yes\n");
     std::array<int, 2> start{};
     ASSERT_EQ(::pipe(start.data()), 0);
     std::vector<pid_t> children;
@@ -263,7 +251,7 @@ TEST_F(ConfigPaths, ProcessesThatRecordAtTheSameTimeLoseNoEntry)
         EXPECT_EQ(status, 0);
     }
 
-    const std::string list = contents(shared() / "Tessaron2x.ini");
+    const std::string list = readBytes(shared() / "Tessaron2x.ini");
     EXPECT_EQ(list.rfind("[Other]\nKept=yes\n", 0), 0u);
     EXPECT_NE(list.find("\nCount=" + std::to_string(processes * calls) + "\n"), std::string::npos) << list;
     for (int entry = 0; entry < processes * calls; ++entry)
@@ -291,3 +279,4 @@ TEST(ConfigPathsHost, AHostThatChangesItsFolderStillFindsTheShippedFile)
 }
 
 } // namespace
+} // namespace testing_support

@@ -1,3 +1,5 @@
+#include "tests/support/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -30,12 +32,6 @@ const Library libraries[] = {
     {"engine", TESSARON_ENGINES_LIBRARY},
     {"frame", TESSARON_RESOURCES_LIBRARY},
 };
-
-std::string contentOf(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 Names listedNames(const Library& library)
 {
@@ -102,7 +98,7 @@ TEST(Exports, HoldEveryFunctionAndClassThatAPublicHeaderMarks)
     std::size_t count = 0;
     for (const std::filesystem::path& header : publicHeaders())
     {
-        const std::string text = contentOf(header);
+        const std::string text = testing_support::readBytes(header);
         for (std::sregex_iterator match(text.begin(), text.end(), marked), end; match != end; ++match, ++count)
         {
             const std::string function = (*match)[2];
@@ -119,7 +115,7 @@ TEST(PublicHeaders, SayHowStableTheyAre)
 {
     const std::regex stated("#define TESSARON_\\w+_H\\n\\n// Stability: (stable|experimental|internal)\\.\\n");
     for (const std::filesystem::path& header : publicHeaders())
-        EXPECT_TRUE(std::regex_search(contentOf(header), stated)) << header;
+        EXPECT_TRUE(std::regex_search(testing_support::readBytes(header), stated)) << header;
 }
 
 } // namespace

@@ -6,10 +6,12 @@
 #include <optional>
 #include <string>
 
-using TessaronResources::withProfile;
-
+namespace testing_support
+{
 namespace
 {
+
+using TessaronResources::withProfile;
 
 TEST(ProfileList, AddsAnEntryAndLeavesTheRestAlone)
 {
@@ -62,3 +64,4 @@ TEST(ProfileList, TellsWhetherTheEntryIsThere)
 }
 
 } // namespace
+} // namespace testing_support

@@ -1,33 +1,21 @@
 // What cannot be written is refused, by the index of the record, and nothing is left behind.
+#include "tests/gcode/Programs.h"
 #include "tests/support/TemporaryFolder.h"
-#include <tessaron/exchange/ToolpathRecords.h>
-#include <tessaron/gcode/GcodeWriter.h>
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <limits>
 #include <sstream>
 
+namespace testing_support
+{
 namespace
 {
 
 using exchange::GcodeError;
-using exchange::GcodeSettings;
 using exchange::ToolpathRecord;
 typedef geom::PointNd<3> Point;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
-
-/// Records behind three good ones, a spindle speed, a feed rate and a rapid move to the origin.
-exchange::ToolpathRecords behindGoodOnes(const std::vector<ToolpathRecord>& records)
-{
-    exchange::ToolpathRecords toolpath;
-    toolpath.records = {exchange::SpindleSpeed{5000}, exchange::FeedRate{300}, exchange::RapidMove{Point(0, 0, 0)}};
-    toolpath.records.insert(toolpath.records.end(), records.begin(), records.end());
-    return toolpath;
-}
 
 exchange::ToolAxis axis(double x, double y, double z)
 {
@@ -71,18 +59,9 @@ TEST(GcodeErrors, NameTheRecordAndWhatIsWrong)
     };
     for (const auto& bad : cases)
     {
-        std::ostringstream stream;
-        try
-        {
-            exchange::writeGcode(stream, behindGoodOnes(bad.records));
-            ADD_FAILURE() << "was written: " << bad.text;
-        }
-        catch (const GcodeError& error)
-        {
-            EXPECT_EQ(error.record(), bad.record) << error.what();
-            EXPECT_NE(std::string(error.what()).find(bad.text), std::string::npos) << error.what();
-            EXPECT_EQ(std::string(error.what()).rfind("Record " + std::to_string(bad.record), 0), 0u) << error.what();
-        }
+        const auto write = [&] { written(behindGoodOnes(bad.records)); };
+        EXPECT_EQ(recordRefused(write, bad.text), bad.record);
+        recordRefused(write, "Record " + std::to_string(bad.record) + " (");
     }
 }
 
@@ -100,17 +79,7 @@ TEST(GcodeErrors, WantAStartAndAFeedRateForCuts)
     {
         exchange::ToolpathRecords toolpath;
         toolpath.records = bad.records;
-        std::ostringstream stream;
-        try
-        {
-            exchange::writeGcode(stream, toolpath);
-            ADD_FAILURE() << "was written: " << bad.text;
-        }
-        catch (const GcodeError& error)
-        {
-            EXPECT_EQ(error.record(), bad.records.size() - 1);
-            EXPECT_NE(std::string(error.what()).find(bad.text), std::string::npos) << error.what();
-        }
+        EXPECT_EQ(recordRefused([&] { written(toolpath); }, bad.text), bad.records.size() - 1);
     }
 }
 
@@ -119,18 +88,10 @@ TEST(GcodeErrors, LeaveTheFileThatWasThere)
     const TemporaryFolder folder;
     const std::string path = folder / "part.ngc";
     writeBytes(path, "the old program\n");
-    try
-    {
-        exchange::writeGcodeFile(path, behindGoodOnes({exchange::LinearMove{Point(nan, 0, 0)}}));
-        ADD_FAILURE() << "was written";
-    }
-    catch (const GcodeError& error)
-    {
-        EXPECT_EQ(error.record(), 3u);
-        EXPECT_NE(std::string(error.what()).find(path), std::string::npos) << error.what();
-    }
+    const auto bad = behindGoodOnes({exchange::LinearMove{Point(nan, 0, 0)}});
+    EXPECT_EQ(recordRefused([&] { exchange::writeGcodeFile(path, bad); }, path), 3u);
     EXPECT_EQ(readBytes(path), "the old program\n");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+    EXPECT_EQ(folder.entryCount(), 1);
     exchange::writeGcodeFile(path, behindGoodOnes({}));
     EXPECT_EQ(readBytes(path).substr(0, 2), "%\n");
 }
@@ -139,16 +100,7 @@ TEST(GcodeErrors, NameTheFileThatCannotBeWritten)
 {
     const TemporaryFolder folder;
     const std::string path = folder / "missing/part.ngc";
-    try
-    {
-        exchange::writeGcodeFile(path, behindGoodOnes({}));
-        ADD_FAILURE() << "was written";
-    }
-    catch (const GcodeError& error)
-    {
-        EXPECT_NE(std::string(error.what()).find(path), std::string::npos) << error.what();
-        EXPECT_EQ(error.record(), GcodeError::noRecord);
-    }
+    EXPECT_EQ(recordRefused([&] { exchange::writeGcodeFile(path, behindGoodOnes({})); }, path), GcodeError::noRecord);
 }
 
 TEST(GcodeErrors, TellOfAStreamThatFails)
@@ -159,3 +111,4 @@ TEST(GcodeErrors, TellOfAStreamThatFails)
 }
 
 } // namespace
+} // namespace testing_support

@@ -1,15 +1,14 @@
 // The programs run in the interpreter of LinuxCNC, where that is installed.
+#include "tests/gcode/Programs.h"
 #include "tests/gcode/SampleToolpaths.h"
 #include "tests/support/TemporaryFolder.h"
-#include <tessaron/gcode/GcodeWriter.h>
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <sstream>
 
+namespace testing_support
+{
 namespace
 {
 
@@ -50,13 +49,6 @@ Outcome run(const std::string& program)
     if (!result.accepted)
         result.output = readBytes(folder / "errors").substr(0, 1000);
     return result;
-}
-
-std::string written(const exchange::ToolpathRecords& toolpath, const GcodeSettings& settings)
-{
-    std::ostringstream stream;
-    exchange::writeGcode(stream, toolpath, settings);
-    return stream.str();
 }
 
 TEST(LinuxCnc, AcceptsTheProgramsOfAllSamples)
@@ -100,3 +92,4 @@ TEST(LinuxCnc, RefusesABadProgram)
 }
 
 } // namespace
+} // namespace testing_support

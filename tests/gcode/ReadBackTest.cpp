@@ -1,18 +1,17 @@
 // What was written is read back by an interpreter and compared with the records.
 #include "tests/gcode/Interpreter.h"
+#include "tests/gcode/Programs.h"
 #include "tests/gcode/SampleToolpaths.h"
 #include "tests/gcode/ToolpathCheck.h"
-#include <tessaron/gcode/GcodeWriter.h>
-
-#include <gtest/gtest.h>
 
 #include <clocale>
 #include <cmath>
 #include <locale>
 #include <numbers>
 #include <random>
-#include <sstream>
 
+namespace testing_support
+{
 namespace
 {
 
@@ -21,13 +20,6 @@ using exchange::ToolpathRecords;
 typedef geom::PointNd<3> Point;
 
 constexpr double tolerance = 1e-4;
-
-std::string written(const ToolpathRecords& toolpath, const GcodeSettings& settings = GcodeSettings())
-{
-    std::ostringstream stream;
-    exchange::writeGcode(stream, toolpath, settings);
-    return stream.str();
-}
 
 rs274::Program readBack(const ToolpathRecords& toolpath, const GcodeSettings& settings = GcodeSettings())
 {
@@ -39,15 +31,6 @@ GcodeSettings inches()
     GcodeSettings settings;
     settings.units = GcodeSettings::Units::inches;
     return settings;
-}
-
-/// A toolpath of the given records behind a spindle speed, a feed rate and a rapid move to the origin.
-ToolpathRecords toolpathOf(const std::vector<exchange::ToolpathRecord>& records)
-{
-    ToolpathRecords toolpath;
-    toolpath.records = {exchange::SpindleSpeed{5000}, exchange::FeedRate{300}, exchange::RapidMove{Point(0, 0, 0)}};
-    toolpath.records.insert(toolpath.records.end(), records.begin(), records.end());
-    return toolpath;
 }
 
 /// All kinds of moves in any order: long, short and shorter than what the program resolves, near and far from zero.
@@ -162,7 +145,7 @@ TEST(Gcode, HasNoFullTurnForAnArcThatRoundingCloses)
     for (const double length : {1e-7, 1e-5, 4e-5, 6e-5, 1e-4})
         for (const double radius : {6e-5, 1e-3, 5.0, 1e4})
         {
-            const auto toolpath = toolpathOf(
+            const auto toolpath = behindGoodOnes(
                 {exchange::Arc<1>{Point(length, 0, 0), radius}, exchange::Arc<0>{Point(length, length, 0), radius}});
             for (const rs274::Motion& motion : readBack(toolpath).motions)
                 EXPECT_TRUE(!motion.isArc() || motion.turn() < 4) << length << " " << radius;
@@ -176,7 +159,7 @@ TEST(Gcode, SplitsArcsAtTheGreatestTurn)
     {
         GcodeSettings settings;
         settings.arcAngle = angle;
-        const rs274::Program program = readBack(toolpathOf({exchange::Arc<0>{end, -8}}), settings);
+        const rs274::Program program = readBack(behindGoodOnes({exchange::Arc<0>{end, -8}}), settings);
         // All but a hair of a full turn.
         ASSERT_EQ(program.motions.size(), 2 + 360u / static_cast<unsigned>(angle));
         for (std::size_t i = 2; i < program.motions.size(); ++i)
@@ -184,12 +167,12 @@ TEST(Gcode, SplitsArcsAtTheGreatestTurn)
     }
     // A half turn of a helix is one block, and its radius may be short by what a control does not see.
     for (const double radius : {5.0, 4.9995})
-        EXPECT_EQ(readBack(toolpathOf({exchange::Arc<1>{Point(10, 0, -1), radius}})).motions.size(), 3u);
+        EXPECT_EQ(readBack(behindGoodOnes({exchange::Arc<1>{Point(10, 0, -1), radius}})).motions.size(), 3u);
 }
 
 TEST(Gcode, GoesUpBeforeItGoesAcrossAndDownAfterwards)
 {
-    const auto toolpath = toolpathOf({exchange::RapidMove{Point(5, 5, 20)}, exchange::RapidMove{Point(9, 9, 3)}});
+    const auto toolpath = behindGoodOnes({exchange::RapidMove{Point(5, 5, 20)}, exchange::RapidMove{Point(9, 9, 3)}});
     const rs274::Program program = readBack(toolpath);
     // The way in: across at the height of the retract block, which is not known, and down.
     ASSERT_EQ(program.motions.size(), 6u);
@@ -207,11 +190,11 @@ TEST(Gcode, StartsAndStopsWhatTurnsAndFlows)
     settings.tool = 4;
     settings.coolant = GcodeSettings::Coolant::flood;
     settings.spindle = GcodeSettings::Spindle::counterClockwise;
-    const auto toolpath = toolpathOf({exchange::LinearMove{Point(1, 0, 0)}, exchange::CustomRecord{"Coolant mist"},
-                                      exchange::LinearMove{Point(2, 0, 0)}, exchange::CustomRecord{"Tool 4"},
-                                      exchange::LinearMove{Point(3, 0, 0)}, exchange::CustomRecord{"Tool 7"},
-                                      exchange::RapidMove{Point(3, 0, 5)}, exchange::LinearMove{Point(3, 0, 0)},
-                                      exchange::CustomRecord{"Coolant off"}, exchange::LinearMove{Point(4, 0, 0)}});
+    const auto toolpath = behindGoodOnes({exchange::LinearMove{Point(1, 0, 0)}, exchange::CustomRecord{"Coolant mist"},
+                                          exchange::LinearMove{Point(2, 0, 0)}, exchange::CustomRecord{"Tool 4"},
+                                          exchange::LinearMove{Point(3, 0, 0)}, exchange::CustomRecord{"Tool 7"},
+                                          exchange::RapidMove{Point(3, 0, 5)}, exchange::LinearMove{Point(3, 0, 0)},
+                                          exchange::CustomRecord{"Coolant off"}, exchange::LinearMove{Point(4, 0, 0)}});
     const rs274::Program program = readBack(toolpath, settings);
     EXPECT_EQ(program.tools, (std::vector<int>{4, 7}));
     std::vector<int> coolant;
@@ -236,3 +219,4 @@ TEST(Gcode, OfAnEmptyToolpathMovesNothing)
 }
 
 } // namespace
+} // namespace testing_support

@@ -11,6 +11,9 @@
 
 #include <string>
 
+namespace testing_support
+{
+
 /// The names of the sample parts.
 inline constexpr const char* samples[] = {"square-pocket", "pocket-with-islands", "open-shape", "large-plate"};
 
@@ -19,10 +22,12 @@ inline exchange::ToolpathRecords sampleToolpath(const std::string& name)
 {
     exchange::Tessaron2dInput input;
     exchange::readArchiveFile(std::string(TESSARON_SAMPLES) + "/" + name + ".xml", input);
-    const testing_support::RunningJob job(input);
+    const RunningJob job(input);
     EXPECT_EQ(job.wait(), exchange::JobState::finished) << name << ": " << job.info().text;
     const auto toolpath = exchange::jobToolpath(job.id());
     return toolpath ? *toolpath : exchange::ToolpathRecords();
 }
+
+} // namespace testing_support
 
 #endif

@@ -1,13 +1,10 @@
 // The table of settings: each changes the program as it says, and takes what it says.
 #include "tests/gcode/Interpreter.h"
+#include "tests/gcode/Programs.h"
 #include "tests/support/TemporaryFolder.h"
-#include <tessaron/exchange/ToolpathRecords.h>
-#include <tessaron/gcode/GcodeWriter.h>
 
-#include <gtest/gtest.h>
-
-#include <sstream>
-
+namespace testing_support
+{
 namespace
 {
 
@@ -27,13 +24,6 @@ exchange::ToolpathRecords toolpath()
                         exchange::Arc<1>{Point(4, 2, -1), 1.5},
                         exchange::CustomRecord{"Dwell 0.5"}};
     return toolpath;
-}
-
-std::string written(const GcodeSettings& settings, const exchange::ToolpathRecords& records = toolpath())
-{
-    std::ostringstream stream;
-    exchange::writeGcode(stream, records, settings);
-    return stream.str();
 }
 
 TEST(GcodeSettings, ChangeTheProgramAsTheTableSays)
@@ -63,13 +53,13 @@ TEST(GcodeSettings, ChangeTheProgramAsTheTableSays)
         {"retract", "", "M5\nM30\n", "G53"},
         {"end", "M2", "M2\n", "M30"},
     };
-    const std::string usual = written(GcodeSettings());
+    const std::string usual = written(toolpath());
     for (const auto& one : cases)
     {
         GcodeSettings settings;
         exchange::setGcodeSetting(settings, one.name, one.value);
         EXPECT_EQ(exchange::gcodeSetting(settings, one.name), one.value);
-        const std::string text = written(settings);
+        const std::string text = written(toolpath(), settings);
         EXPECT_NE(text.find(one.has), std::string::npos) << one.name << "\n" << text;
         EXPECT_EQ(text.find(one.hasNot), std::string::npos) << one.name << "\n" << text;
         EXPECT_TRUE(usual.find(one.has) == std::string::npos || usual.find(one.hasNot) != std::string::npos)
@@ -83,15 +73,15 @@ TEST(GcodeSettings, SayWhatBecomesOfTextsOfTheHost)
     exchange::ToolpathRecords records = toolpath();
     records.records.emplace_back(exchange::CustomRecord{"MSG,(M0)"});
     GcodeSettings settings;
-    EXPECT_THROW(written(settings, records), GcodeError);
+    EXPECT_THROW(written(records, settings), GcodeError);
     exchange::setGcodeSetting(settings, "free text", "comment");
-    EXPECT_NE(written(settings, records).find("(Text: MSG,[M0])\n"), std::string::npos);
+    EXPECT_NE(written(records, settings).find("(Text: MSG,[M0])\n"), std::string::npos);
     exchange::setGcodeSetting(settings, "comments", "no");
-    EXPECT_EQ(written(settings, records).find("MSG"), std::string::npos);
+    EXPECT_EQ(written(records, settings).find("MSG"), std::string::npos);
     exchange::setGcodeSetting(settings, "free text", "block");
-    EXPECT_NE(written(settings, records).find("\nMSG,(M0)\n"), std::string::npos);
+    EXPECT_NE(written(records, settings).find("\nMSG,(M0)\n"), std::string::npos);
     records.records.back() = exchange::CustomRecord{"M0\nM30"};
-    EXPECT_THROW(written(settings, records), GcodeError);
+    EXPECT_THROW(written(records, settings), GcodeError);
 }
 
 TEST(GcodeSettings, RefuseWhatTheyDoNotTake)
@@ -108,17 +98,9 @@ TEST(GcodeSettings, RefuseWhatTheyDoNotTake)
     for (const auto& bad : cases)
     {
         GcodeSettings settings;
-        try
-        {
-            exchange::setGcodeSetting(settings, bad.name, bad.value);
-            ADD_FAILURE() << bad.name << " took " << bad.value;
-        }
-        catch (const GcodeError& error)
-        {
-            EXPECT_NE(std::string(error.what()).find(std::string("\"") + bad.name + "\""), std::string::npos)
-                << error.what();
-        }
-        EXPECT_EQ(written(settings), written(GcodeSettings()));
+        recordRefused([&] { exchange::setGcodeSetting(settings, bad.name, bad.value); },
+                      '"' + std::string(bad.name) + '"');
+        EXPECT_EQ(written(toolpath(), settings), written(toolpath()));
     }
 }
 
@@ -146,7 +128,7 @@ TEST(GcodeSettings, NumberLinesWithinWhatControlsTake)
         records.records.emplace_back(exchange::LinearMove{Point(i % 2, 0, 0)});
     GcodeSettings settings;
     settings.lineNumbers = 1000;
-    const rs274::Program program = rs274::interpret(written(settings, records));
+    const rs274::Program program = rs274::interpret(written(records, settings));
     ASSERT_GT(program.lineNumbers.size(), 300u);
     for (const int number : program.lineNumbers)
         EXPECT_TRUE(number >= 1000 && number <= 99999) << number;
@@ -167,3 +149,4 @@ TEST(GcodeSettings, AreThoseOfTheDocumentation)
 }
 
 } // namespace
+} // namespace testing_support

@@ -8,6 +8,8 @@
 #include <numbers>
 #include <sstream>
 
+namespace testing_support
+{
 namespace
 {
 
@@ -198,3 +200,4 @@ void expectSameToolpath(const exchange::ToolpathRecords& records, const rs274::P
 {
     EXPECT_EQ(Comparison(program, tolerance, spindle).compare(records), "");
 }
+} // namespace testing_support

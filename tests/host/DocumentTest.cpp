@@ -13,6 +13,8 @@ namespace host
 namespace
 {
 
+using namespace testing_support;
+
 /// A document with a part and its toolpath.
 class DocumentTest : public testing::Test
 {

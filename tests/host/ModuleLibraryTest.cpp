@@ -29,23 +29,21 @@ TEST(ModuleLibrary, FindsTheEntryPointsOfTheModule)
     EXPECT_NE(module.progress, module.turningProgress);
 }
 
-TEST(ModuleLibrary, NamesAFileThatIsMissing)
+TEST(ModuleLibrary, NamesTheFileAndWhatIsWrongWithIt)
 {
-    EXPECT_NE(complaintAbout("/nowhere/libModule.so").find("\"/nowhere/libModule.so\" cannot be loaded"),
-              std::string::npos);
-}
-
-TEST(ModuleLibrary, NamesAFileThatIsNoLibrary)
-{
-    const std::string file = TESSARON_SAMPLES "/square-pocket.xml";
-    EXPECT_NE(complaintAbout(file).find(file), std::string::npos);
-}
-
-TEST(ModuleLibrary, NamesWhatALibraryLacks)
-{
-    const std::string complaint = complaintAbout(TESSARON_OTHER_LIBRARY);
-    EXPECT_NE(complaint.find(TESSARON_OTHER_LIBRARY), std::string::npos);
-    EXPECT_NE(complaint.find("\"displayProgressDialogForJobId\""), std::string::npos);
+    const struct
+    {
+        std::string file;
+        const char* problem;
+    } cases[] = {{"/nowhere/libModule.so", "cannot be loaded"},
+                 {TESSARON_SAMPLES "/square-pocket.xml", "cannot be loaded"},
+                 {TESSARON_OTHER_LIBRARY, "\"displayProgressDialogForJobId\""}};
+    for (const auto& [file, problem] : cases)
+    {
+        const std::string complaint = complaintAbout(file);
+        EXPECT_NE(complaint.find(file), std::string::npos) << complaint;
+        EXPECT_NE(complaint.find(problem), std::string::npos) << complaint;
+    }
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "host/Part.h"
 
+#include "tests/support/TemporaryFolder.h"
 #include <tessaron/exchange/Archives.h>
 #include <tessaron/exchange/ToolpathRecords.h>
 #include <tessaron/util/Keys.h>
@@ -7,9 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 
 namespace host
 {
@@ -18,17 +17,13 @@ namespace
 {
 
 namespace keys = util::keys;
+using namespace testing_support;
 
 const std::string square = TESSARON_SAMPLES "/square-pocket.xml";
 
 class PartFileTest : public testing::Test
 {
 protected:
-    PartFileTest() : m_path(testing::TempDir() + "tessaron-part-test.xml") {}
-    ~PartFileTest() override { std::filesystem::remove(m_path); }
-
-    void write(const std::string& content) const { std::ofstream(m_path, std::ios::binary) << content; }
-
     void writeChanged(const std::function<void(exchange::Tessaron2dInput&)>& change) const
     {
         exchange::Tessaron2dInput input = loadPart(square).input;
@@ -49,7 +44,8 @@ protected:
         }
     }
 
-    const std::string m_path;
+    const TemporaryFolder m_folder;
+    const std::string m_path = m_folder / "part.xml";
 };
 
 TEST(Part, EverySampleOpensWithClosedBoundaries)
@@ -80,8 +76,7 @@ TEST(Part, KnowsItsNameAndSize)
 
 TEST_F(PartFileTest, BadFilesAreNamedAndExplained)
 {
-    std::ostringstream good;
-    good << std::ifstream(square).rdbuf();
+    const std::string good = readBytes(square);
     const struct
     {
         const char* what;
@@ -89,8 +84,8 @@ TEST_F(PartFileTest, BadFilesAreNamedAndExplained)
         const char* expected;
     } cases[] = {
         {"missing", [] {}, "No such file"},
-        {"a text", [this] { write("Dear machinist,\n"); }, "no archive"},
-        {"truncated", [&] { write(good.str().substr(0, good.str().size() / 2)); }, "incomplete or damaged"},
+        {"a text", [this] { writeBytes(m_path, "Dear machinist,\n"); }, "no archive"},
+        {"truncated", [&] { writeBytes(m_path, good.substr(0, good.size() / 2)); }, "incomplete or damaged"},
         {"a toolpath", [this] { exchange::writeArchiveFile(m_path, exchange::ToolpathRecords()); },
          "does not hold a part"},
         {"no tool", [this] { writeChanged([](auto& input) { input.parameters.erase(keys::toolDiameter); }); },

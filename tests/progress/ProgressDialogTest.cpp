@@ -94,13 +94,6 @@ TEST_P(ProgressDialogTest, EveryStageTextFitsAndEveryControlHasAName)
     EXPECT_EQ(show(), 1);
 }
 
-TEST_P(ProgressDialogTest, AJobThatEndedBeforeItIsWatchedReturnsOneAtTheFirstPoll)
-{
-    m_progress->report(-1.0);
-    EXPECT_EQ(show(), 1);
-    EXPECT_EQ(m_progress->m_polls, 1);
-}
-
 TEST_P(ProgressDialogTest, EveryWayToCancelReturnsTwo)
 {
     const std::pair<const char*, std::function<void()>> ways[] = {
@@ -137,15 +130,6 @@ TEST_P(ProgressDialogTest, ANullCaptionGivesAnUntitledWindow)
             m_progress->report(-1.0);
         });
     EXPECT_EQ(show(nullptr), 1);
-}
-
-TEST_P(ProgressDialogTest, AQuitMessageEndsTheCallAtOnce)
-{
-    WindowDriver user;
-    user.when(
-        "the window is up", [&] { return m_progress->m_polls > 0; }, [] { tessaronResourcesQuit(); });
-    EXPECT_EQ(show(), 1);
-    EXPECT_EQ(m_progress->m_cancelRequests, 0) << "the job goes on";
 }
 
 TEST_P(ProgressDialogTest, AnotherCallFromInsideWorksAndReturnsFirst)

@@ -8,6 +8,9 @@
 #include <stdexcept>
 #include <string>
 
+namespace testing_support
+{
+
 /// A new, empty folder that is gone with the object.
 class TemporaryFolder
 {
@@ -28,6 +31,8 @@ public:
     }
 
     const std::string& path() const { return m_path; }
+    /// How many files and folders are in it.
+    std::ptrdiff_t entryCount() const { return std::distance(std::filesystem::directory_iterator(m_path), {}); }
     std::string operator/(const std::string& name) const { return m_path + "/" + name; }
 
 private:
@@ -44,5 +49,11 @@ inline std::string readBytes(const std::string& path)
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
+
+} // namespace testing_support
+
+using testing_support::readBytes;
+using testing_support::TemporaryFolder;
+using testing_support::writeBytes;
 
 #endif

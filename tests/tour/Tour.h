@@ -20,8 +20,8 @@ class HostFrame;
 namespace tour
 {
 
-/// Shows what the host can do: opens parts, generates their toolpaths, cancels, saves, uses every dialog, meets bad
-/// files. What a user does with pointer and keyboard in menus and windows is done so, through the X server. Takes
+/// Shows what the host can do: opens parts, generates their toolpaths, cancels, saves, uses every dialog, meets a
+/// bad file. What a user does with pointer and keyboard in menus and windows is done so, through the X server. Takes
 /// pictures of the windows and prints what happened. The last part should keep the engine busy for a second or more: it
 /// is the one whose progress is shown and cancelled.
 class Tour
@@ -45,8 +45,7 @@ private:
     void loadTemplate();
     void showLooks(wxTopLevelWindow& manager);
     std::size_t recordCount() const;
-    void meetBadFiles();
-    void meetBadFile(const std::string& path, const std::string& expected);
+    void meetBadFile();
 
     host::JobOutcome generate(const std::string& caption);
     /// Generates, and meanwhile calls `act` with the module's progress window when `ready` says so, once.

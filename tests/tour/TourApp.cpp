@@ -76,7 +76,7 @@ private:
     }
 
     std::string m_pictures;
-    TemporaryFolder m_templates;
+    testing_support::TemporaryFolder m_templates;
     wxTimer m_start;
     bool m_failed = false;
 };

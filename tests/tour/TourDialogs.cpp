@@ -13,6 +13,7 @@ namespace tour
 {
 
 using namespace host;
+using namespace testing_support;
 
 namespace
 {
@@ -64,7 +65,7 @@ void Tour::useDialogs(const wxString& entry, const std::vector<DialogStep>& step
                [&](wxTimerEvent&)
                {
                    wxTopLevelWindow* const window = taken < steps.size() ? moduleWindow(steps[taken].control) : nullptr;
-                   if (window && window->IsEnabled() && testing_support::takesKeys(window))
+                   if (window && window->IsEnabled() && takesKeys(window))
                    {
                        if (auto* const owner = dynamic_cast<wxTopLevelWindow*>(window->GetParent()); owner != &m_frame)
                            centre(owner);
@@ -77,9 +78,9 @@ void Tour::useDialogs(const wxString& entry, const std::vector<DialogStep>& step
                        m_frame.module().quit();
                });
     watch.Start(tickMilliseconds);
-    if (waitFor("the keyboard", [this] { return testing_support::takesKeys(&m_frame); }))
+    if (waitFor("the keyboard", [this] { return takesKeys(&m_frame); }))
         m_person.key("m", testing_support::Person::alt);
-    if (waitFor("the menu", testing_support::menuIsUp))
+    if (waitFor("the menu", menuIsUp))
         m_person.key(accessKey.c_str());
     // What is chosen shows its windows from in here, and comes back when they are gone.
     while (taken < steps.size() && waited.Time() < patience)
@@ -157,13 +158,13 @@ void Tour::showLooks(wxTopLevelWindow& manager)
     for (const Look& look : looks)
     {
         click(manager.FindWindow(templateThemeId));
-        if (!waitFor("the list of themes", testing_support::menuIsUp))
+        if (!waitFor("the list of themes", menuIsUp))
             return;
         m_person.key("Home");
         for (int theme = 0; theme < look.theme; ++theme)
             m_person.key("Down");
         m_person.key("Return");
-        waitFor("the choice of a theme", [] { return !testing_support::menuIsUp(); });
+        waitFor("the choice of a theme", [] { return !menuIsUp(); });
         settle(400);
         picture(std::string("template-manager-") + look.name);
     }

@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
-using util::FolderLock;
-
+namespace testing_support
+{
 namespace
 {
+
+using util::FolderLock;
 
 TEST(FolderLock, ExcludesOthersForAsLongAsItLives)
 {
@@ -33,3 +35,4 @@ TEST(FolderLock, IsNeitherHeldNorBusyWithoutAFolder)
 }
 
 } // namespace
+} // namespace testing_support

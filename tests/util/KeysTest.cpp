@@ -43,13 +43,6 @@ TEST(Keys, AreThePublishedTextsByteForByteInTheirThemes)
     EXPECT_EQ(declaredTexts(), publishedTexts());
 }
 
-TEST(Keys, AreTwoHundredAndThirtyFiveDifferentTexts)
-{
-    const auto texts = declaredTexts();
-    EXPECT_EQ(texts.size(), 235u);
-    EXPECT_EQ(std::set<std::string>(texts.begin(), texts.end()).size(), texts.size());
-}
-
 TEST(Keys, TextsThatInviteCorrectionStandAsTheyAre)
 {
     const struct

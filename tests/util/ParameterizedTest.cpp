@@ -62,15 +62,6 @@ TEST(Parameterized, ErasingRemovesOneKeyAndNothingWhenItIsMissing)
     EXPECT_EQ(set.size(), 1u);
 }
 
-TEST(Parameterized, KeysThatDifferInCaseAreDifferent)
-{
-    Parameterized set;
-    set.set("Feedrate", 1);
-    set.set("feedrate", 2);
-    EXPECT_EQ(set.intOr("Feedrate", 0), 1);
-    EXPECT_EQ(set.intOr("feedrate", 0), 2);
-}
-
 TEST(Parameterized, IteratesInByteOrder)
 {
     Parameterized set;

@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-using testing_support::SystemFaults;
-
+namespace testing_support
+{
 namespace
 {
 
@@ -27,12 +27,13 @@ protected:
     SystemFailure() { writeBytes(target, "old"); }
 
     /// Saves over the target; the error's text, or nothing.
-    std::string save(const std::string& bytes = "new") const
+    std::string save(const std::string& bytes = "new")
     {
         try
         {
             util::AtomicFile file(target);
-            file.stream() << bytes;
+            file.stream() << bytes << std::flush;
+            m_failedBeforeCommit = file.failed();
             file.commit();
             return "";
         }
@@ -41,13 +42,10 @@ protected:
             return error.what();
         }
     }
-    std::ptrdiff_t fileCount() const
-    {
-        return std::distance(std::filesystem::directory_iterator(folder.path()), std::filesystem::directory_iterator());
-    }
 
     TemporaryFolder folder;
     const std::string target = folder / "target";
+    bool m_failedBeforeCommit = false;
 };
 
 TEST_F(SystemFailure, CallsThatASignalInterruptsAreMadeAgain)
@@ -113,8 +111,9 @@ TEST_F(SystemFailure, ASaveThatFailsLeavesTheOldFileAndTellsTheStep)
         faults.limitWrites(50'000);
         faults.fail(call, error, 1, after);
         EXPECT_EQ(save(std::string(200'000, 'n')), "Cannot write '" + target + "': " + problem);
+        EXPECT_EQ(m_failedBeforeCommit, call == std::string("write")) << problem;
         EXPECT_EQ(readBytes(target), "old") << problem;
-        EXPECT_EQ(fileCount(), 1) << problem;
+        EXPECT_EQ(folder.entryCount(), 1) << problem;
     }
 }
 
@@ -187,3 +186,4 @@ TEST(TemporaryFile, NamesAreKnownAgainAndNoOthers)
 }
 
 } // namespace
+} // namespace testing_support

@@ -21,11 +21,6 @@ namespace
 using boost::archive::archive_exception;
 using exchange::ArchiveFormat;
 
-std::ptrdiff_t fileCount(const TemporaryFolder& folder)
-{
-    return std::distance(std::filesystem::directory_iterator(folder.path()), {});
-}
-
 TEST(ArchiveFile, IsWrittenAndReadUnderItsName)
 {
     const TemporaryFolder folder;
@@ -34,7 +29,7 @@ TEST(ArchiveFile, IsWrittenAndReadUnderItsName)
     exchange::writeArchiveFile(folder / "b.bin", record, ArchiveFormat::binary);
     EXPECT_EQ(fileBytes(folder / "Größe 1.xml"), golden("t2dinput.xml"));
     EXPECT_EQ(fileBytes(folder / "b.bin"), golden("t2dinput.bin"));
-    EXPECT_EQ(fileCount(folder), 2);
+    EXPECT_EQ(folder.entryCount(), 2);
     exchange::Tessaron2dInput read;
     exchange::readArchiveFile(folder / "b.bin", read);
     EXPECT_EQ(written(read, ArchiveFormat::xml), golden("t2dinput.xml"));
@@ -105,7 +100,7 @@ TEST(ArchiveFile, FailedWriteLeavesTheOldFileAndNothingElse)
     curves.push_back(boost::make_shared<Foreign>());
     EXPECT_THROW(exchange::writeArchiveFile(path, curves), exchange::ArchiveFileError);
     EXPECT_EQ(fileBytes(path), before);
-    EXPECT_EQ(fileCount(folder), 1);
+    EXPECT_EQ(folder.entryCount(), 1);
 }
 
 } // namespace

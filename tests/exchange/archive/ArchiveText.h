@@ -32,6 +32,13 @@ inline std::string replacedAll(std::string text, const std::string& from, const 
     return text;
 }
 
+/// The archive of a feed rate that stands there as this text.
+inline std::string feedRateArchive(const std::string& number)
+{
+    return replaced(golden("rec_customrecord.xml"), "<string>a&lt;b &amp; c&gt;d</string>",
+                    "<feedrate>" + number + "</feedrate>");
+}
+
 template <class Record>
 Record readFrom(const std::string& archive)
 {

@@ -2,14 +2,10 @@
 // files in tests/data/counted were written by the library's own classes for that layout; their names end in the library
 // version.
 
-#include "ArchiveText.h"
+#include "Damage.h"
 
 #include <tessaron/exchange/PolymorphicArchives.h>
 #include <tessaron/exchange/geom/CurveSerialization.h>
-
-#include <gtest/gtest.h>
-
-#include <random>
 
 namespace testing_support
 {
@@ -33,24 +29,18 @@ std::vector<std::filesystem::path> countedFiles()
 
 TEST(CountedPointer, FilesReadAsWhatTheyAreInTheLayoutOfToday)
 {
-    struct Row
+    int compared = 0;
+    for (const auto& path : countedFiles())
     {
-        const char* file;
-        const char* today;
-    };
-    const Row rows[] = {{"curvelist_shared_v3.xml", "curvelist_shared.xml"},
-                        {"curvelist_shared_v3.bin", "curvelist_shared.bin"},
-                        {"curvelist_shared_v9.xml", "curvelist_shared.xml"},
-                        {"curvelist_shared_v9.bin", "curvelist_shared.bin"},
-                        {"mesh_v9.xml", "mesh.xml"},
-                        {"mesh_v9.bin", "mesh.bin"},
-                        {"mesh_null_v9.xml", "mesh_null.xml"},
-                        {"mesh_null_v9.bin", "mesh_null.bin"}};
-    for (const Row& row : rows)
-    {
-        SCOPED_TRACE(row.file);
-        EXPECT_EQ(recordOfGolden(row.file).rewrite(counted(row.file), formatOf(row.file)), golden(row.today));
+        SCOPED_TRACE(path);
+        const std::string file = path.filename().string();
+        const std::string today = file.substr(0, file.rfind("_v")) + path.extension().string();
+        if (today.starts_with("t3dboundaries"))
+            continue; // compared with one another below
+        ++compared;
+        EXPECT_EQ(recordOfGolden(file).rewrite(fileBytes(path), formatOf(path)), golden(today));
     }
+    EXPECT_EQ(compared, 8);
 }
 
 TEST(CountedPointer, SharedObjectsComeBackShared)
@@ -131,31 +121,9 @@ TEST(CountedPointer, PolymorphicReadersTakeThemToo)
         exchange::writeArchive(out, curves);
         EXPECT_EQ(out.str(), golden("curvelist_shared.xml"));
 
-        const std::size_t end = whole.back() == '\n' ? whole.size() - 2 : whole.size();
-        for (std::size_t size = 0; size < end; ++size)
-            ASSERT_NE(polymorphicListError(whole.substr(0, size)), "") << "cut at " << size;
-        std::mt19937 random(4);
-        for (int round = 0; round < 2000; ++round)
-        {
-            std::string changed = whole;
-            const std::size_t at = random() % changed.size();
-            changed[at] = static_cast<char>(changed[at] ^ (1 << random() % 8));
-            ASSERT_NO_THROW(polymorphicListError(changed)) << "round " << round;
-        }
+        expectTruncationRefused(whole, polymorphicListError);
+        expectChangesHarmless(whole, polymorphicListError, 2000);
     }
-}
-
-struct Edit
-{
-    const char* file;
-    const char* from;
-    const char* to;
-    const char* error;
-};
-
-void PrintTo(const Edit& edit, std::ostream* stream)
-{
-    *stream << edit.file << ": " << edit.from << " -> " << edit.to;
 }
 
 class EditedCountedXml : public testing::TestWithParam<Edit>
@@ -235,37 +203,14 @@ TEST(CountedPointer, CountsInNarrowBinaryAreNotBelieved)
     }
 }
 
-TEST(CountedPointer, TruncationAtEveryByteIsRefused)
+TEST(CountedPointer, TruncationAndRandomChangesNeverDoMoreThanThrow)
 {
     for (const auto& path : countedFiles())
     {
-        const std::string whole = fileBytes(path);
-        const AnyRecord& record = recordOfGolden(path.stem().string());
-        const std::size_t end = whole.back() == '\n' ? whole.size() - 2 : whole.size();
-        for (std::size_t size = 0; size < end; ++size)
-            ASSERT_NE(readError(record, whole.substr(0, size)), "") << path << " cut at " << size;
-    }
-}
-
-TEST(CountedPointer, RandomChangesNeverDoMoreThanThrow)
-{
-    std::mt19937 random(20070815);
-    for (const auto& path : countedFiles())
-    {
-        const std::string whole = fileBytes(path);
-        for (int round = 0; round < 300; ++round)
-        {
-            std::string archive = whole;
-            for (unsigned changes = 1 + random() % 3; changes != 0; --changes)
-            {
-                const std::size_t at = random() % archive.size();
-                if (random() % 2 == 0)
-                    archive[at] = static_cast<char>(archive[at] ^ (1 << random() % 8));
-                else
-                    archive.insert(at, whole, random() % whole.size(), random() % 64);
-            }
-            ASSERT_NO_THROW(readError(recordOfGolden(path.stem().string()), archive)) << path << ", round " << round;
-        }
+        SCOPED_TRACE(path);
+        const auto read = std::bind_front(readError, recordOfGolden(path.stem().string()));
+        expectTruncationRefused(fileBytes(path), read);
+        expectChangesHarmless(fileBytes(path), read, 300);
     }
 }
 

@@ -84,7 +84,6 @@ TEST(OddArchive, NumbersMayBeWrittenInManyWays)
         const char* text;
         double value;
     };
-    const std::string manyDigits = "0." + std::string(300, '3') + std::string(40'000, '1') + "e1";
     const Row rows[] = {{"+15", 15},
                         {".5", 0.5},
                         {"5.", 5},
@@ -102,9 +101,7 @@ TEST(OddArchive, NumbersMayBeWrittenInManyWays)
     for (const Row& row : rows)
     {
         SCOPED_TRACE(row.text);
-        const std::string archive = replaced(golden("rec_customrecord.xml"), "<string>a&lt;b &amp; c&gt;d</string>",
-                                             std::string("<feedrate>") + row.text + "</feedrate>");
-        const auto record = readFrom<exchange::FeedRate>(archive);
+        const auto record = readFrom<exchange::FeedRate>(feedRateArchive(row.text));
         EXPECT_EQ(record.feedrate, row.value);
         EXPECT_EQ(std::signbit(record.feedrate), std::signbit(row.value));
     }
@@ -113,11 +110,7 @@ TEST(OddArchive, NumbersMayBeWrittenInManyWays)
 TEST(OddArchive, NumbersHaveOneSign)
 {
     for (const char* const text : {"+-5", "-+5", "++5", "--5", "+", "-", "+-.5"})
-    {
-        const std::string archive = replaced(golden("rec_customrecord.xml"), "<string>a&lt;b &amp; c&gt;d</string>",
-                                             std::string("<feedrate>") + text + "</feedrate>");
-        EXPECT_THROW(readFrom<exchange::FeedRate>(archive), boost::archive::archive_exception) << text;
-    }
+        EXPECT_NE(readError(anyRecord<exchange::FeedRate>, feedRateArchive(text)), "") << text;
 }
 
 TEST(OddArchive, StringsKeepEveryByteAndTakeEveryReference)

@@ -10,6 +10,9 @@
 #include <cmath>
 #include <string>
 
+namespace testing_support
+{
+
 /// The point and the first two derivatives of a curve.
 template <int N>
 struct CurveValue
@@ -58,5 +61,7 @@ std::string assertionOf(const Code& code)
     }
     return "";
 }
+
+} // namespace testing_support
 
 #endif

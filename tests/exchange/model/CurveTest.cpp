@@ -6,6 +6,8 @@
 #include <limits>
 #include <vector>
 
+namespace testing_support
+{
 namespace
 {
 
@@ -207,3 +209,4 @@ TEST(Curves, GiveTheirControlPointsAsOneBlock)
 }
 
 } // namespace
+} // namespace testing_support

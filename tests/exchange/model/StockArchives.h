@@ -69,21 +69,6 @@ T throughBinary(const T& record)
     return back;
 }
 
-/// What the library says when it refuses to read a T; empty when it reads it.
-template <class T>
-std::string refusal(const std::string& text)
-{
-    try
-    {
-        readXml<T>(text);
-    }
-    catch (const boost::archive::archive_exception& error)
-    {
-        return error.what();
-    }
-    return "";
-}
-
 /// Replaces the first match, which must exist.
 inline std::string replaced(const std::string& text, const std::string& pattern, const std::string& with)
 {
