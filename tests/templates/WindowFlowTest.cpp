@@ -341,7 +341,8 @@ TEST_F(WindowFlowTest, WindowsComeUpOverTheirOwnerAndThenWhereTheUserMovedThem)
         person().drag(rect.GetBottomRight() - wxPoint(1, 1), rect.GetBottomRight() + wxPoint(60, 40));
     };
     // A window manager that is busy misses a quick drag, and the person tries again.
-    const auto triesUntil = [turns = 0](const std::function<void()>& attempt, bool changed) mutable
+    int turns = 0;
+    const auto triesUntil = [&turns](const std::function<void()>& attempt, bool changed)
     {
         if (!changed && ++turns % 100 == 0)
             attempt();
@@ -388,7 +389,7 @@ TEST_F(WindowFlowTest, WindowsComeUpOverTheirOwnerAndThenWhereTheUserMovedThem)
         {
             user.when(
                 "it has moved",
-                [&, triesUntil]() mutable
+                [&]
                 {
                     wxTopLevelWindow* const sort = windowTitled("Sort");
                     return triesUntil([&] { moveBy(sort, {-90, 70}); }, sort->GetPosition() != sortAt);
@@ -400,7 +401,7 @@ TEST_F(WindowFlowTest, WindowsComeUpOverTheirOwnerAndThenWhereTheUserMovedThem)
                 });
             user.when(
                 "it has grown",
-                [&, triesUntil]() mutable
+                [&]
                 {
                     wxTopLevelWindow* const sort = windowTitled("Sort");
                     return triesUntil([&] { widen(sort); }, sort->GetSize() != sortSize);
@@ -419,7 +420,7 @@ TEST_F(WindowFlowTest, WindowsComeUpOverTheirOwnerAndThenWhereTheUserMovedThem)
                       });
             user.when(
                 "it has moved",
-                [&, triesUntil]() mutable {
+                [&] {
                     return triesUntil([&] { moveBy(manager(), {50, -60}); }, manager()->GetPosition() != managerAt);
                 });
         }
