@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <utility>
 
 using namespace testing_support;
 
@@ -33,10 +34,13 @@ protected:
     }
 
     // Closes the main window by its box, once the person sees that.
+    // Call it again and again: a click on a window that the window manager still moves misses its box.
     void closeFrame()
     {
-        const wxPoint box = m_frame && !m_closed ? Person::closeBoxOf(m_frame) : wxDefaultPosition;
-        if (box == wxDefaultPosition)
+        const wxPoint box = m_frame ? Person::closeBoxOf(m_frame) : wxDefaultPosition;
+        const bool isStill = box == std::exchange(m_closeBox, box);
+        constexpr int patience = 100;
+        if (box == wxDefaultPosition || !isStill || (m_closed && ++m_waited % patience != 0))
             return;
         m_closed = true;
         Person().click(box);
@@ -44,6 +48,10 @@ protected:
 
     boost::shared_ptr<ScriptedProgress> m_progress = boost::make_shared<ScriptedProgress>();
     bool m_closed = false;
+
+private:
+    wxPoint m_closeBox;
+    int m_waited = 0;
 };
 
 // The quit comes while a second window is up inside the first: both calls end, and then the host's loop.
