@@ -103,7 +103,7 @@ std::deque<ToolpathRecord>& ownRecords(TessaronToolpath* toolpath)
 
 TessaronToolpath* ownToolpath(boost::shared_ptr<exchange::ToolpathRecords> records)
 {
-    return new TessaronToolpath{records, records};
+    return new TessaronToolpath{records, std::move(records)};
 }
 
 } // namespace

@@ -75,8 +75,8 @@ private:
 class WindowProgress : public TemplateProgress
 {
 public:
-    WindowProgress(wxWindow& owner, wxString caption, std::size_t files)
-        : m_owner(owner), m_caption(std::move(caption)), m_files(files)
+    WindowProgress(wxWindow& owner, const wxString& caption, std::size_t files)
+        : m_owner(owner), m_caption(caption), m_files(files)
     {
     }
 
