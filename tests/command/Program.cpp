@@ -37,6 +37,7 @@ Program::Program(const std::string& folder, const std::vector<std::string>& argu
     std::vector<std::string> texts{TESSARON_JOB};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);

@@ -105,8 +105,9 @@ Tessaron2dInput thousandHoles()
     Tessaron2dInput input;
     input.boundaries.materialBoundaries = {shapes::rectangle(0, 0, 480, 300)};
     input.boundaries.partBoundaries = {shapes::rectangle(0, 0, 480, 300)};
-    for (int i = 0; i < 1000; ++i)
-        input.boundaries.partBoundaries.push_back(shapes::circle({6.0 + 12 * (i % 40), 6.0 + 12.0 * (i / 40)}, 5));
+    for (int row = 0; row < 25; ++row)
+        for (int column = 0; column < 40; ++column)
+            input.boundaries.partBoundaries.push_back(shapes::circle({6.0 + 12 * column, 6.0 + 12 * row}, 5));
     input.parameters = shapes::usualParameters();
     return input;
 }

@@ -140,10 +140,11 @@ TEST(GcodeSettings, AreThoseOfTheDocumentation)
     const GcodeSettings usual;
     for (const exchange::GcodeSetting& setting : exchange::gcodeSettings())
     {
-        std::string value = exchange::gcodeSetting(usual, setting.name);
-        value = value.empty() ? "" : "`" + value + "` ";
-        const std::string row = "| `" + std::string(setting.name) + "` | " + setting.values + " | " + value + "| " +
-                                setting.effect + " |\n";
+        std::string row = "| `";
+        row.append(setting.name).append("` | ").append(setting.values).append(" | ");
+        if (const std::string value = exchange::gcodeSetting(usual, setting.name); !value.empty())
+            row.append("`").append(value).append("` ");
+        row.append("| ").append(setting.effect).append(" |\n");
         EXPECT_NE(page.find(row), std::string::npos) << "docs/gcode.md lacks the row:\n" << row;
     }
 }

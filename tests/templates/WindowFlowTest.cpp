@@ -104,7 +104,7 @@ TEST_F(WindowFlowTest, AccessKeysOpenWhatTheButtonsOpen)
 TEST_F(WindowFlowTest, TheFocusComesBackFromEveryDialog)
 {
     const NativeDialogs dialogs;
-    const auto doing = [](std::function<void()> action)
+    const auto doing = [](const std::function<void()>& action)
     {
         return [action](WindowDriver& user)
         {
@@ -440,7 +440,7 @@ TEST_F(WindowFlowTest, TheOwnerIsEnabledAgainOnEveryWayOut)
     auto* const owner = new wxFrame(parent, wxID_ANY, "owned owner");
     parent->Show();
     owner->Show();
-    const auto doing = [](std::function<void()> action)
+    const auto doing = [](const std::function<void()>& action)
     { return [action](WindowDriver& user) { user.then("the way out", action); }; };
     const struct
     {

@@ -189,9 +189,9 @@ TEST(RecordKinds, EveryCurveComesBackFromEveryArchive)
         elements.insert(elements.begin(), {"curve", pointer.c_str()});
         check(curve, elements);
     };
-    const auto inPlane = [&](PlaneCurve curve, const char* key, const auto& elements)
+    const auto inPlane = [&](const PlaneCurve& curve, const char* key, const auto& elements)
     { checkCurve(curve, key, elements); };
-    const auto inSpace = [&](SpaceCurve curve, const char* key, const auto& elements)
+    const auto inSpace = [&](const SpaceCurve& curve, const char* key, const auto& elements)
     { checkCurve(curve, key, elements); };
     inPlane(boost::make_shared<geom::LineImpl<2>>(plane[0], plane[1]), "GeomLineImpl2", points);
     inPlane(boost::make_shared<geom::PolylineImpl<2>>(plane), "GeomPolylineImpl2", points);
